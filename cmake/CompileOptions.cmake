@@ -1,0 +1,24 @@
+# Warnings, Qt strictness and sanitizers, shared by every target of the house.
+
+add_library(zeltaconnect-options INTERFACE)
+target_compile_options(zeltaconnect-options INTERFACE -Wall -Wextra -Wconversion -Wshadow)
+if(ZELTACONNECT_WERROR)
+    target_compile_options(zeltaconnect-options INTERFACE -Werror)
+endif()
+# The board has Qt 5.12: nothing that 5.12 already deprecates is used.
+target_compile_definitions(zeltaconnect-options INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x050C00)
+
+if(ZELTACONNECT_SANITIZE)
+    add_compile_options(-fsanitize=${ZELTACONNECT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
+    add_link_options(-fsanitize=${ZELTACONNECT_SANITIZE})
+endif()
+
+# Files that moc and CMake write are nobody's to tidy.
+file(WRITE "${PROJECT_BINARY_DIR}/.clang-tidy" "Checks: '-*,llvm-twine-local'\n")
+
+# A shared object must name everything it needs, or the QML engine meets the missing symbol at import.
+# Sanitizer run-times are resolved by the executable, so such builds cannot ask for that.
+if(NOT ZELTACONNECT_SANITIZE)
+    set(ZELTACONNECT_SHARED_LINK_OPTIONS "LINKER:--no-undefined")
+endif()

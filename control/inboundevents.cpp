@@ -1,0 +1,188 @@
+#include "control/qconnectqmlplugin.h"
+
+#include "link/eventkind.h"
+#include "link/logging.h"
+
+using zelta::eventKind;
+
+namespace {
+
+constexpr quint16 flashSizeEvent = eventKind('F', 'R');
+constexpr quint16 beatEvent = eventKind('B', 'T');
+constexpr quint16 potEvent = eventKind('C', 'O');
+constexpr quint16 switchEvent = eventKind('S', 'W');
+constexpr quint16 tempoEvent = eventKind('T', 'M');
+constexpr quint16 midiEvent = eventKind('I', 'M');
+
+constexpr quint16 powerSwitch = eventKind('P', 'W');
+constexpr quint16 foot1Switch = eventKind('F', '1');
+constexpr quint16 foot2Switch = eventKind('F', '2');
+constexpr quint16 aux3Switch = eventKind('A', '3');
+constexpr quint16 aux4Switch = eventKind('A', '4');
+constexpr quint16 headphoneDetect = eventKind('H', 'P');
+constexpr quint16 mixInDetect = eventKind('M', 'I');
+constexpr quint16 homeButton = eventKind('H', 'M');
+
+enum MeterSection : quint16 { MasterSection = 0, MonitorSection = 1, HeadphoneSection = 2 };
+
+// The engine's level that QML shows as 1.0.
+constexpr double fullLevel = 70.0;
+
+double fraction(quint16 level)
+{
+    return level / fullLevel;
+}
+
+// Stores value in field; true when that changed it.
+template<typename T>
+bool assign(T &field, T value)
+{
+    if (field == value)
+        return false;
+    field = value;
+    return true;
+}
+
+} // namespace
+
+void QConnectQmlPlugin::udpPacket(quint16 id, quint16 idx, quint16 data)
+{
+    switch (id) {
+    case flashSizeEvent: updateSampleFlashSize(data, idx); break;
+    case beatEvent: updateBeat(idx); break;
+    case potEvent: Q_EMIT potPacketArrived(id, idx, data); break;
+    case switchEvent: updateSwitch(idx, data); break;
+    case tempoEvent: updateTempo(idx); break;
+    case midiEvent: Q_EMIT notePacketArrived(id, idx, data); break;
+    default: Q_EMIT udpPacketArrived(id, idx, data); break;
+    }
+}
+
+void QConnectQmlPlugin::updateNote(quint32 note)
+{
+    m_state.note = note;
+    // A pad struck twice alike is two hits, so this one is told even when the value stays the same.
+    Q_EMIT noteChanged();
+}
+
+void QConnectQmlPlugin::updateAfterTouchNote(quint32 note)
+{
+    if (assign(m_state.afterTouchNote, note))
+        Q_EMIT afterTouchNoteChanged();
+}
+
+void QConnectQmlPlugin::updatePadPosition(quint32 controller, quint32 position)
+{
+    if (assign(m_state.position, (controller << 8) | position))
+        Q_EMIT positionChanged();
+}
+
+void QConnectQmlPlugin::updateBeat(quint16 beat)
+{
+    if (beat != 0 && assign<quint32>(m_state.beat, beat))
+        Q_EMIT beatChanged();
+}
+
+void QConnectQmlPlugin::updateTempo(quint16 tempo)
+{
+    qCDebug(lcControl) << "updateTempo" << tempo;
+    if (tempo != 0 && assign<quint32>(m_state.tempo, tempo))
+        Q_EMIT tempoChanged();
+}
+
+void QConnectQmlPlugin::updateSampleFlashSize(quint16 lo, quint16 hi)
+{
+    // Two readings of one event: the whole memory is counted in 16-bit words by both numbers together, the
+    // memory for samples in blocks of 128 KiB by the low one alone.
+    constexpr quint32 bytesPerWord = 2;
+    constexpr int blockShift = 17;
+    const quint32 total = ((quint32(hi) << 16) | lo) * bytesPerWord;
+    const quint32 samples = quint32(lo) << blockShift;
+    if (assign(m_state.totalFlashSize, total))
+        Q_EMIT totalSampleFlashSizeChanged();
+    if (assign(m_state.flashSize, samples))
+        Q_EMIT sampleFlashSizeChanged();
+}
+
+void QConnectQmlPlugin::updateComp(quint16 channelId, quint16 inL, quint16 inR, quint16 grL, quint16 grR,
+                                   quint16 outL, quint16 outR)
+{
+    const zelta::CompressorMeters meters{fraction(inL), fraction(inR),  fraction(grL),
+                                         fraction(grR), fraction(outL), fraction(outR)};
+    switch (channelId) {
+    case MasterSection:
+        m_state.masterCp = meters;
+        Q_EMIT masterCpChanged();
+        break;
+    case MonitorSection:
+        m_state.monitorCp = meters;
+        Q_EMIT monitorCpChanged();
+        break;
+    case HeadphoneSection:
+        m_state.headCp = meters;
+        Q_EMIT headCpChanged();
+        break;
+    default:
+        m_state.padCp = meters;
+        Q_EMIT padCpChanged();
+        break;
+    }
+}
+
+void QConnectQmlPlugin::updateOuts(quint16 mainL, quint16 mainR, quint16 monL, quint16 monR, quint16 headL,
+                                   quint16 headR, quint16 out1, quint16 out2, quint16 out3, quint16 out4,
+                                   quint16 out5, quint16 out6, quint16 out7, quint16 out8, quint16 spdifL,
+                                   quint16 spdifR, quint16 usbL, quint16 usbR)
+{
+    m_state.outputs = {fraction(mainL),  fraction(mainR), fraction(monL), fraction(monR), fraction(headL),
+                       fraction(headR),  fraction(out1),  fraction(out2), fraction(out3), fraction(out4),
+                       fraction(out5),   fraction(out6),  fraction(out7), fraction(out8), fraction(spdifL),
+                       fraction(spdifR), fraction(usbL),  fraction(usbR)};
+    Q_EMIT outputLevelsChanged();
+}
+
+void QConnectQmlPlugin::updateSwitch(quint16 switchNumber, quint16 value)
+{
+    zelta::SwitchStates &switches = m_state.switches;
+    const bool pressed = value != 0;
+    switch (switchNumber) {
+    case powerSwitch:
+        if (assign(switches.power, pressed))
+            Q_EMIT powerChanged();
+        break;
+    case foot1Switch:
+        if (assign(switches.foot1, pressed))
+            Q_EMIT foot1Changed();
+        break;
+    case foot2Switch:
+        if (assign(switches.foot2, pressed))
+            Q_EMIT foot2Changed();
+        break;
+    case aux3Switch:
+        if (assign(switches.aux3, pressed))
+            Q_EMIT aux3Changed();
+        break;
+    case aux4Switch:
+        if (assign(switches.aux4, pressed))
+            Q_EMIT aux4Changed();
+        break;
+    case headphoneDetect:
+        if (assign(switches.hpDetect, pressed))
+            Q_EMIT hpDetectChanged();
+        break;
+    case mixInDetect:
+        if (assign(switches.mixInDetect, pressed))
+            Q_EMIT mixInDetectChanged();
+        break;
+    case homeButton:
+        if (assign(switches.homeButton, pressed))
+            Q_EMIT homeButtonChanged(0);
+        break;
+    default: break;
+    }
+}
+
+void QConnectQmlPlugin::updateProgram(quint8 program)
+{
+    Q_EMIT programChanged(program);
+}

@@ -1,0 +1,120 @@
+#include "controllers/qconnectpad.h"
+
+#include "control/qconnectqmlplugin.h"
+#include "controllers/encodings.h"
+#include "controllers/padmap.h"
+#include "link/eventkind.h"
+
+#include <optional>
+
+namespace {
+
+constexpr quint16 midiEvent = zelta::eventKind('I', 'M');
+constexpr quint16 aux3Switch = zelta::eventKind('A', '3');
+constexpr quint16 aux4Switch = zelta::eventKind('A', '4');
+
+// Status byte on MIDI channel 10 and code index of the events that pads cause.
+constexpr quint16 noteOnEvent = 0x9909;
+constexpr quint16 polyPressureEvent = 0xA90A;
+constexpr quint16 controlChangeEvent = 0xB90B;
+constexpr quint16 programChangeEvent = 0xC90C;
+
+constexpr quint8 aux3Pad = 12;
+constexpr quint8 aux4Pad = 13;
+constexpr quint8 hitZones = 2; // a strike on the third zone of an aux pad does not press its switch
+constexpr int auxDebounceMs = 200;
+
+constexpr quint8 afterTouchZone = 4;
+
+constexpr quint8 noteOffCodeIndex = 0x08;
+constexpr quint8 noteOnCodeIndex = 0x09;
+constexpr quint8 noteOffStatus = 0x80;
+constexpr quint8 noteOnStatus = 0x90;
+
+constexpr zelta::NrpnNumber autoTest{0x37, 0x51};
+constexpr quint8 autoTestStart = 0x23;
+constexpr zelta::NrpnNumber mixInputGainLeft{0x3C, 0x21};
+constexpr zelta::NrpnNumber mixInputGainRight{0x3F, 0x21};
+
+constexpr quint32 packedPadEvent(quint8 value, quint8 note, quint8 pad, quint8 zone)
+{
+    return value | (quint32(note) << 8) | (quint32(pad) << 16) | (quint32(zone) << 24);
+}
+
+} // namespace
+
+qconnectpad::qconnectpad(QConnectQmlPlugin *owner, QQuickItem *parent)
+    : ParameterController(owner, parent)
+{
+    m_auxDebounce.setInterval(auxDebounceMs);
+    m_auxDebounce.setSingleShot(true);
+    connect(owner, SIGNAL(notePacketArrived(quint16, quint16, quint16)), this,
+            SLOT(handleNote(quint16, quint16, quint16)));
+}
+
+void qconnectpad::handleNote(quint16 id, quint16 idx, quint16 data)
+{
+    if (id != midiEvent)
+        return;
+    const auto data1 = quint8(data & 0xFF);
+    const auto data2 = quint8(data >> 8);
+    switch (idx) {
+    case noteOnEvent: handleStrike(data1, data2); break;
+    case polyPressureEvent: handleAfterTouch(data1, data2); break;
+    case controlChangeEvent: Q_EMIT positionReceived(data1 & 0x7FU, data2 & 0x7FU); break;
+    case programChangeEvent: Q_EMIT programReceived(data1 & 0x7F); break;
+    default: break;
+    }
+}
+
+void qconnectpad::handleStrike(quint8 note, quint8 velocity)
+{
+    const std::optional<zelta::PadZone> struck = zelta::struckPad(note);
+    if (!struck)
+        return;
+    Q_EMIT noteReceived(packedPadEvent(velocity, note, struck->pad, struck->zone));
+
+    if (velocity == 0 || struck->zone >= hitZones)
+        return;
+    if (struck->pad == aux3Pad)
+        pressAuxSwitch(aux3Switch);
+    else if (struck->pad == aux4Pad)
+        pressAuxSwitch(aux4Switch);
+}
+
+void qconnectpad::handleAfterTouch(quint8 note, quint8 pressure)
+{
+    if (const std::optional<quint8> pad = zelta::chokedPad(note))
+        Q_EMIT afterTouchReceived(packedPadEvent(pressure, note, *pad, afterTouchZone));
+}
+
+void qconnectpad::pressAuxSwitch(quint16 switchNumber)
+{
+    if (m_auxDebounce.isActive())
+        return;
+    owner()->updateSwitch(switchNumber, 1);
+    owner()->updateSwitch(switchNumber, 0);
+    m_auxDebounce.start();
+}
+
+void qconnectpad::sendMidiNote(quint8 tone, quint8 velocity, quint8 channel)
+{
+    sendEvent({noteOnCodeIndex, quint8(noteOnStatus + channel), tone, zelta::limitedToSevenBits(velocity)});
+    sendEvent({noteOffCodeIndex, quint8(noteOffStatus + channel), tone, 0});
+}
+
+void qconnectpad::sendNrpn(quint8 msb, quint8 lsb, quint8 value, quint8 channel)
+{
+    sendParameter({msb, lsb}, zelta::limitedToSevenBits(value), channel);
+}
+
+void qconnectpad::sendMidiAutoTest(quint8 channel)
+{
+    sendParameter(autoTest, autoTestStart, channel);
+}
+
+void qconnectpad::sendMidiMixInputGain(quint8 gain, quint8 channel)
+{
+    sendParameter(mixInputGainLeft, gain, channel);
+    sendParameter(mixInputGainRight, gain, channel);
+}

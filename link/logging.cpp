@@ -1,0 +1,5 @@
+#include "link/logging.h"
+
+Q_LOGGING_CATEGORY(lcLink, "zeltaconnect.link")
+Q_LOGGING_CATEGORY(lcControl, "zeltaconnect.control")
+Q_LOGGING_CATEGORY(lcTransfer, "zeltaconnect.transfer")

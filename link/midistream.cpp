@@ -1,0 +1,89 @@
+#include "link/sockettransceiver.h"
+
+#include "link/logging.h"
+
+// The engine's MIDI output arrives one event per datagram. It is decoded as hex text, two characters a byte:
+// "494d" "4143", then status, code index, second and first data byte of the event.
+
+namespace {
+
+constexpr int datagramChars = 16;
+constexpr int eventChars = 8;
+constexpr int eventPosition = 8;
+constexpr int codeIndexPosition = 10;
+constexpr int valuePosition = 12;
+constexpr int controllerPosition = 14;
+
+// A message of this size would take the engine minutes to send; one whose end got lost must not fill the
+// memory of the board.
+constexpr int sysExCharLimit = 8 * 1024 * 1024;
+
+enum TestCommandPart { ParameterMsb, ParameterLsb, ParameterValue, UnknownPart };
+
+TestCommandPart testCommandPart(const QStringRef &controller)
+{
+    if (controller == QLatin1String("63"))
+        return ParameterMsb;
+    if (controller == QLatin1String("62"))
+        return ParameterLsb;
+    if (controller == QLatin1String("06"))
+        return ParameterValue;
+    return UnknownPart;
+}
+
+} // namespace
+
+QString SocketTransceiver::getSysExContent(const QString &event)
+{
+    if (event.size() != eventChars)
+        return QString();
+    return event.mid(2, 2) + event.mid(0, 2) + event.mid(6, 2) + event.mid(4, 2);
+}
+
+void SocketTransceiver::parseDatagram(const QString &hex, const QString &status, const QString &cin)
+{
+    if (hex.size() != datagramChars || !hex.startsWith(QLatin1String("494d4143")))
+        return;
+
+    const QStringRef statusByte = hex.midRef(eventPosition, 2);
+    const QStringRef codeIndexByte = hex.midRef(codeIndexPosition, 2);
+    const QString event = hex.mid(eventPosition);
+    if (statusByte == QLatin1String("f0")) {
+        gatherSysEx(event);
+    } else if (event.contains(QLatin1String("f7"))) {
+        // The end is searched as text, so it is also found across two bytes; the engine's messages rely on it.
+        gatherSysEx(event);
+        Q_EMIT receivedSysEx(m_sysEx);
+        m_sysEx.clear();
+    } else if (!m_sysEx.isEmpty()) {
+        gatherSysEx(event);
+    } else if (statusByte == status && codeIndexByte == cin) {
+        storeTestCommandPart(hex);
+    }
+}
+
+void SocketTransceiver::gatherSysEx(const QString &event)
+{
+    if (m_sysEx.size() >= sysExCharLimit) {
+        qCWarning(lcLink) << "SysEx message without end dropped after" << m_sysEx.size() / 2 << "bytes";
+        m_sysEx.clear();
+    }
+    m_sysEx += getSysExContent(event);
+}
+
+void SocketTransceiver::storeTestCommandPart(const QString &hex)
+{
+    const TestCommandPart part = testCommandPart(hex.midRef(controllerPosition, 2));
+    if (part == UnknownPart)
+        return;
+    m_testCommandParts.at(part) = hex;
+    ++m_testCommandCount;
+    // The counter only tells that three parts came since the last command, in whatever order; a value that
+    // comes too early is kept and waits for company.
+    if (part == ParameterValue && m_testCommandCount > 2) {
+        m_testCommandCount = 0;
+        Q_EMIT receivedTestCommand(m_testCommandParts.at(ParameterMsb).mid(valuePosition, 2),
+                                   m_testCommandParts.at(ParameterLsb).mid(valuePosition, 2),
+                                   m_testCommandParts.at(ParameterValue).mid(valuePosition, 2));
+    }
+}
