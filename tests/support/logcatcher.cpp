@@ -1,0 +1,73 @@
+#include "support/logcatcher.h"
+
+#include <QMutexLocker>
+
+namespace testsupport {
+
+namespace {
+
+QMutex activeMutex;
+LogCatcher *activeCatcher = nullptr;
+
+} // namespace
+
+LogCatcher::LogCatcher()
+{
+    {
+        const QMutexLocker lock(&activeMutex);
+        activeCatcher = this;
+    }
+    m_previous = qInstallMessageHandler(&LogCatcher::handle);
+}
+
+LogCatcher::~LogCatcher()
+{
+    qInstallMessageHandler(m_previous);
+    const QMutexLocker lock(&activeMutex);
+    activeCatcher = nullptr;
+}
+
+void LogCatcher::handle(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    const QMutexLocker activeLock(&activeMutex);
+    if (!activeCatcher)
+        return;
+    const QMutexLocker lock(&activeCatcher->m_mutex);
+    activeCatcher->m_lines.append({type, QString::fromLatin1(context.category), text});
+}
+
+QList<LogLine> LogCatcher::lines() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_lines;
+}
+
+QStringList LogCatcher::debugTexts(const char *category) const
+{
+    QStringList texts;
+    const QList<LogLine> all = lines();
+    for (const LogLine &line : all) {
+        if (line.type == QtDebugMsg && (!category || line.category == QLatin1String(category)))
+            texts += line.text;
+    }
+    return texts;
+}
+
+QStringList LogCatcher::warnings() const
+{
+    QStringList texts;
+    const QList<LogLine> all = lines();
+    for (const LogLine &line : all) {
+        if (line.type == QtWarningMsg || line.type == QtCriticalMsg || line.type == QtFatalMsg)
+            texts += line.text;
+    }
+    return texts;
+}
+
+void LogCatcher::clear()
+{
+    const QMutexLocker lock(&m_mutex);
+    m_lines.clear();
+}
+
+} // namespace testsupport

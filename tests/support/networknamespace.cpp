@@ -1,0 +1,218 @@
+#include "support/networknamespace.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QHostAddress>
+#include <QProcess>
+#include <QStringList>
+
+#include <cerrno>
+#include <cstring>
+#include <future>
+#include <thread>
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <netinet/in.h>
+#include <sched.h>
+#include <sys/socket.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace testsupport {
+
+namespace {
+
+const char engineHost[] = "172.20.21.22";
+
+bool privateNetwork = false;
+
+QString systemError(const char *what)
+{
+    return QStringLiteral("%1: %2").arg(QString::fromLatin1(what), QString::fromLocal8Bit(strerror(errno)));
+}
+
+bool writeFile(const char *path, const QByteArray &text)
+{
+    QFile file(QString::fromLatin1(path));
+    return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(text) == text.size();
+}
+
+QString run(const QString &program, const QStringList &arguments, const QByteArray &input = QByteArray())
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(program, arguments);
+    if (!process.waitForStarted())
+        return QStringLiteral("%1 cannot be run (Debian packages iproute2, nftables)").arg(program);
+    process.write(input);
+    process.closeWriteChannel();
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit ||
+        process.exitCode() != 0) {
+        return QStringLiteral("%1 %2: %3")
+            .arg(program, arguments.join(QLatin1Char(' ')),
+                 QString::fromLocal8Bit(process.readAll()).trimmed());
+    }
+    return QString();
+}
+
+// The programs live in sbin, which an ordinary user's search path need not contain.
+QString systemProgram(const char *name)
+{
+    const QString inSbin = QStringLiteral("/usr/sbin/") + QString::fromLatin1(name);
+    return QFile::exists(inSbin) ? inSbin : QString::fromLatin1(name);
+}
+
+QString nft(const QByteArray &rules)
+{
+    return run(systemProgram("nft"), {QStringLiteral("-f"), QStringLiteral("-")}, rules);
+}
+
+QString unshareNetwork()
+{
+    if (::unshare(CLONE_NEWNET) == 0)
+        return QString();
+    if (errno != EPERM)
+        return systemError("no network namespace");
+
+    const uid_t user = ::getuid();
+    const gid_t group = ::getgid();
+    if (::unshare(CLONE_NEWUSER | CLONE_NEWNET) != 0)
+        return systemError("no network namespace without privileges");
+    writeFile("/proc/self/setgroups", "deny");
+    if (!writeFile("/proc/self/uid_map", "0 " + QByteArray::number(user) + " 1") ||
+        !writeFile("/proc/self/gid_map", "0 " + QByteArray::number(group) + " 1"))
+        return QStringLiteral("the user namespace cannot be mapped");
+    return QString();
+}
+
+} // namespace
+
+QString enterPrivateNetwork()
+{
+    QString error = unshareNetwork();
+    if (error.isEmpty())
+        error = ip(QStringLiteral("link set lo up"));
+    privateNetwork = error.isEmpty();
+    return error;
+}
+
+bool inPrivateNetwork()
+{
+    return privateNetwork;
+}
+
+QString ip(const QString &arguments)
+{
+    return run(systemProgram("ip"), arguments.split(QLatin1Char(' ')));
+}
+
+EngineNetwork::EngineNetwork()
+{
+    m_error = privateNetwork ? setUp() : QStringLiteral("not in a private network");
+}
+
+EngineNetwork::~EngineNetwork()
+{
+    // One end of the pair takes the other with it; the namespace goes with its last descriptor.
+    if (m_namespace >= 0) {
+        ip(QStringLiteral("link del module0"));
+        ::close(m_namespace);
+    }
+}
+
+QString EngineNetwork::setUp()
+{
+    // A namespace lasts as long as a thread is in it or a descriptor refers to it. The thread stays until the
+    // far end of the pair has been moved over, since that is named by thread.
+    std::promise<QString> unshared;
+    std::promise<void> moved;
+    pid_t engineThread = 0;
+    std::thread engine([&] {
+        engineThread = pid_t(::syscall(SYS_gettid));
+        if (::unshare(CLONE_NEWNET) != 0) {
+            unshared.set_value(systemError("no second network namespace"));
+            return;
+        }
+        m_namespace = ::open("/proc/thread-self/ns/net", O_RDONLY | O_CLOEXEC);
+        unshared.set_value(m_namespace < 0 ? systemError("no handle of the namespace") : QString());
+        moved.get_future().wait();
+    });
+
+    QString error = unshared.get_future().get();
+    const auto step = [&error](const QString &arguments) {
+        if (error.isEmpty())
+            error = ip(arguments);
+    };
+    step(QStringLiteral("link add module0 type veth peer name engine0 netns %1").arg(engineThread));
+    moved.set_value();
+    engine.join();
+
+    step(QStringLiteral("addr add 172.20.21.1/24 dev module0"));
+    step(QStringLiteral("link set module0 up"));
+    onEngineSide([&step] {
+        step(QStringLiteral("link set lo up"));
+        step(QStringLiteral("addr add 172.20.21.22/24 dev engine0"));
+        step(QStringLiteral("link set engine0 up"));
+    });
+    return error;
+}
+
+void EngineNetwork::onEngineSide(const std::function<void()> &function)
+{
+    std::thread([this, &function] {
+        if (::setns(m_namespace, CLONE_NEWNET) == 0)
+            function();
+    }).join();
+}
+
+int EngineNetwork::openEngineSocket(quint16 port)
+{
+    int descriptor = -1;
+    onEngineSide([&descriptor, port] {
+        descriptor = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_port = htons(port);
+        ::inet_pton(AF_INET, engineHost, &address.sin_addr);
+        if (::bind(descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof(address)) != 0) {
+            ::close(descriptor);
+            descriptor = -1;
+        }
+    });
+    return descriptor;
+}
+
+QString EngineNetwork::cut()
+{
+    return ip(QStringLiteral("link set module0 down"));
+}
+
+QString EngineNetwork::restore()
+{
+    return ip(QStringLiteral("link set module0 up"));
+}
+
+QString EngineNetwork::loseDatagrams(int percent)
+{
+    const QByteArray rule =
+        "udp dport 1-65535 numgen random mod 100 < " + QByteArray::number(percent) + " drop\n";
+    QString error = loseNothing();
+    if (error.isEmpty()) {
+        onEngineSide([&] {
+            error = nft("table ip loss {\n"
+                        "chain in { type filter hook input priority 0; " +
+                        rule + "}\nchain out { type filter hook output priority 0; " + rule + "}\n}\n");
+        });
+    }
+    return error;
+}
+
+QString EngineNetwork::loseNothing()
+{
+    QString error;
+    onEngineSide([&error] { error = nft("table ip loss\ndelete table ip loss\n"); });
+    return error;
+}
+
+} // namespace testsupport

@@ -1,0 +1,110 @@
+#include "support/signalrecorder.h"
+
+#include "support/enginepeer.h"
+
+#include <QMetaMethod>
+#include <QMutexLocker>
+
+namespace testsupport {
+
+namespace {
+
+QString argumentText(const QVariant &value)
+{
+    switch (value.userType()) {
+    case QMetaType::QString: return QStringLiteral("\"%1\"").arg(value.toString());
+    case QMetaType::UChar: return QString::number(value.value<uchar>());
+    case QMetaType::UShort: return QString::number(value.value<ushort>());
+    case QMetaType::Double: return QString::number(value.toDouble(), 'g', 12);
+    default: return value.toString();
+    }
+}
+
+QString signalText(const RecordedSignal &recorded)
+{
+    QStringList arguments;
+    for (const QVariant &argument : recorded.arguments)
+        arguments += argumentText(argument);
+    return QStringLiteral("%1(%2)").arg(QString::fromLatin1(recorded.name),
+                                        arguments.join(QStringLiteral(", ")));
+}
+
+bool isFence(const RecordedSignal &recorded)
+{
+    return recorded.name == "udpPacketArrived" && !recorded.arguments.isEmpty() &&
+           recorded.arguments.constFirst().toUInt() == EnginePeer::fenceKind;
+}
+
+} // namespace
+
+SignalRecorder::SignalRecorder(QObject *object)
+{
+    const QMetaObject *meta = object->metaObject();
+    // Slots that do not exist, numbered from the end of QObject's own: qt_metacall takes them.
+    const int firstSlot = QObject::staticMetaObject.methodCount();
+    for (int i = QObject::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
+        const QMetaMethod method = meta->method(i);
+        if (method.methodType() != QMetaMethod::Signal)
+            continue;
+        Source source{method.name(), {}};
+        for (int parameter = 0; parameter < method.parameterCount(); ++parameter)
+            source.types.push_back(method.parameterType(parameter));
+        QMetaObject::connect(object, i, this, firstSlot + int(m_sources.size()), Qt::DirectConnection);
+        m_sources.push_back(std::move(source));
+    }
+}
+
+int SignalRecorder::qt_metacall(QMetaObject::Call call, int id, void **arguments)
+{
+    const int slot = QObject::qt_metacall(call, id, arguments);
+    if (slot < 0 || call != QMetaObject::InvokeMetaMethod || slot >= int(m_sources.size()))
+        return slot;
+    const Source &source = m_sources.at(size_t(slot));
+    RecordedSignal recorded{source.name, {}};
+    for (size_t i = 0; i < source.types.size(); ++i)
+        recorded.arguments.append(QVariant(source.types.at(i), arguments[i + 1]));
+    if (!isFence(recorded)) {
+        const QMutexLocker lock(&m_mutex);
+        m_recorded.append(recorded);
+    }
+    return -1;
+}
+
+QList<RecordedSignal> SignalRecorder::recorded() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_recorded;
+}
+
+int SignalRecorder::count(const char *name) const
+{
+    int found = 0;
+    const QList<RecordedSignal> all = recorded();
+    for (const RecordedSignal &one : all)
+        found += one.name == name ? 1 : 0;
+    return found;
+}
+
+QStringList SignalRecorder::texts() const
+{
+    QStringList result;
+    const QList<RecordedSignal> all = recorded();
+    for (const RecordedSignal &one : all)
+        result += signalText(one);
+    return result;
+}
+
+QStringList SignalRecorder::takeTexts()
+{
+    const QStringList result = texts();
+    clear();
+    return result;
+}
+
+void SignalRecorder::clear()
+{
+    const QMutexLocker lock(&m_mutex);
+    m_recorded.clear();
+}
+
+} // namespace testsupport

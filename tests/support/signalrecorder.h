@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QMutex>
+#include <QObject>
+#include <QStringList>
+#include <QVariant>
+
+#include <utility>
+#include <vector>
+
+namespace testsupport {
+
+struct RecordedSignal
+{
+    QByteArray name;
+    QVariantList arguments;
+};
+
+/// Records every signal of an object in the order of their emission, so that a test sees what fired, in which
+/// order and that nothing else did. Leaves out QObject's own signals and the fences of EnginePeer.
+/// Signals may be emitted in any thread.
+class SignalRecorder : public QObject
+{
+public:
+    explicit SignalRecorder(QObject *object);
+
+    QList<RecordedSignal> recorded() const;
+    int count() const { return recorded().size(); }
+    int count(const char *name) const;
+
+    /// One text per signal: "tempoChanged()", "udpPacketArrived(16706, 1, 2)", "sysEx(\"04f0\")".
+    QStringList texts() const;
+    /// texts() and clear() in one.
+    QStringList takeTexts();
+    void clear();
+
+    int qt_metacall(QMetaObject::Call call, int id, void **arguments) override;
+
+private:
+    struct Source
+    {
+        QByteArray name;
+        std::vector<int> types;
+    };
+
+    mutable QMutex m_mutex;
+    std::vector<Source> m_sources;
+    QList<RecordedSignal> m_recorded;
+};
+
+} // namespace testsupport
