@@ -1,0 +1,64 @@
+// What the engine does of its own accord as time passes: groove, beats and meters.
+#pragma once
+
+#include "groove.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+
+namespace simulated {
+
+class Performer : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Performer(QObject *parent = nullptr);
+
+    static constexpr int slowest = 20;
+    static constexpr int fastest = 275;
+    static constexpr int beatsPerBar = 4;
+
+    // Both kept within slowest and fastest.
+    void setTempo(int beatsPerMinute);
+    int tempo() const { return m_tempo; }
+
+    void setSeed(quint32 seed);
+    void setGroove(bool playing);
+    bool isGroovePlaying() const { return m_grooving; }
+
+    // Beats without a groove, as a metronome has them.
+    void setMetronome(bool running);
+    void setMeters(bool running);
+    bool areMetersRunning() const { return m_meterTimer.isActive(); }
+
+    // A tap of the tempo button. Two taps make a tempo; true when this one changed it.
+    bool tap();
+
+Q_SIGNALS:
+    void hit(int note, int velocity);
+    void choke(int note, int pressure);
+    void hiHatMoved(int position);
+    void beat(int number);
+    void metersDue();
+
+private:
+    void updateClock();
+    void step();
+    void play(const Stroke &stroke);
+
+    QTimer m_clock;
+    QTimer m_meterTimer;
+    QElapsedTimer m_sinceStart;
+    QElapsedTimer m_sinceTap;
+    Groove m_groove;
+    quint32 m_seed = 1;
+    int m_tempo = 120;
+    bool m_grooving = false;
+    bool m_metronome = false;
+    quint32 m_metronomeStep = 0;
+    double m_nextStepMs = 0.0;
+};
+
+} // namespace simulated

@@ -1,0 +1,40 @@
+// Answers the module's queries for versions and for the hi-hat pedal.
+#pragma once
+
+#include "failures.h"
+
+#include <QHash>
+#include <QObject>
+
+namespace simulated {
+
+class QueryResponder : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit QueryResponder(QObject *parent = nullptr);
+
+    void setFailures(const FailureSet &failures) { m_failures = failures; }
+
+    // The two words that answer query.
+    void setAnswer(quint16 query, quint16 a, quint16 b);
+
+    void take(quint16 query);
+
+Q_SIGNALS:
+    void reply(quint16 id, quint16 a, quint16 b);
+    void noted(const QString &line);
+
+private:
+    struct Answer
+    {
+        quint16 a = 0;
+        quint16 b = 0;
+    };
+
+    FailureSet m_failures;
+    QHash<quint16, Answer> m_answers;
+};
+
+} // namespace simulated

@@ -1,0 +1,72 @@
+// The engine's end of a file transfer.
+#pragma once
+
+#include "failures.h"
+#include "message.h"
+#include "receivedfile.h"
+#include "streamsum.h"
+
+#include <QObject>
+#include <QVector>
+
+#include <memory>
+
+namespace simulated {
+
+// End status of the acknowledgement of an end packet; a refused transfer ends with its refusal instead.
+namespace EndStatus {
+constexpr quint16 Success = 0;
+constexpr quint16 ChecksumError = 1;
+constexpr quint16 Incomplete = 2;
+constexpr quint16 NothingStarted = 3;
+} // namespace EndStatus
+
+class TransferReceiver : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit TransferReceiver(QObject *parent = nullptr);
+    ~TransferReceiver() override;
+
+    void setFailures(const FailureSet &failures);
+
+    // Where files go; empty: into memory.
+    void setStoreDirectory(const QString &directory) { m_directory = directory; }
+
+    // A start, data or end packet of the module.
+    void take(const Message &message);
+
+    // Every transfer that has ended one way or another, in order.
+    const QVector<ReceivedFile> &files() const { return m_files; }
+    bool isReceiving() const { return m_current != nullptr; }
+
+Q_SIGNALS:
+    void reply(quint16 id, quint16 a, quint16 b);
+    void noted(const QString &line);
+    void violated(const QString &line);
+    void fileStarted(const QString &content, quint32 size);
+    void fileEnded(const simulated::ReceivedFile &file);
+
+private:
+    struct Transfer;
+
+    void start(const Message &message);
+    void data(const Message &message);
+    void end(const Message &message);
+
+    void takeChunk(const Message &message);
+    void failOnPacket(quint32 number);
+    void askForResend(quint32 number, quint8 lowByte);
+    quint16 judge(const Message &message);
+    void close(ReceivedFile::Outcome outcome);
+    QString freeFileName(const Message &message) const;
+
+    FailureSet m_failures;
+    QString m_directory;
+    std::unique_ptr<Transfer> m_current;
+    QVector<ReceivedFile> m_files;
+    bool m_expectStragglers = false; // data of a transfer that was cut short may still be on its way
+};
+
+} // namespace simulated
