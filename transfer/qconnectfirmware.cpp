@@ -1,97 +1,107 @@
 #include "transfer/qconnectfirmware.h"
 
+#include "control/qconnectqmlplugin.h"
+
+#include <QMutexLocker>
+
+namespace {
+
+constexpr int noSlot = -1;
+
+} // namespace
+
 qconnectfirmware::qconnectfirmware(QConnectQmlPlugin *plugin, QObject *parent)
     : QThread(parent)
     , m_plugin(plugin)
-{}
-
-qconnectfirmware::~qconnectfirmware() = default;
-
-void qconnectfirmware::stop() {}
-
-void qconnectfirmware::sendZeltaFirmware(const QString & /*path*/) {}
-
-void qconnectfirmware::sendTriggerFirmware(const QString & /*path*/) {}
-
-void qconnectfirmware::sendSoundBank(const QString & /*path*/) {}
-
-void qconnectfirmware::sendTriggerBank(const QString & /*path*/) {}
-
-void qconnectfirmware::sendImportSoundBank(const QString & /*path*/, const QString & /*name*/, int /*slot*/)
-{}
-
-void qconnectfirmware::sendImportWaveSample(const QString & /*path*/, int /*slot*/) {}
-
-void qconnectfirmware::sendBtFirmware(const QString & /*path*/) {}
-
-void qconnectfirmware::requestSoundBankVersion() {}
-
-void qconnectfirmware::requestTriggerBankVersion() {}
-
-void qconnectfirmware::requestHHRawValue() {}
-
-QString qconnectfirmware::getZeltaVersion() const
 {
-    return {};
+    connect(plugin, SIGNAL(udpPacketArrived(quint16, quint16, quint16)), this,
+            SLOT(handleAck(quint16, quint16, quint16)));
 }
 
-QString qconnectfirmware::getTriggerBoardVersion() const
+qconnectfirmware::~qconnectfirmware()
 {
-    return {};
+    stop();
 }
 
-QString qconnectfirmware::getSoundBankVersion() const
+void qconnectfirmware::stop()
 {
-    return {};
+    {
+        const QMutexLocker locker(&m_taskMutex);
+        m_stopped = true;
+        m_abortRequested = true;
+        m_ackCondition.wakeOne();
+    }
+    wait();
 }
 
-QString qconnectfirmware::getTriggerBankVersion() const
+void qconnectfirmware::queue(const FirmwareDesc &task, QThread::Priority priority)
 {
-    return {};
+    const QMutexLocker locker(&m_taskMutex);
+    if (m_stopped)
+        return;
+    m_tasks.append(task);
+    m_transferStatus = 0;
+    m_abortRequested = false;
+    // A thread that has decided to leave still counts as running for a moment, and start() would do nothing.
+    // It takes no lock any more, so it can be waited for with the mutex held.
+    if (m_leaving) {
+        wait();
+        m_leaving = false;
+    }
+    start(priority);
 }
 
-QString qconnectfirmware::parseJsonFile(const QString & /*path*/)
+void qconnectfirmware::sendZeltaFirmware(const QString &path)
 {
-    return {};
+    queue({path, QString(), zelta::ZeltaFirmwareTask, noSlot}, NormalPriority);
 }
 
-QJsonObject qconnectfirmware::parseSoundBankList(const QString & /*path*/)
+void qconnectfirmware::sendTriggerFirmware(const QString &path)
 {
-    return {};
+    queue({path, QString(), zelta::TriggerFirmwareTask, noSlot}, NormalPriority);
 }
 
-QJsonObject qconnectfirmware::parseTriggerBankList(const QString & /*path*/)
+void qconnectfirmware::sendSoundBank(const QString &path)
 {
-    return {};
+    // The largest files by far: nothing else on the board should hold their packets up.
+    queue({path, QString(), zelta::SoundBankTask, noSlot}, TimeCriticalPriority);
 }
 
-int qconnectfirmware::backupSoundBankList(const QString & /*path*/)
+void qconnectfirmware::sendTriggerBank(const QString &path)
 {
-    return {};
+    queue({path, QString(), zelta::TriggerBankTask, noSlot}, NormalPriority);
 }
 
-int qconnectfirmware::backupTriggerBankList(const QString & /*path*/)
+void qconnectfirmware::sendImportSoundBank(const QString &path, const QString &name, int slot)
 {
-    return {};
+    queue({path, name, zelta::ImportSoundBankTask, slot}, NormalPriority);
 }
 
-void qconnectfirmware::deleteIsSlot(quint8 /*slot*/, quint8 /*channel*/) {}
-
-void qconnectfirmware::deleteIwSlot(quint8 /*slot*/, quint8 /*channel*/) {}
-
-void qconnectfirmware::deleteAllSlots(quint8 /*channel*/) {}
-
-void qconnectfirmware::requestIsSlotInfo(quint8 /*slot*/, quint8 /*channel*/) {}
-
-void qconnectfirmware::requestIwSlotInfo(quint8 /*slot*/, quint8 /*channel*/) {}
-
-void qconnectfirmware::requestMemInfo(quint8 /*channel*/) {}
-
-void qconnectfirmware::deepErase(quint8 /*channel*/) {}
-
-int qconnectfirmware::checkBtFirmware(const QStringList & /*files*/)
+void qconnectfirmware::sendImportWaveSample(const QString &path, int slot)
 {
-    return {};
+    queue({path, QString(), zelta::ImportWaveSampleTask, slot}, NormalPriority);
 }
 
-void qconnectfirmware::handleAck(quint16 /*id*/, quint16 /*a*/, quint16 /*b*/) {}
+void qconnectfirmware::sendBtFirmware(const QString &path)
+{
+    queue({path, QString(), zelta::BtFirmwareTask, getBtFwSlotId(path)}, NormalPriority);
+}
+
+void qconnectfirmware::requestSoundBankVersion()
+{
+    queue({QString(), QString(), zelta::SoundBankVersionTask, noSlot}, NormalPriority);
+}
+
+void qconnectfirmware::requestTriggerBankVersion()
+{
+    queue({QString(), QString(), zelta::TriggerBankVersionTask, noSlot}, NormalPriority);
+}
+
+void qconnectfirmware::requestHHRawValue()
+{
+    queue({QString(), QString(), zelta::HihatRawValueTask, noSlot}, NormalPriority);
+}
+
+void qconnectfirmware::pushLogLine(const QString & /*line*/) {}
+
+void qconnectfirmware::writeLogToFile(const QString & /*path*/) const {}

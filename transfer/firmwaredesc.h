@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+/// One queued transfer task.
+struct FirmwareDesc
+{
+    QString path; ///< file to send, empty for a mere query
+    QString name; ///< name of an imported sound bank
+    int kind;     ///< a TaskKind
+    int slot;     ///< slot of an import, index of a bluetooth file, -1 for none
+};

@@ -1,0 +1,18 @@
+#include "transfer/inputfile.h"
+
+#include <QFile>
+
+#include <sys/stat.h>
+
+namespace zelta {
+
+bool openForReading(QFile &file, QIODevice::OpenMode textMode)
+{
+    struct stat status = {};
+    const QByteArray name = QFile::encodeName(file.fileName());
+    if (::stat(name.constData(), &status) == 0 && S_ISFIFO(status.st_mode))
+        return false;
+    return file.open(QIODevice::ReadOnly | textMode);
+}
+
+} // namespace zelta
