@@ -1,0 +1,266 @@
+#include "filestream.h"
+#include "session.h"
+
+#include "control/qconnectqmlplugin.h"
+
+#include <QTest>
+
+#include <functional>
+
+namespace {
+
+constexpr int transferTimeoutMs = 60000;
+
+// A version text and the version word that it stands for.
+const char zeltaHeader[] = "4810QN-abc1.05 - sound engine ";
+const char triggerHeader[] = "TGFW\x05\x00\x01\x00";
+constexpr int version105 = 0x00010005;
+
+using Send = void (*)(QConnectQmlPlugin &, const QString &);
+
+struct Kind
+{
+    const char *name;
+    Send send;
+    const char *content; ///< content word
+    int chunkBytes;
+    bool checksum;
+    QByteArray header;      ///< what the file must begin with
+    QByteArray startFields; ///< hex of what follows the size in the start packet
+    QString fileName;
+    QStringList before; ///< signals before the data
+    QString progress;   ///< signal per data packet, empty for none
+    QStringList after;  ///< signals after the end
+};
+
+QByteArray headed(const QByteArray &header, int size)
+{
+    return header + noise(size - header.size(), quint32(size));
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Kind)
+
+class tst_TransferSizes : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everySize_data();
+    void everySize();
+    void soundBankOf1025Bytes();
+    void sampleOf3Bytes();
+    void emptyFile();
+
+private:
+    TestFiles m_files;
+};
+
+void tst_TransferSizes::everySize_data()
+{
+    QTest::addColumn<Kind>("kind");
+
+    const auto row = [](const Kind &kind) {
+        QTest::newRow(kind.name) << kind;
+    };
+    row({"trigger firmware",
+         [](QConnectQmlPlugin &plugin, const QString &path) { plugin.sendTriggerFirmware(path); },
+         "TF",
+         512,
+         true,
+         QByteArray(triggerHeader, 8),
+         "",
+         QStringLiteral("board.bin"),
+         {QStringLiteral("triggerVersionChanged()"), QStringLiteral("intFwUpdateStarted()"),
+          QStringLiteral("intTriggerFirmwareUpdateStarted(65540, 65541)")},
+         QString(),
+         {QStringLiteral("intFwUpdateFinished()"), QStringLiteral("intTriggerFirmwareUpdateFinished()")}});
+    row({"sound bank",
+         [](QConnectQmlPlugin &plugin, const QString &path) { plugin.sendSoundBank(path); },
+         "SB",
+         1024,
+         true,
+         "",
+         "",
+         QStringLiteral("sounds.bin"),
+         {},
+         QStringLiteral("soundProgressChanged"),
+         {QStringLiteral("soundbankTransferComplete(0, 0)")}});
+    row({"trigger bank",
+         [](QConnectQmlPlugin &plugin, const QString &path) { plugin.sendTriggerBank(path); },
+         "TB",
+         512,
+         true,
+         "",
+         "",
+         QStringLiteral("triggers.bin"),
+         {},
+         QStringLiteral("triggerProgressChanged"),
+         {QStringLiteral("triggerbankTransferComplete(0)")}});
+    row({"imported sound bank",
+         [](QConnectQmlPlugin &plugin, const QString &path) {
+             plugin.sendImportSoundBank(path, QStringLiteral("Kit A"), 0x1234);
+         },
+         "IS",
+         512,
+         true,
+         "",
+         "12344b6974204100",
+         QStringLiteral("import.bin"),
+         {},
+         QStringLiteral("waveTransferProgress"),
+         {QStringLiteral("waveTransferComplete(4660, 0)")}});
+    row({"imported wave sample",
+         [](QConnectQmlPlugin &plugin, const QString &path) { plugin.sendImportWaveSample(path, 5); },
+         "IW",
+         512,
+         true,
+         "",
+         "0005736e6172652e77617600",
+         QStringLiteral("snare.wav"),
+         {},
+         QStringLiteral("waveTransferProgress"),
+         {QStringLiteral("waveTransferComplete(5, 0)")}});
+    row({"bluetooth firmware",
+         [](QConnectQmlPlugin &plugin, const QString &path) { plugin.sendBtFw(path); },
+         "BF",
+         512,
+         false,
+         "",
+         "0003",
+         QStringLiteral("module.b03"),
+         {},
+         QStringLiteral("btfwProgressChanged"),
+         {QStringLiteral("bluetoothTransferComplete(0)")}});
+    row({"bluetooth file without a number",
+         [](QConnectQmlPlugin &plugin, const QString &path) { plugin.sendBtFw(path); },
+         "BF",
+         512,
+         false,
+         "",
+         "",
+         QStringLiteral("module.hex"),
+         {},
+         QStringLiteral("btfwProgressChanged"),
+         {QStringLiteral("bluetoothTransferComplete(0)")}});
+    row({"sound bank imported without a slot",
+         [](QConnectQmlPlugin &plugin, const QString &path) {
+             plugin.sendImportSoundBank(path, QStringLiteral("Kit A"), -1);
+         },
+         "IS",
+         512,
+         true,
+         "",
+         "",
+         QStringLiteral("import.bin"),
+         {},
+         QStringLiteral("waveTransferProgress"),
+         {QStringLiteral("waveTransferComplete(-1, 0)")}});
+}
+
+// All sizes of a kind at once, each with an engine of its own.
+void tst_TransferSizes::everySize()
+{
+    QFETCH(const Kind, kind);
+    const int chunk = kind.chunkBytes;
+    const QVector<int> sizes = {0,         1,          chunk - 1,      chunk,
+                                chunk + 1, 10 * chunk, 10 * chunk + 1, 1024 * 1024 + 3};
+
+    std::vector<std::unique_ptr<Session>> sessions;
+    QVector<QByteArray> contents;
+    for (const int size : sizes) {
+        sessions.push_back(std::make_unique<Session>());
+        Session &session = *sessions.back();
+        session.peer().answerQuery(0x5456, {{0x5456, 1, 4}});
+        contents.append(size < kind.header.size() ? noise(size) : headed(kind.header, size));
+        // The file's name is part of a wave sample's start packet, so every size has a folder of its own.
+        const QString path =
+            m_files.write(QStringLiteral("%1/%2").arg(size).arg(kind.fileName), contents.last());
+        kind.send(session.plugin(), path);
+    }
+    for (int i = 0; i < sizes.size(); ++i) {
+        const int size = sizes.at(i);
+        Session &session = *sessions.at(std::size_t(i));
+        QVERIFY2(session.settle(transferTimeoutMs), QByteArray::number(size));
+
+        const FileStream stream(session.peer().received(), kind.content);
+        if (size < kind.header.size()) {
+            QVERIFY(stream.starts.isEmpty() && stream.numbers.isEmpty() && stream.ends.isEmpty());
+            QCOMPARE(session.seen(), QStringList{Session::settled()});
+            continue;
+        }
+        const int packets = (size + chunk - 1) / chunk;
+        QCOMPARE(stream.fault, QString());
+        QCOMPARE(stream.starts.size(), 1);
+        QCOMPARE(stream.starts.first().mid(4).toHex(),
+                 QByteArray::number(size, 16).rightJustified(8, '0') + kind.startFields);
+        QVERIFY(stream.isPlain(packets));
+        QByteArray padded = contents.at(i);
+        if (size % 2 != 0)
+            padded.append('\0');
+        QVERIFY(stream.content(chunk) == padded);
+        QCOMPARE(stream.ends.size(), 1);
+        QCOMPARE(stream.ends.first().mid(4).toHex().toUInt(nullptr, 16), kind.checksum ? stream.sum() : 0U);
+
+        QStringList expected = kind.before;
+        if (packets > 0 && !kind.progress.isEmpty())
+            expected.append(QStringLiteral("%1 x%2").arg(kind.progress).arg(packets));
+        expected.append(kind.after);
+        expected.append(Session::settled());
+        QCOMPARE(session.seen(), expected);
+    }
+}
+
+void tst_TransferSizes::soundBankOf1025Bytes()
+{
+    Session session;
+    QVector<double> progress;
+    connect(&session.plugin(), &QConnectQmlPlugin::soundProgressChanged, this,
+            [&] { progress.append(session.plugin().soundBankProgress()); });
+    session.plugin().sendSoundBank(m_files.write(QStringLiteral("bank"), QByteArray(1024, '\x01') + '\x02'));
+    QVERIFY(session.settle());
+
+    const QVector<QByteArray> datagrams = session.peer().received();
+    QCOMPARE(datagrams.size(), 5);
+    QCOMPARE(datagrams.at(0).toHex(), QByteArray("4453534200000401"));
+    QCOMPARE(datagrams.at(1).left(10).toHex(), QByteArray("44435342000000000200"));
+    QCOMPARE(datagrams.at(1).mid(10), QByteArray(1024, '\x01'));
+    QCOMPARE(datagrams.at(2).toHex(), QByteArray("444353420000000100010200"));
+    // 512 words 0x0101 and one 0x0200.
+    QCOMPARE(datagrams.at(3).toHex(), QByteArray("4445534200020400"));
+    QCOMPARE(datagrams.at(4).toHex(), QByteArray("484c0000"));
+    QCOMPARE(progress, (QVector<double>{1024.0 / 1025.0, 1.0}));
+}
+
+void tst_TransferSizes::sampleOf3Bytes()
+{
+    Session session;
+    session.plugin().sendImportWaveSample(m_files.write(QStringLiteral("tom.wav"), "\x01\x02\x03"), 7);
+    QVERIFY(session.settle());
+
+    const QVector<QByteArray> datagrams = session.peer().received();
+    QCOMPARE(datagrams.size(), 4);
+    QCOMPARE(datagrams.at(0).toHex(), QByteArray("44534957000000030007746f6d2e77617600"));
+    QCOMPARE(datagrams.at(1).toHex(), QByteArray("4443495700000000000201020300"));
+    QCOMPARE(datagrams.at(2).toHex(), QByteArray("4445495700000402"));
+    QCOMPARE(session.seen(), (QStringList{QStringLiteral("waveTransferProgress x1"),
+                                          QStringLiteral("waveTransferComplete(7, 0)"), Session::settled()}));
+}
+
+void tst_TransferSizes::emptyFile()
+{
+    Session session;
+    session.plugin().sendTriggerBank(m_files.write(QStringLiteral("empty"), QByteArray()));
+    QVERIFY(session.settle());
+
+    const QVector<QByteArray> datagrams = session.peer().received();
+    QCOMPARE(datagrams.size(), 3);
+    QCOMPARE(datagrams.at(0).toHex(), QByteArray("4453544200000000"));
+    QCOMPARE(datagrams.at(1).toHex(), QByteArray("4445544200000000"));
+    QCOMPARE(session.seen(),
+             (QStringList{QStringLiteral("triggerbankTransferComplete(0)"), Session::settled()}));
+}
+
+QTEST_GUILESS_MAIN(tst_TransferSizes)
+#include "tst_transfersizes.moc"
