@@ -4,8 +4,8 @@
 
 QConnectQmlPlugin::QConnectQmlPlugin(QQuickItem *parent)
     : QQuickItem(parent)
+    , m_link(new SocketTransceiver())
 {
-    m_link = new SocketTransceiver();
     connectPads();
     connectLink();
     connectTransfers();

@@ -43,7 +43,7 @@ EngineAddress engineAddress()
         return fixedAddress();
     if (const std::optional<EngineAddress> address = parse(text))
         return *address;
-    const EngineAddress fixed = fixedAddress();
+    EngineAddress fixed = fixedAddress();
     qCWarning(lcLink).nospace() << environmentVariable << " is " << text
                                 << ", which is not ADDRESS or ADDRESS:PORT (IPv4); using "
                                 << fixed.host.toString();

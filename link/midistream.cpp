@@ -48,15 +48,15 @@ void SocketTransceiver::parseDatagram(const QString &hex, const QString &status,
     const QStringRef statusByte = hex.midRef(eventPosition, 2);
     const QStringRef codeIndexByte = hex.midRef(codeIndexPosition, 2);
     const QString event = hex.mid(eventPosition);
-    if (statusByte == QLatin1String("f0")) {
+    // The end is searched as text, so it is also found across two bytes; the engine's messages rely on it.
+    const bool starts = statusByte == QLatin1String("f0");
+    const bool ends = !starts && event.contains(QLatin1String("f7"));
+    if (starts || ends || !m_sysEx.isEmpty()) {
         gatherSysEx(event);
-    } else if (event.contains(QLatin1String("f7"))) {
-        // The end is searched as text, so it is also found across two bytes; the engine's messages rely on it.
-        gatherSysEx(event);
-        Q_EMIT receivedSysEx(m_sysEx);
-        m_sysEx.clear();
-    } else if (!m_sysEx.isEmpty()) {
-        gatherSysEx(event);
+        if (ends) {
+            Q_EMIT receivedSysEx(m_sysEx);
+            m_sysEx.clear();
+        }
     } else if (statusByte == status && codeIndexByte == cin) {
         storeTestCommandPart(hex);
     }
