@@ -1,0 +1,143 @@
+// CPU time of the GUI thread for one event of the engine, from the receive thread's signal to a QML binding,
+// against a bare queued signal with one binding that arrives at the same pace.
+
+#include "benchmarks/enginesocket.h"
+#include "benchmarks/ratio.h"
+#include "control/qconnectqmlplugin.h"
+
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QTimer>
+
+#include <sys/prctl.h>
+
+#include <ctime>
+#include <memory>
+#include <thread>
+
+namespace {
+
+constexpr int rounds = 7;
+constexpr int eventsPerRound = 6000;
+constexpr int paceUs = 200; // slower than the receive loop, so that each event is delivered by itself
+
+/// The least that brings a value from another thread into a binding.
+class Partner : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(uint note READ note NOTIFY noteChanged)
+
+public:
+    uint note() const { return m_note; }
+
+    void store(uint note)
+    {
+        m_note = note;
+        Q_EMIT noteChanged();
+    }
+
+Q_SIGNALS:
+    void arrived(uint note);
+    void noteChanged();
+
+private:
+    uint m_note = 0;
+};
+
+void pauseFor(int microseconds)
+{
+    const timespec time{0, microseconds * 1000L};
+    nanosleep(&time, nullptr);
+}
+
+// CPU time that the GUI thread spends per event while another thread causes them at the common pace.
+template<typename Cause>
+double microsecondsPerEvent(const int &delivered, Cause cause)
+{
+    const int start = delivered;
+    std::thread source([cause] {
+        prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL);
+        for (int i = 0; i < eventsPerRound; ++i) {
+            cause(i);
+            pauseFor(paceUs);
+        }
+    });
+    const qint64 before = benchmark::threadCpuNs();
+    while (delivered - start < eventsPerRound)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    const qint64 spent = benchmark::threadCpuNs() - before;
+    source.join();
+    return double(spent) / 1000.0 / eventsPerRound;
+}
+
+std::unique_ptr<QObject> bind(QQmlEngine &engine, const QByteArray &property)
+{
+    QQmlComponent component(&engine);
+    component.setData("import QtQml 2.2\nQtObject { property double seen: " + property + " }", QUrl());
+    std::unique_ptr<QObject> object(component.create());
+    if (!object)
+        qFatal("%s", qPrintable(component.errorString()));
+    return object;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QGuiApplication application(argc, argv);
+    EngineSocket engineSocket("127.20.26.5");
+    QConnectQmlPlugin module;
+    module.requestOutsUpdate();
+    engineSocket.drain();
+    Partner partner;
+    QObject::connect(&partner, &Partner::arrived, &partner, &Partner::store, Qt::QueuedConnection);
+
+    QQmlEngine engine;
+    engine.rootContext()->setContextProperty(QStringLiteral("module"), &module);
+    engine.rootContext()->setContextProperty(QStringLiteral("partner"), &partner);
+    const auto note = bind(engine, "module.note");
+    const auto meter = bind(engine, "module.usbInRLevel");
+    const auto partnerNote = bind(engine, "partner.note");
+
+    int hits = 0;
+    int reports = 0;
+    int partnerEvents = 0;
+    QObject::connect(&module, &QConnectQmlPlugin::noteChanged, &module, [&hits] { ++hits; });
+    QObject::connect(&module, &QConnectQmlPlugin::outputLevelsChanged, &module, [&reports] { ++reports; });
+    QObject::connect(&partner, &Partner::noteChanged, &partner, [&partnerEvents] { ++partnerEvents; });
+
+    const auto strike = [&](int i) {
+        QByteArray event = QByteArray::fromHex("494d414399090026");
+        event[6] = char(1 + i % 127);
+        event[7] = 38;
+        engineSocket.send(event);
+    };
+    const auto report = [&](int i) {
+        QByteArray levels("DR");
+        for (int word = 0; word < 18; ++word)
+            levels.append('\0').append(char((i + word) % 128));
+        engineSocket.send(levels);
+    };
+    const auto padHit = [&] {
+        return microsecondsPerEvent(hits, strike);
+    };
+    const auto meterReport = [&] {
+        return microsecondsPerEvent(reports, report);
+    };
+    const auto bareSignal = [&] {
+        return microsecondsPerEvent(partnerEvents, [&partner](int i) { Q_EMIT partner.arrived(uint(i)); });
+    };
+
+    benchmark::printHeading(QStringLiteral("Event to QML, GUI thread"));
+    const QString unit = QStringLiteral("us");
+    const bool hitMet = benchmark::judge({QStringLiteral("pad hit / bare queued signal"), 1.3, true}, rounds,
+                                         unit, padHit, bareSignal);
+    const bool reportMet =
+        benchmark::judge({QStringLiteral("meter report of 18 / bare queued signal"), 2.0, true}, rounds, unit,
+                         meterReport, bareSignal);
+    return hitMet && reportMet ? 0 : 1;
+}
+
+#include "eventtoqml.moc"
