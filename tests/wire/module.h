@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QQmlEngine>
+#include <QScopedPointer>
+#include <QVariantList>
+
+namespace zelta {
+namespace wire {
+
+/// The module as the touch screen has it: imported by a QML engine from the build tree.
+class Module
+{
+public:
+    Module();
+
+    /// Null when the module could not be imported; errorString() says why.
+    QObject *object() const { return m_object.data(); }
+    QString errorString() const { return m_error; }
+
+    /// Calls a method from a QML expression. Returns QML's error, empty when there was none.
+    QString callFromQml(const QString &method, const QString &arguments);
+
+    /// Calls a method through the meta-object, with arguments of exactly the types that it declares. Returns
+    /// what was wrong with the call, or an empty text.
+    QString callByName(const QString &method, const QString &arguments);
+
+private:
+    QQmlEngine m_engine;
+    QScopedPointer<QObject> m_object;
+    QString m_error;
+};
+
+} // namespace wire
+} // namespace zelta

@@ -1,0 +1,193 @@
+#include "support/enginepeer.h"
+#include "support/logcatcher.h"
+#include "wire/module.h"
+#include "wire/wirerow.h"
+
+#include <QGuiApplication>
+#include <QHash>
+#include <QMetaMethod>
+#include <QSet>
+#include <QTest>
+
+using namespace testsupport;
+using namespace zelta::wire;
+
+namespace {
+
+// What the thread of the transfers sends is another table's; these send nothing by themselves.
+const char *const methodsWithoutRows[] = {
+    "sendZeltaFirmware",
+    "sendTriggerFirmware",
+    "sendSoundBank",
+    "sendTriggerBank",
+    "requestSoundBankVersion",
+    "requestTriggerBankVersion",
+    "requestHHRawValue",
+    "parseJsonFile",
+    "parseSoundBankList",
+    "parseTriggerBankList",
+    "backupSoundBankList",
+    "backupTriggerBankList",
+    "sendImportSoundBank",
+    "sendImportWaveSample",
+    "sendBtFw",
+    "checkBtFw",
+};
+
+constexpr int fewestRows = 3;
+
+std::vector<WireRow> allRows()
+{
+    std::vector<WireRow> rows;
+    for (const std::vector<WireRow> *table :
+         {&directRows, &metronomeRows, &mixerRows, &padEqualizerRows, &outputEqualizerRows, &compressorRows,
+          &padSoundRows, &effectRows, &triggerRows, &systemRows, &slotRows})
+        rows.insert(rows.end(), table->begin(), table->end());
+    return rows;
+}
+
+QByteArray rowName(const WireRow &row)
+{
+    return QByteArray(row.method) + '(' + row.arguments + ") " + row.meaning;
+}
+
+QList<QByteArray> datagramsOf(const WireRow &row)
+{
+    QList<QByteArray> once;
+    if (*row.datagrams) {
+        const QList<QByteArray> texts = QByteArray(row.datagrams).split('|');
+        for (const QByteArray &text : texts)
+            once.append(QByteArray::fromHex(text));
+    }
+    QList<QByteArray> all;
+    for (int call = 0; call < row.calls; ++call)
+        all += once;
+    return all;
+}
+
+} // namespace
+
+/// Every method that puts something on the wire, called as C++ and as QML call it.
+class WireTableTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void throughMetaObject_data() { rows(); }
+    void throughMetaObject();
+    void fromQml_data() { rows(); }
+    void fromQml();
+    void everySendingMethodHasRows();
+    void everyRowIsNamedOnce();
+
+private:
+    void rows();
+    void expectOnTheWire(const QList<QByteArray> &datagrams);
+
+    EnginePeer m_peer;
+    QScopedPointer<Module> m_module;
+};
+
+void WireTableTest::initTestCase()
+{
+    QVERIFY2(m_peer.isOpen(), qPrintable(m_peer.errorString()));
+    m_module.reset(new Module);
+    QVERIFY2(m_module->object(), qPrintable(m_module->errorString()));
+    QVERIFY(m_peer.connectTo(m_module->object()));
+}
+
+void WireTableTest::rows()
+{
+    QTest::addColumn<QString>("method");
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<int>("calls");
+    QTest::addColumn<QList<QByteArray>>("datagrams");
+    for (const WireRow &row : allRows()) {
+        QTest::newRow(rowName(row).constData())
+            << QString::fromLatin1(row.method) << QString::fromLatin1(row.arguments) << row.calls
+            << datagramsOf(row);
+    }
+}
+
+void WireTableTest::expectOnTheWire(const QList<QByteArray> &datagrams)
+{
+    for (const QByteArray &datagram : datagrams)
+        QCOMPARE(m_peer.next().toHex(' '), datagram.toHex(' '));
+    QVERIFY(m_peer.nothingSentBy(m_module->object()));
+    QVERIFY(!m_peer.hasPending());
+}
+
+void WireTableTest::throughMetaObject()
+{
+    QFETCH(QString, method);
+    QFETCH(QString, arguments);
+    QFETCH(int, calls);
+    QFETCH(QList<QByteArray>, datagrams);
+    m_peer.discardPending();
+    for (int call = 0; call < calls; ++call)
+        QCOMPARE(m_module->callByName(method, arguments), QString());
+    expectOnTheWire(datagrams);
+}
+
+void WireTableTest::fromQml()
+{
+    QFETCH(QString, method);
+    QFETCH(QString, arguments);
+    QFETCH(int, calls);
+    QFETCH(QList<QByteArray>, datagrams);
+    m_peer.discardPending();
+    LogCatcher log;
+    for (int call = 0; call < calls; ++call)
+        QCOMPARE(m_module->callFromQml(method, arguments), QString());
+    // QML only logs when an argument does not fit its type. What is refused may say so.
+    if (!datagrams.isEmpty())
+        QCOMPARE(log.warnings(), QStringList());
+    expectOnTheWire(datagrams);
+}
+
+void WireTableTest::everySendingMethodHasRows()
+{
+    QHash<QByteArray, int> rowCounts;
+    for (const WireRow &row : allRows())
+        ++rowCounts[row.method];
+    QSet<QByteArray> withoutRows;
+    for (const char *method : methodsWithoutRows)
+        withoutRows.insert(method);
+
+    const QMetaObject *meta = m_module->object()->metaObject();
+    int invokables = 0;
+    QStringList missing;
+    for (int i = meta->methodOffset(); i < meta->methodCount(); ++i) {
+        const QMetaMethod method = meta->method(i);
+        if (method.methodType() != QMetaMethod::Method)
+            continue;
+        ++invokables;
+        const int count = rowCounts.take(method.name());
+        if (withoutRows.contains(method.name()) ? count != 0 : count < fewestRows)
+            missing += QString::fromLatin1(method.name());
+    }
+    QCOMPARE(missing, QStringList());
+    QCOMPARE(invokables, 229);
+    QCOMPARE(rowCounts.keys(), QList<QByteArray>()); // rows of methods that are not there
+}
+
+void WireTableTest::everyRowIsNamedOnce()
+{
+    QSet<QByteArray> names;
+    QStringList twice;
+    for (const WireRow &row : allRows()) {
+        if (names.contains(rowName(row)))
+            twice += QString::fromLatin1(rowName(row));
+        names.insert(rowName(row));
+        QVERIFY2(*row.meaning, row.method);
+        for (const QByteArray &text : QByteArray(row.datagrams).split('|')) {
+            const QByteArray digits = text.simplified().replace(' ', "");
+            QCOMPARE(QByteArray::fromHex(digits).toHex().toUpper(), digits);
+        }
+    }
+    QCOMPARE(twice, QStringList());
+}
+
+QTEST_MAIN(WireTableTest)
+#include "tst_wiretable.moc"
