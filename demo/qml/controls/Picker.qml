@@ -1,0 +1,31 @@
+import QtQuick 2.12
+import "../style"
+
+// A choice that is stepped through and belongs to the screen alone.
+Rectangle {
+    id: picker
+    property alias text: words.text
+    signal moved(int direction)
+
+    width: 200
+    height: Theme.touch
+    radius: 10
+    color: Theme.background
+    border.color: Theme.line
+    Text {
+        id: words
+        anchors.centerIn: parent
+        color: Theme.text
+        font.pixelSize: Theme.title
+    }
+    StepButton {
+        sign: "\u2039"
+        onStepped: picker.moved(-1)
+    }
+    StepButton {
+        objectName: "next"
+        anchors.right: parent.right
+        sign: "\u203a"
+        onStepped: picker.moved(1)
+    }
+}

@@ -1,0 +1,41 @@
+#include "qmlcomplaints.h"
+
+#include <QMutex>
+#include <QtGlobal>
+
+namespace {
+
+QMutex mutex;
+QStringList complaints;
+QtMessageHandler previous = nullptr;
+
+bool concernsQml(const QMessageLogContext &context, const QString &message)
+{
+    const QLatin1String category(context.category ? context.category : "");
+    return category == QLatin1String("qml") || category == QLatin1String("js") ||
+           category.startsWith(QLatin1String("qt.qml")) || category.startsWith(QLatin1String("qt.quick")) ||
+           message.contains(QLatin1String(".qml:")) || message.contains(QLatin1String(".js:"));
+}
+
+void handle(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    // The message types are not in the order of their weight, so information is named and the rest counts.
+    if (type != QtDebugMsg && type != QtInfoMsg && concernsQml(context, message)) {
+        QMutexLocker lock(&mutex);
+        complaints.append(message);
+    }
+    previous(type, context, message);
+}
+
+} // namespace
+
+void QmlComplaints::collect()
+{
+    previous = qInstallMessageHandler(handle);
+}
+
+QStringList QmlComplaints::collected()
+{
+    QMutexLocker lock(&mutex);
+    return complaints;
+}

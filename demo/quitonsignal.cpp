@@ -1,0 +1,42 @@
+#include "quitonsignal.h"
+
+#include <QCoreApplication>
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+int pipeEnds[2] = {-1, -1};
+
+// Only what is allowed inside a signal handler: one write.
+void handle(int)
+{
+    const char byte = 1;
+    const ssize_t written = write(pipeEnds[1], &byte, 1);
+    static_cast<void>(written);
+}
+
+} // namespace
+
+QuitOnSignal::QuitOnSignal()
+{
+    if (pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK) != 0)
+        return;
+    m_notifier = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
+    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, qApp, [] { QCoreApplication::quit(); });
+    std::signal(SIGINT, handle);
+    std::signal(SIGTERM, handle);
+}
+
+QuitOnSignal::~QuitOnSignal()
+{
+    std::signal(SIGINT, SIG_DFL);
+    std::signal(SIGTERM, SIG_DFL);
+    m_notifier.reset();
+    for (int &end : pipeEnds) {
+        if (end >= 0)
+            close(end);
+        end = -1;
+    }
+}

@@ -1,0 +1,68 @@
+#include "screenhost.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QQmlComponent>
+#include <QUrl>
+
+namespace {
+
+// The module of the same build tree; where there is none, the engine's own folders are left to find it.
+QString moduleFolder(const Options &options)
+{
+    if (!options.importDir.isEmpty())
+        return QDir(options.importDir).absolutePath();
+    const QString beside = QCoreApplication::applicationDirPath() + QStringLiteral("/../qml");
+    return QFileInfo::exists(beside + QStringLiteral("/ZeltaConnect/qmldir")) ? QDir::cleanPath(beside)
+                                                                              : QString();
+}
+
+QString engineAddress()
+{
+    const QString given = qEnvironmentVariable("ZELTACONNECT_ENGINE");
+    return given.isEmpty() ? QStringLiteral("172.20.21.22") : given.section(QLatin1Char(':'), 0, 0);
+}
+
+} // namespace
+
+ScreenHost::ScreenHost() = default;
+
+ScreenHost::~ScreenHost()
+{
+    m_window.reset();
+}
+
+bool ScreenHost::load(const Options &options)
+{
+    const QString folder = moduleFolder(options);
+    if (!folder.isEmpty())
+        m_engine.addImportPath(folder);
+
+    QQmlComponent component(&m_engine, QUrl(QStringLiteral("qrc:/screen/Main.qml")));
+    std::unique_ptr<QObject> root(component.beginCreate(m_engine.rootContext()));
+    if (!root) {
+        m_error = component.errorString().trimmed().replace(QLatin1Char('\n'), QLatin1String("; "));
+        return false;
+    }
+    root->setProperty("startPage", options.page);
+    root->setProperty(
+        "startFolder",
+        QUrl::fromLocalFile(options.files.isEmpty() ? QDir::homePath() : QDir(options.files).absolutePath()));
+    root->setProperty("engineAddress", engineAddress());
+    component.completeCreate();
+
+    m_window.reset(qobject_cast<QQuickWindow *>(root.get()));
+    if (!m_window) {
+        m_error = QStringLiteral("the screen is not a window");
+        return false;
+    }
+    root.release();
+    QObject::connect(&m_engine, &QQmlEngine::quit, qApp, &QCoreApplication::quit);
+    return true;
+}
+
+QObject *ScreenHost::shell() const
+{
+    return m_window ? qvariant_cast<QObject *>(m_window->property("shell")) : nullptr;
+}
