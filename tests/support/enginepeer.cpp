@@ -6,7 +6,6 @@
 #include <QElapsedTimer>
 #include <QMetaObject>
 #include <QSignalSpy>
-#include <QTest>
 #include <QThread>
 #include <QVariant>
 
@@ -171,15 +170,23 @@ bool EnginePeer::settle(QObject *module, int timeoutMs)
     fence[5] = char(m_fenceCount & 0xFF);
     if (!send(fence))
         return false;
-    return QTest::qWaitFor(
-        [&] {
-            for (const QList<QVariant> &event : qAsConst(events)) {
-                if (event.at(0).toUInt() == fenceKind && event.at(1).toUInt() == m_fenceCount)
-                    return true;
-            }
+    const auto arrived = [&] {
+        for (const QList<QVariant> &event : qAsConst(events)) {
+            if (event.at(0).toUInt() == fenceKind && event.at(1).toUInt() == m_fenceCount)
+                return true;
+        }
+        return false;
+    };
+    // Not QTest::qWaitFor(), whose steps of 10 ms would be most of what a test takes.
+    QElapsedTimer waiting;
+    waiting.start();
+    while (!arrived()) {
+        if (waiting.hasExpired(timeoutMs))
             return false;
-        },
-        timeoutMs);
+        QThread::msleep(1);
+        QCoreApplication::processEvents();
+    }
+    return true;
 }
 
 } // namespace testsupport

@@ -21,6 +21,9 @@ struct RecordedSignal
 /// Records every signal of an object in the order of their emission, so that a test sees what fired, in which
 /// order and that nothing else did. Leaves out QObject's own signals and the fences of EnginePeer.
 /// Signals may be emitted in any thread.
+///
+/// It listens like any other listener, after the object's own parts: what these emit while they handle a
+/// signal stands before that signal.
 class SignalRecorder : public QObject
 {
 public:

@@ -1,0 +1,176 @@
+// What a module leaves behind: nothing. A thread that was waited for may take the kernel a moment longer, so
+// threads are counted with QTRY_COMPARE.
+
+#include "support/connectedmodule.h"
+#include "support/hex.h"
+#include "support/logcatcher.h"
+#include "support/processresources.h"
+
+#include <QTest>
+
+#include <atomic>
+#include <memory>
+#include <thread>
+
+using namespace testsupport;
+
+namespace {
+
+constexpr int cycles = 200;
+
+// Sends events to the module from another thread until told to stop, as fast as the module reads them.
+class Stream
+{
+public:
+    explicit Stream(EnginePeer &peer)
+        : m_thread([this, &peer] {
+            while (!m_stop) {
+                peer.send(hex("544d4143 00780000"));
+                peer.send(hex("494d4143 99096426"));
+                peer.send(hex("4452") + QByteArray(36, '\x01'));
+                peer.send(hex("494d4143 f7050000"));
+                std::this_thread::sleep_for(std::chrono::microseconds(50));
+            }
+        })
+    {}
+    ~Stream()
+    {
+        m_stop = true;
+        m_thread.join();
+    }
+    Q_DISABLE_COPY(Stream)
+
+private:
+    std::atomic<bool> m_stop{false};
+    std::thread m_thread;
+};
+
+} // namespace
+
+class LifecycleTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void createdAndDestroyedAtOnce();
+    void createdUsedAndDestroyed();
+    void destroyedWhileReceiving();
+    void noSlotAfterDestructionBegan();
+    void deferredDeletion();
+};
+
+void LifecycleTest::createdAndDestroyedAtOnce()
+{
+    const EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    {
+        const QConnectQmlPlugin first; // whatever Qt sets up once
+    }
+    const int threads = threadCount();
+    const int descriptors = descriptorCount();
+    const int sockets = socketCount();
+    {
+        const QConnectQmlPlugin module;
+        QCOMPARE(socketCount(), sockets + 1);
+    }
+    QTRY_COMPARE(threadCount(), threads);
+    QCOMPARE(descriptorCount(), descriptors);
+    QCOMPARE(socketCount(), sockets);
+}
+
+void LifecycleTest::createdUsedAndDestroyed()
+{
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    const LogCatcher log;
+    const auto cycle = [&peer] {
+        QConnectQmlPlugin module;
+        if (!peer.connectTo(&module))
+            return false;
+        peer.send(hex("544d4143 00780000"));
+        peer.send(hex("494d4143 f7050000"));
+        return peer.settle(&module) && module.property("tempo").toInt() == 120;
+    };
+    for (int i = 0; i < 20; ++i)
+        QVERIFY(cycle());
+
+    const int threads = threadCount();
+    const int descriptors = descriptorCount();
+    const long long heap = heapBytes();
+    for (int i = 0; i < cycles; ++i) {
+        QVERIFY(cycle());
+        QTRY_COMPARE(threadCount(), threads);
+        QCOMPARE(descriptorCount(), descriptors);
+    }
+    // A module is some tens of kilobytes; less than one byte in two hundred of that may stay. The log that
+    // is being caught is not the module's.
+    const long long logged = log.lines().size() * 512LL;
+    QVERIFY2(heap < 0 || heapBytes() - heap < 64 * 1024 + logged,
+             qPrintable(QStringLiteral("%1 bytes more").arg(heapBytes() - heap)));
+    QCOMPARE(log.warnings(), QStringList());
+}
+
+void LifecycleTest::destroyedWhileReceiving()
+{
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    const LogCatcher log;
+    int threads = 0;
+    for (int i = 0; i < 20; ++i) {
+        auto module = std::make_unique<QConnectQmlPlugin>();
+        QVERIFY(peer.connectTo(module.get()));
+        if (i == 0)
+            threads = threadCount();
+        {
+            const Stream stream(peer);
+            QTRY_COMPARE(module->property("tempo").toInt(), 120);
+            module.reset();
+            QTRY_COMPARE(threadCount(), threads + 1); // the stream's own
+        }
+        QCoreApplication::processEvents();
+        QTRY_COMPARE(threadCount(), threads);
+    }
+    QCOMPARE(log.warnings(), QStringList());
+}
+
+void LifecycleTest::noSlotAfterDestructionBegan()
+{
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    const LogCatcher log;
+    for (int i = 0; i < 20; ++i) {
+        auto module = std::make_unique<QConnectQmlPlugin>();
+        QVERIFY(peer.connectTo(module.get()));
+        const SignalRecorder recorder(module.get());
+        QVERIFY(peer.settle(module.get()));
+        // Much is on its way into the GUI thread, and more is coming, when the module goes.
+        const Stream stream(peer);
+        QTRY_VERIFY(recorder.count() > 20);
+        const int before = recorder.count();
+        module.reset();
+        QCOMPARE(recorder.count(), before);
+        QCoreApplication::processEvents();
+        QCOMPARE(recorder.count(), before);
+    }
+    QCOMPARE(log.warnings(), QStringList());
+}
+
+void LifecycleTest::deferredDeletion()
+{
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    auto *module = new QConnectQmlPlugin;
+    QVERIFY(peer.connectTo(module));
+    QVERIFY(peer.settle(module));
+    const int threads = threadCount();
+    const int sockets = socketCount();
+    bool gone = false;
+    connect(module, &QObject::destroyed, this, [&gone] { gone = true; });
+    module->deleteLater();
+    QTRY_VERIFY(gone);
+    QTRY_COMPARE(threadCount(), threads - 1);
+    QCOMPARE(socketCount(), sockets - 1);
+}
+
+QTEST_MAIN(LifecycleTest)
+#include "tst_lifecycle.moc"

@@ -1,0 +1,355 @@
+// Test commands and SysEx messages in the engine's MIDI stream: one event per datagram, its bytes swapped in
+// pairs. The tables give the events as they travel and what QML must see of them, and nothing else.
+
+#include "link/sockettransceiver.h"
+#include "support/connectedmodule.h"
+#include "support/hex.h"
+#include "support/logcatcher.h"
+#include "support/texts.h"
+
+#include <QTest>
+
+using namespace testsupport;
+
+namespace {
+
+// A MIDI event of the engine, given as it travels.
+QByteArray midi(const QString &event)
+{
+    return hex("494d4143") + QByteArray::fromHex(event.toLatin1());
+}
+
+QList<QByteArray> stream(const QStringList &events)
+{
+    QList<QByteArray> datagrams;
+    for (const QString &event : events)
+        datagrams += midi(event);
+    return datagrams;
+}
+
+// The messages of the stream alone, without the pad signals that the same events cause.
+QStringList messages(const SignalRecorder &recorder)
+{
+    QStringList result;
+    const QStringList all = recorder.texts();
+    for (const QString &text : all) {
+        if (text.startsWith(QLatin1String("testCommand(")) || text.startsWith(QLatin1String("sysEx(")))
+            result += text;
+    }
+    return result;
+}
+
+} // namespace
+
+class MidiStreamTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void sysExContent_data();
+    void sysExContent();
+    void testCommands_data();
+    void testCommands();
+    void sysEx_data();
+    void sysEx();
+    void oneByOne_data() { sysEx_data(); }
+    void oneByOne();
+    void strangersBetweenParts_data();
+    void strangersBetweenParts();
+    void longMessage();
+    void orderAmongSignals();
+    void stateIsPerModule();
+};
+
+void MidiStreamTest::sysExContent_data()
+{
+    QTest::addColumn<QString>("event");
+    QTest::addColumn<QString>("content");
+
+    QTest::newRow("whole event") << "f0044110"
+                                 << "04f01041";
+    QTest::newRow("another") << "01234567"
+                             << "23016745";
+    QTest::newRow("too short") << "f00441"
+                               << "";
+    QTest::newRow("one short") << "f004411"
+                               << "";
+    QTest::newRow("too long") << "f00441100"
+                              << "";
+    QTest::newRow("empty") << ""
+                           << "";
+}
+
+void MidiStreamTest::sysExContent()
+{
+    QFETCH(QString, event);
+    QFETCH(QString, content);
+
+    QCOMPARE(SocketTransceiver::getSysExContent(event), content);
+}
+
+void MidiStreamTest::testCommands_data()
+{
+    QTest::addColumn<QStringList>("events");
+    QTest::addColumn<QStringList>("expected");
+
+    const QString msb = QStringLiteral("b90b1263");
+    const QString lsb = QStringLiteral("b90b3462");
+    const QString value = QStringLiteral("b90b5606");
+    const QString later = QStringLiteral("b90b7806");
+
+    QTest::newRow("nothing") << QStringList() << QStringList();
+    QTest::newRow("usual order") << QStringList{msb, lsb, value}
+                                 << texts({"testCommand(\"12\", \"34\", \"56\")"});
+    QTest::newRow("msb and lsb swapped")
+        << QStringList{lsb, msb, value} << texts({"testCommand(\"12\", \"34\", \"56\")"});
+    QTest::newRow("value before lsb") << QStringList{msb, value, lsb} << QStringList();
+    QTest::newRow("value before msb") << QStringList{lsb, value, msb} << QStringList();
+    QTest::newRow("value first") << QStringList{value, msb, lsb} << QStringList();
+    QTest::newRow("value first, lsb before msb") << QStringList{value, lsb, msb} << QStringList();
+    QTest::newRow("value first, then a later one")
+        << QStringList{value, msb, lsb, later} << texts({"testCommand(\"12\", \"34\", \"78\")"});
+    QTest::newRow("value in the middle, then a later one")
+        << QStringList{msb, value, lsb, later} << texts({"testCommand(\"12\", \"34\", \"78\")"});
+    QTest::newRow("lone value") << QStringList{value} << QStringList();
+    QTest::newRow("lone value after a command")
+        << QStringList{msb, lsb, value, later} << texts({"testCommand(\"12\", \"34\", \"56\")"});
+    QTest::newRow("two parts after a command suffice with the lone value")
+        << QStringList{msb, lsb, value, later, QStringLiteral("b90b0163"), QStringLiteral("b90b0206")}
+        << texts({"testCommand(\"12\", \"34\", \"56\")", "testCommand(\"01\", \"34\", \"02\")"});
+    QTest::newRow("three parts without a value, then one")
+        << QStringList{msb,
+                       lsb,
+                       value,
+                       later,
+                       QStringLiteral("b90b0163"),
+                       QStringLiteral("b90b0262"),
+                       QStringLiteral("b90b0306")}
+        << texts({"testCommand(\"12\", \"34\", \"56\")", "testCommand(\"01\", \"02\", \"03\")"});
+    QTest::newRow("counter starts anew after each command")
+        << QStringList{msb,
+                       lsb,
+                       value,
+                       QStringLiteral("b90b0163"),
+                       QStringLiteral("b90b0206"),
+                       QStringLiteral("b90b0306")}
+        << texts({"testCommand(\"12\", \"34\", \"56\")", "testCommand(\"01\", \"34\", \"03\")"});
+    QTest::newRow("two commands in a row")
+        << QStringList{msb,
+                       lsb,
+                       value,
+                       QStringLiteral("b90b0163"),
+                       QStringLiteral("b90b0262"),
+                       QStringLiteral("b90b0306")}
+        << texts({"testCommand(\"12\", \"34\", \"56\")", "testCommand(\"01\", \"02\", \"03\")"});
+    QTest::newRow("values alone") << texts({"b90b0106", "b90b0206", "b90b0306"})
+                                  << texts({"testCommand(\"\", \"\", \"03\")"});
+    QTest::newRow("lsb never came") << QStringList{msb, QStringLiteral("b90b1363"), value}
+                                    << texts({"testCommand(\"13\", \"\", \"56\")"});
+    QTest::newRow("msb never came") << QStringList{lsb, QStringLiteral("b90b3562"), value}
+                                    << texts({"testCommand(\"\", \"35\", \"56\")"});
+    QTest::newRow("the last msb counts")
+        << QStringList{msb, QStringLiteral("b90b1363"), QStringLiteral("b90b1463"), lsb, value}
+        << texts({"testCommand(\"14\", \"34\", \"56\")"});
+    QTest::newRow("other controllers do not count")
+        << QStringList{msb, QStringLiteral("b90b0126"), QStringLiteral("b90b0207"),
+                       QStringLiteral("b90b0364"), value}
+        << QStringList();
+    QTest::newRow("other controllers do not disturb")
+        << QStringList{msb, QStringLiteral("b90b0126"), lsb, QStringLiteral("b90b0207"), value}
+        << texts({"testCommand(\"12\", \"34\", \"56\")"});
+    QTest::newRow("other channel") << texts({"b80b1263", "b80b3462", "b80b5606"}) << QStringList();
+    QTest::newRow("other code index") << texts({"b90a1263", "b90a3462", "b90a5606"}) << QStringList();
+    QTest::newRow("bytes in MIDI order") << texts({"0bb96312", "0bb96234", "0bb90656"}) << QStringList();
+    QTest::newRow("highest data") << texts({"b90bff63", "b90b8062", "b90b7f06"})
+                                  << texts({"testCommand(\"ff\", \"80\", \"7f\")"});
+}
+
+void MidiStreamTest::testCommands()
+{
+    QFETCH(QStringList, events);
+    QFETCH(QStringList, expected);
+
+    ConnectedModule engine;
+    QVERIFY(engine.connected);
+    const LogCatcher log;
+    QVERIFY(engine.deliver(stream(events)));
+    QCOMPARE(messages(engine.recorder), expected);
+    QCOMPARE(log.lines().size(), 0);
+    QVERIFY(engine.peer.nothingSentBy(&engine.module));
+}
+
+void MidiStreamTest::sysEx_data()
+{
+    QTest::addColumn<QStringList>("events");
+    QTest::addColumn<QStringList>("expected");
+
+    QTest::newRow("three events") << texts({"f0044110", "10044212", "f7050000"})
+                                  << texts({"sysEx(\"04f010410410124205f70000\")"});
+    QTest::newRow("lone end") << texts({"f7050000"}) << texts({"sysEx(\"05f70000\")"});
+    QTest::newRow("lone end in the second byte") << texts({"10f70000"}) << texts({"sysEx(\"f7100000\")"});
+    QTest::newRow("lone end in the third byte") << texts({"1007f742"}) << texts({"sysEx(\"071042f7\")"});
+    QTest::newRow("lone end in the fourth byte") << texts({"100742f7"}) << texts({"sysEx(\"0710f742\")"});
+    QTest::newRow("end across the first bytes")
+        << texts({"f0044110", "0f700000"}) << texts({"sysEx(\"04f01041700f0000\")"});
+    QTest::newRow("end across the middle bytes")
+        << texts({"f0044110", "000f7000"}) << texts({"sysEx(\"04f010410f000070\")"});
+    QTest::newRow("end across the last bytes")
+        << texts({"f0044110", "00000f70"}) << texts({"sysEx(\"04f010410000700f\")"});
+    QTest::newRow("end across bytes, idle") << texts({"0f700000"}) << texts({"sysEx(\"700f0000\")"});
+    QTest::newRow("a strike whose bytes read as an end")
+        << texts({"99097f7f"}) << texts({"sysEx(\"09997f7f\")"});
+    QTest::newRow("value f7 of a test command") << texts({"b90bf706"}) << texts({"sysEx(\"0bb906f7\")"});
+    QTest::newRow("start while gathering")
+        << texts({"f0044110", "f0041111", "f7050000"}) << texts({"sysEx(\"04f0104104f0111105f70000\")"});
+    QTest::newRow("start that holds an end") << texts({"f007f741"}) << QStringList();
+    QTest::newRow("start that holds an end, then an end")
+        << texts({"f007f741", "f7050000"}) << texts({"sysEx(\"07f041f705f70000\")"});
+    QTest::newRow("end never comes") << texts({"f0044110", "10044212"}) << QStringList();
+    QTest::newRow("middle without a start") << texts({"10044212", "10044212"}) << QStringList();
+    QTest::newRow("two messages") << texts({"f0044110", "f7050000", "f0044210", "f7050000"})
+                                  << texts({"sysEx(\"04f0104105f70000\")", "sysEx(\"04f0104205f70000\")"});
+    QTest::newRow("two ends") << texts({"f0044110", "f7050000", "f7060100"})
+                              << texts({"sysEx(\"04f0104105f70000\")", "sysEx(\"06f70001\")"});
+    QTest::newRow("test command inside")
+        << texts({"f0044110", "b90b1263", "b90b3462", "b90b5606", "f7050000"})
+        << texts({"sysEx(\"04f010410bb963120bb962340bb9065605f70000\")"});
+    QTest::newRow("parts inside a message do not count")
+        << texts({"b90b1263", "f0044110", "b90b3462", "f7050000", "b90b5606"})
+        << texts({"sysEx(\"04f010410bb9623405f70000\")"});
+    QTest::newRow("parts around a message count")
+        << texts({"b90b1263", "b90b3462", "f0044110", "f7050000", "b90b5606"})
+        << texts({"sysEx(\"04f0104105f70000\")", "testCommand(\"12\", \"34\", \"56\")"});
+    QTest::newRow("strike inside") << texts({"f0044110", "99095026", "f7050000"})
+                                   << texts({"sysEx(\"04f010410999265005f70000\")"});
+}
+
+void MidiStreamTest::sysEx()
+{
+    QFETCH(QStringList, events);
+    QFETCH(QStringList, expected);
+
+    ConnectedModule engine;
+    QVERIFY(engine.connected);
+    const LogCatcher log;
+    QVERIFY(engine.deliver(stream(events)));
+    QCOMPARE(messages(engine.recorder), expected);
+    QCOMPARE(log.lines().size(), 0);
+    QVERIFY(engine.peer.nothingSentBy(&engine.module));
+}
+
+// The same streams, with all the time in the world between two events.
+void MidiStreamTest::oneByOne()
+{
+    QFETCH(QStringList, events);
+    QFETCH(QStringList, expected);
+
+    ConnectedModule engine;
+    QVERIFY(engine.connected);
+    for (const QString &event : qAsConst(events))
+        QVERIFY(engine.deliver({midi(event)}));
+    QCOMPARE(messages(engine.recorder), expected);
+}
+
+void MidiStreamTest::strangersBetweenParts_data()
+{
+    QTest::addColumn<QByteArray>("stranger");
+
+    QTest::newRow("acknowledgement") << hex("41424143 00010002");
+    QTest::newRow("switch that reads as an end") << hex("53574143 f7050000");
+    QTest::newRow("tempo that reads as a part") << hex("544d4143 b90b0063");
+    QTest::newRow("wrong tag") << hex("494d4144 f7050000");
+    QTest::newRow("compressor meters") << hex("4352 0000 f7f7 f7f7 f7f7 f7f7 f7f7 f7f7");
+    QTest::newRow("output meters") << hex("4452") + QByteArray(36, '\xF7');
+    QTest::newRow("event cut short") << hex("494d4143 f70500");
+    QTest::newRow("event with one byte more") << hex("494d4143 f7050000 00");
+    QTest::newRow("two events in one datagram") << hex("494d4143 f7050000 f7050000");
+    QTest::newRow("empty") << QByteArray("");
+}
+
+// A message and a command in seven parts; the stranger comes between any two of them, and between all.
+void MidiStreamTest::strangersBetweenParts()
+{
+    QFETCH(QByteArray, stranger);
+
+    const QList<QByteArray> parts =
+        stream(texts({"f0044110", "10044212", "f7050000", "b90b1263", "b90b3462", "b90b5606"}));
+    const QStringList expected =
+        texts({"sysEx(\"04f010410410124205f70000\")", "testCommand(\"12\", \"34\", \"56\")"});
+    ConnectedModule engine;
+    QVERIFY(engine.connected);
+    const LogCatcher log;
+    for (int position = 0; position <= parts.size(); ++position) {
+        QList<QByteArray> datagrams = parts;
+        datagrams.insert(position, stranger);
+        engine.recorder.clear();
+        QVERIFY(engine.deliver(datagrams));
+        QCOMPARE(messages(engine.recorder), expected);
+    }
+    QList<QByteArray> datagrams;
+    for (const QByteArray &part : parts) {
+        datagrams += part;
+        datagrams += stranger;
+    }
+    engine.recorder.clear();
+    QVERIFY(engine.deliver(datagrams));
+    QCOMPARE(messages(engine.recorder), expected);
+    QCOMPARE(log.warnings(), QStringList());
+}
+
+void MidiStreamTest::longMessage()
+{
+    ConnectedModule engine;
+    QVERIFY(engine.connected);
+    QStringList events{QStringLiteral("f0044110")};
+    QString expected = QStringLiteral("04f01041");
+    for (int i = 0; i < 500; ++i) {
+        events += QStringLiteral("10044212");
+        expected += QStringLiteral("04101242");
+    }
+    events += QStringLiteral("f7050000");
+    expected += QStringLiteral("05f70000");
+    QVERIFY(engine.deliver(stream(events)));
+    QCOMPARE(messages(engine.recorder), QStringList{QStringLiteral("sysEx(\"%1\")").arg(expected)});
+}
+
+// The stream is decoded before the event is sorted.
+void MidiStreamTest::orderAmongSignals()
+{
+    ConnectedModule engine;
+    QVERIFY(engine.connected);
+    QVERIFY(engine.deliver(stream(texts({"b90b1263", "b90b3462", "b90b5606", "f7050000"}))));
+    QCOMPARE(engine.recorder.texts(),
+             texts({"positionChanged()", "notePacketArrived(18765, 47371, 4707)", "positionChanged()",
+                    "notePacketArrived(18765, 47371, 13410)", "testCommand(\"12\", \"34\", \"56\")",
+                    "positionChanged()", "notePacketArrived(18765, 47371, 22022)", "sysEx(\"05f70000\")",
+                    "notePacketArrived(18765, 63237, 0)"}));
+}
+
+void MidiStreamTest::stateIsPerModule()
+{
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    QConnectQmlPlugin first;
+    QVERIFY(peer.connectTo(&first));
+    const quint16 firstPort = peer.modulePort();
+    QConnectQmlPlugin second;
+    QVERIFY(peer.connectTo(&second));
+    QVERIFY(peer.modulePort() != firstPort);
+
+    SignalRecorder firstRecorder(&first);
+    SignalRecorder secondRecorder(&second);
+    // The first one is left in the middle of a message; the second one knows nothing of it.
+    QVERIFY(peer.sendTo(midi(QStringLiteral("f0044110")), peer.moduleAddress(), firstPort));
+    for (const QByteArray &part : stream(texts({"b90b1263", "b90b3462", "b90b5606"})))
+        QVERIFY(peer.send(part));
+    QVERIFY(peer.settle(&second));
+    QCOMPARE(messages(secondRecorder), texts({"testCommand(\"12\", \"34\", \"56\")"}));
+    QVERIFY(peer.connectTo(&first));
+    QCOMPARE(peer.modulePort(), firstPort);
+    QVERIFY(peer.settle(&first));
+    QCOMPARE(messages(firstRecorder), QStringList());
+}
+
+QTEST_MAIN(MidiStreamTest)
+#include "tst_midistream.moc"

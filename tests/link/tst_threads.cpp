@@ -1,0 +1,236 @@
+// Which thread does what, and what happens when ends come and go.
+
+#include "link/sockettransceiver.h"
+#include "support/connectedmodule.h"
+#include "support/hex.h"
+#include "support/logcatcher.h"
+#include "support/processresources.h"
+#include "support/texts.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <atomic>
+#include <memory>
+#include <thread>
+
+using namespace testsupport;
+
+class ThreadsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void noThreadUntilADatagramArrives();
+    void firstDatagramStartsTheThread();
+    void startingTwiceDoesNothing();
+    void moduleSignalsInTheGuiThread();
+    void firstSendFromAnotherThread_data();
+    void firstSendFromAnotherThread();
+    void sendsFromTwoThreads();
+    void everyModuleHasAPortOfItsOwn();
+    void newModuleAfterTheOld();
+    void engineRestarts();
+};
+
+void ThreadsTest::noThreadUntilADatagramArrives()
+{
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    const int threads = threadCount();
+    auto module = std::make_unique<QConnectQmlPlugin>();
+    QVERIFY(peer.connectTo(module.get()));
+    QTRY_COMPARE(threadCount(), threads);
+
+    QElapsedTimer destroying;
+    destroying.start();
+    module.reset();
+    QVERIFY2(destroying.elapsed() < 500, "waits for a thread that never ran");
+    QTRY_COMPARE(threadCount(), threads);
+}
+
+void ThreadsTest::firstDatagramStartsTheThread()
+{
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    const int threads = threadCount();
+    SocketTransceiver link;
+    QVERIFY(!link.isRunning());
+    link.writeToSocket(QByteArray("hello"), link.engine().host, link.engine().port);
+    QCOMPARE(peer.next(), QByteArray("hello"));
+    QVERIFY(!link.isRunning());
+    QTRY_COMPARE(threadCount(), threads);
+
+    // Any datagram does, even one that says nothing.
+    QVERIFY(peer.send(QByteArray("")));
+    QTRY_VERIFY(link.isRunning());
+    QTRY_COMPARE(threadCount(), threads + 1);
+    QCOMPARE(link.priority(), QThread::LowPriority);
+}
+
+void ThreadsTest::startingTwiceDoesNothing()
+{
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    const int threads = threadCount();
+    SocketTransceiver link;
+    QSignalSpy started(&link, &QThread::started);
+    link.startTransceiver();
+    link.startTransceiver();
+    QTRY_COMPARE(started.size(), 1);
+    QVERIFY(QMetaObject::invokeMethod(&link, "startTransceiver"));
+    QVERIFY(link.isRunning());
+    QTRY_COMPARE(threadCount(), threads + 1);
+    QCOMPARE(started.size(), 1);
+}
+
+void ThreadsTest::moduleSignalsInTheGuiThread()
+{
+    const LogCatcher log;
+    ConnectedModule engine;
+    QVERIFY(engine.connected);
+    int inGuiThread = 0;
+    int elsewhere = 0;
+    const auto note = [&] {
+        ++(QThread::currentThread() == qApp->thread() ? inGuiThread : elsewhere);
+    };
+    connect(&engine.module, &QConnectQmlPlugin::tempoChanged, &engine.module, note, Qt::DirectConnection);
+    connect(&engine.module, &QConnectQmlPlugin::masterCpChanged, &engine.module, note, Qt::DirectConnection);
+    connect(&engine.module, &QConnectQmlPlugin::outputLevelsChanged, &engine.module, note,
+            Qt::DirectConnection);
+    connect(&engine.module, &QConnectQmlPlugin::testCommand, &engine.module, note, Qt::DirectConnection);
+    connect(&engine.module, &QConnectQmlPlugin::sysEx, &engine.module, note, Qt::DirectConnection);
+    connect(&engine.module, &QConnectQmlPlugin::noteChanged, &engine.module, note, Qt::DirectConnection);
+    QVERIFY(engine.deliver({hex("544d4143 00780000"), hex("4352 0000") + QByteArray(12, '\x01'),
+                            hex("4452") + QByteArray(36, '\x01'), hex("494d4143 b90b1263"),
+                            hex("494d4143 b90b3462"), hex("494d4143 b90b5606"), hex("494d4143 f7050000"),
+                            hex("494d4143 99096426")}));
+    QCOMPARE(inGuiThread, 6);
+    QCOMPARE(elsewhere, 0);
+}
+
+void ThreadsTest::firstSendFromAnotherThread_data()
+{
+    QTest::addColumn<bool>("bytes");
+
+    QTest::newRow("bytes") << true;
+    QTest::newRow("bare memory") << false;
+}
+
+// The transfer thread may well be the first one to send. Its answer has to arrive all the same.
+void ThreadsTest::firstSendFromAnotherThread()
+{
+    QFETCH(bool, bytes);
+
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    SocketTransceiver link;
+    const SignalRecorder recorder(&link);
+    std::atomic<qint64> written{-2};
+    std::thread sender([&] {
+        const QByteArray text("first");
+        written =
+            bytes ? link.writeToSocket(text, link.engine().host, link.engine().port)
+                  : link.writeToSocket(text.constData(), text.size(), link.engine().host, link.engine().port);
+    });
+    sender.join();
+    QCOMPARE(written.load(), qint64(5));
+    QCOMPARE(peer.next(), QByteArray("first"));
+    QVERIFY(peer.send(hex("41424143 00010002")));
+    QTRY_COMPARE(recorder.count("sockUdpPacketArrived"), 1);
+}
+
+void ThreadsTest::sendsFromTwoThreads()
+{
+    constexpr int each = 300;
+    ConnectedModule engine;
+    QVERIFY(engine.connected);
+    std::thread sender([&engine] {
+        for (int i = 0; i < each; ++i)
+            engine.module.writeBinaryData(QByteArray("thread ") + QByteArray::number(i));
+    });
+    for (int i = 0; i < each; ++i)
+        engine.module.setXFadeBalance(quint8(i & 0x7F));
+    sender.join();
+
+    int fromThread = 0;
+    int fromGui = 0;
+    for (int i = 0; i < 2 * each; ++i) {
+        const QByteArray datagram = engine.peer.next();
+        if (datagram.startsWith("thread ")) {
+            QCOMPARE(datagram, QByteArray("thread ") + QByteArray::number(fromThread++));
+        } else {
+            QByteArray expected = hex("494d0003 0bb96337 0bb96205 0bb90600");
+            expected[15] = char(fromGui++ & 0x7F);
+            QCOMPARE(datagram, expected);
+        }
+    }
+    QCOMPARE(fromThread, each);
+    QCOMPARE(fromGui, each);
+    QVERIFY(engine.peer.nothingSentBy(&engine.module));
+}
+
+void ThreadsTest::everyModuleHasAPortOfItsOwn()
+{
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    const LogCatcher log;
+    QConnectQmlPlugin first;
+    QVERIFY(peer.connectTo(&first));
+    const quint16 firstPort = peer.modulePort();
+    QConnectQmlPlugin second;
+    QVERIFY(peer.connectTo(&second));
+    QVERIFY(peer.modulePort() != firstPort);
+
+    const SignalRecorder firstRecorder(&first);
+    const SignalRecorder secondRecorder(&second);
+    QVERIFY(peer.send(hex("544d4143 00780000")));
+    QVERIFY(peer.settle(&second));
+    QCOMPARE(secondRecorder.texts(), texts({"tempoChanged()"}));
+    QCOMPARE(second.property("tempo").toInt(), 120);
+    QVERIFY(peer.connectTo(&first));
+    QVERIFY(peer.settle(&first));
+    QCOMPARE(firstRecorder.texts(), QStringList());
+    QCOMPARE(first.property("tempo").toInt(), 0);
+}
+
+void ThreadsTest::newModuleAfterTheOld()
+{
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    const LogCatcher log;
+    for (int i = 0; i < 3; ++i) {
+        QConnectQmlPlugin module;
+        QVERIFY(peer.connectTo(&module));
+        QVERIFY(peer.send(hex("544d4143 00780000")));
+        QVERIFY(peer.settle(&module));
+        QCOMPARE(module.property("tempo").toInt(), 120);
+    }
+}
+
+void ThreadsTest::engineRestarts()
+{
+    auto peer = std::make_unique<EnginePeer>();
+    QVERIFY2(peer->isOpen(), qPrintable(peer->errorString()));
+    QConnectQmlPlugin module;
+    QVERIFY(peer->connectTo(&module));
+    const quint16 port = peer->modulePort();
+    QVERIFY(peer->settle(&module));
+
+    const LogCatcher log;
+    peer.reset();
+    for (int i = 0; i < 10; ++i)
+        module.setXFadeBalance(1);
+    peer = std::make_unique<EnginePeer>();
+    QVERIFY2(peer->isOpen(), qPrintable(peer->errorString()));
+    QVERIFY(peer->connectTo(&module));
+    QCOMPARE(peer->modulePort(), port);
+    QVERIFY(peer->send(hex("544d4143 00780000")));
+    QVERIFY(peer->settle(&module));
+    QCOMPARE(module.property("tempo").toInt(), 120);
+    QCOMPARE(log.warnings(), QStringList());
+}
+
+QTEST_MAIN(ThreadsTest)
+#include "tst_threads.moc"

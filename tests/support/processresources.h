@@ -1,0 +1,14 @@
+#pragma once
+
+namespace testsupport {
+
+/// Number of threads of this process now.
+int threadCount();
+/// Number of open descriptors of this process now.
+int descriptorCount();
+/// Number of open sockets among them.
+int socketCount();
+/// Bytes in use on the heap, or -1 where that cannot be said (sanitizers bring a heap of their own).
+long long heapBytes();
+
+} // namespace testsupport
