@@ -251,7 +251,8 @@ void FixedAddressTest::lossLosesOnlyWhatIsLost()
     if (!noLoss.isEmpty())
         QSKIP(qPrintable(noLoss));
 
-    for (int i = 0; i < 400; ++i)
+    // Few enough for any socket's buffer.
+    for (int i = 0; i < 200; ++i)
         module.writeBinaryData(QByteArray::number(i));
     QCOMPARE(network.loseNothing(), QString());
     QCOMPARE(module.writeBinaryData(QByteArray("end")), qint64(3));
@@ -266,8 +267,8 @@ void FixedAddressTest::lossLosesOnlyWhatIsLost()
         datagram = peer.next();
     }
     QCOMPARE(datagram, QByteArray("end"));
-    // Some 280 of them; 200 and 350 are farther off than chance goes.
-    QVERIFY2(arrived > 200 && arrived < 350, qPrintable(QString::number(arrived)));
+    // Some 140 of them; the bounds are farther off than chance goes.
+    QVERIFY2(arrived > 90 && arrived < 185, qPrintable(QString::number(arrived)));
 }
 
 int main(int argc, char *argv[])

@@ -36,6 +36,12 @@ sockaddr_in socketAddress(const QHostAddress &address, quint16 port)
     return result;
 }
 
+// The module may send faster than a test reads.
+void enlargeReceiveBuffer(int descriptor)
+{
+    ::setsockopt(descriptor, SOL_SOCKET, SO_RCVBUF, &receiveBufferBytes, sizeof(receiveBufferBytes));
+}
+
 } // namespace
 
 EnginePeer::EnginePeer()
@@ -65,8 +71,7 @@ void EnginePeer::open(const QHostAddress &address, quint16 port)
         return;
     }
     const int descriptor = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-    // The module may send faster than a test reads.
-    ::setsockopt(descriptor, SOL_SOCKET, SO_RCVBUF, &receiveBufferBytes, sizeof(receiveBufferBytes));
+    enlargeReceiveBuffer(descriptor);
     const sockaddr_in target = socketAddress(address, port);
     QElapsedTimer waiting;
     waiting.start();
