@@ -21,10 +21,10 @@ QString engineAddress()
     return address;
 }
 
-bool isProgress(const QByteArray &name)
+bool isProgress(const QString &name)
 {
-    return name == "soundProgressChanged" || name == "triggerProgressChanged" ||
-           name == "btfwProgressChanged" || name == "waveTransferProgress";
+    return name == QLatin1String("soundProgressChanged") || name == QLatin1String("triggerProgressChanged") ||
+           name == QLatin1String("btfwProgressChanged") || name == QLatin1String("waveTransferProgress");
 }
 
 } // namespace
@@ -42,25 +42,38 @@ Session::~Session() = default;
 
 QStringList Session::seen() const
 {
-    const QList<testsupport::RecordedSignal> recorded = m_recorder->recorded();
-    const QStringList texts = m_recorder->texts();
     QStringList result;
-    for (int i = 0; i < recorded.size() && i < texts.size(); ++i) {
-        const QByteArray &name = recorded.at(i).name;
-        if (name == "udpPacketArrived")
+    QString counted;
+    int count = 0;
+    const auto closeRun = [&] {
+        if (count > 0)
+            result.append(QStringLiteral("%1 x%2").arg(counted).arg(count));
+        count = 0;
+    };
+    for (const QString &text : m_recorder->texts()) {
+        const QString name = text.section(QLatin1Char('('), 0, 0);
+        if (name == QLatin1String("udpPacketArrived"))
             continue;
-        if (!isProgress(name)) {
-            result.append(texts.at(i));
-            continue;
+        if (isProgress(name)) {
+            if (count > 0 && counted != name)
+                closeRun();
+            counted = name;
+            ++count;
+        } else {
+            closeRun();
+            result.append(text);
         }
-        int run = 1;
-        while (i + 1 < recorded.size() && recorded.at(i + 1).name == name) {
-            ++run;
-            ++i;
-        }
-        result.append(QStringLiteral("%1 x%2").arg(QString::fromLatin1(name)).arg(run));
     }
+    closeRun();
     return result;
+}
+
+QString Session::difference(const QStringList &expected) const
+{
+    const QStringList actual = seen();
+    return actual == expected ? QString()
+                              : QStringLiteral("expected %1; got %2")
+                                    .arg(expected.join(QLatin1Char(' ')), actual.join(QLatin1Char(' ')));
 }
 
 void Session::forgetSeen()
@@ -85,15 +98,10 @@ QString Session::settled()
     return QStringLiteral("hihatRawValueChanged(54321)");
 }
 
-bool Session::endsWith(const QStringList &expected, int timeoutMs)
+QString Session::differenceWhenSettled(const QStringList &expected, int timeoutMs)
 {
-    const bool done = settle(timeoutMs);
-    const QStringList actual = seen();
-    if (done && actual == expected + QStringList{settled()})
-        return true;
-    qWarning().noquote() << "expected" << expected.join(QLatin1Char(' ')) << "\n     got"
-                         << actual.join(QLatin1Char(' '));
-    return false;
+    const QString unsettled = settle(timeoutMs) ? QString() : QStringLiteral("not settled; ");
+    return unsettled + difference(expected + QStringList{settled()});
 }
 
 qint64 Session::destroyPlugin()

@@ -35,9 +35,10 @@ public:
     /// a value and seen. Whatever was to come before it has come then; seen() ends with settled().
     bool settle(int timeoutMs = 30000);
     static QString settled();
-    /// True when these signals were seen, then settled(), and nothing else. Settles first, and says what is
-    /// different.
-    bool endsWith(const QStringList &expected, int timeoutMs = 30000);
+    /// Empty when exactly these signals were seen, otherwise what differs.
+    QString difference(const QStringList &expected) const;
+    /// Settles and compares: these signals, then settled(), and nothing else.
+    QString differenceWhenSettled(const QStringList &expected, int timeoutMs = 30000);
 
     /// Deletes the control object and returns how many milliseconds that took.
     qint64 destroyPlugin();

@@ -1,0 +1,60 @@
+#include "runningtransfer.h"
+
+#include "control/qconnectqmlplugin.h"
+
+namespace {
+
+// The kinds pause for 7 to 15 ms after ten packets, the bluetooth files for 1 ms.
+constexpr int ordinaryPackets = 1000;
+constexpr int bluetoothPackets = 10000;
+
+int fileSize(const TransferKind &kind)
+{
+    return kind.chunkBytes * (qstrcmp(kind.content, "BF") == 0 ? bluetoothPackets : ordinaryPackets);
+}
+
+// A file that is being sent must not be written by the next one.
+QString ownFolder()
+{
+    static int count = 0;
+    return QStringLiteral("%1/").arg(++count);
+}
+
+} // namespace
+
+RunningTransfer::RunningTransfer(const TransferKind &transferKind, const TestFiles &files,
+                                 const std::function<void(TransferPeer &)> &prepare)
+    : kind(transferKind)
+    , content(kind.file(fileSize(kind)))
+    , path(files.write(ownFolder() + kind.fileName, content))
+{
+    answerOldVersions(session.peer());
+    prepare(session.peer());
+    kind.send(session.plugin(), path);
+}
+
+QStringList RunningTransfer::expected(const FileStream &stream, quint16 status, int resends) const
+{
+    return kind.before + kind.progressed(stream.numbers.size()) + kind.completed(status, resends);
+}
+
+RunningTransfers startAllKinds(const TestFiles &files, const std::function<void(TransferPeer &)> &prepare)
+{
+    RunningTransfers all;
+    for (const TransferKind &kind : quickKinds())
+        all.push_back(std::make_unique<RunningTransfer>(kind, files, prepare));
+    return all;
+}
+
+int jump(const QVector<quint32> &numbers)
+{
+    int found = -1;
+    for (int i = 1; i < numbers.size(); ++i) {
+        if (numbers.at(i) == numbers.at(i - 1) + 1)
+            continue;
+        if (found >= 0)
+            return -2;
+        found = i;
+    }
+    return found;
+}
