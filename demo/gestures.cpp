@@ -1,6 +1,7 @@
 #include "gestures.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QHash>
 #include <QMouseEvent>
 #include <QQuickItem>
@@ -19,7 +20,7 @@ void sendMouse(QQuickWindow *window, QEvent::Type type, const QPointF &at, Qt::M
 
 } // namespace
 
-QVector<Gesture> gesturesOf(const QString &page)
+QVector<Gesture> gesturesOf(const QString &page, const QString &folder)
 {
     static const QHash<QString, Gestures> all{
         {QStringLiteral("kit"),
@@ -62,7 +63,13 @@ QVector<Gesture> gesturesOf(const QString &page)
         {QStringLiteral("update"),
          {{QStringLiteral("askSoundBank"), {}}, {QStringLiteral("requestMemInfo"), {}}}},
     };
-    return all.value(page);
+    Gestures gestures = all.value(page);
+    const QStringList files =
+        folder.isEmpty() ? QStringList() : QDir(folder).entryList(QDir::Files, QDir::Name);
+    if (page == QLatin1String("update") && !files.isEmpty())
+        gestures << Gesture{QStringLiteral("file-") + files.first(), {}}
+                 << Gesture{QStringLiteral("send"), {}};
+    return gestures;
 }
 
 QQuickItem *findControl(QQuickItem *root, const QString &name)

@@ -15,8 +15,8 @@ struct Gesture
     QPointF by;
 };
 
-// What the tour does on a page.
-QVector<Gesture> gesturesOf(const QString &page);
+// What the tour does on a page. A file in `folder`, where one is given, is sent to the engine.
+QVector<Gesture> gesturesOf(const QString &page, const QString &folder);
 
 // The visible control of that name on the window, or null.
 QQuickItem *findControl(QQuickItem *root, const QString &name);

@@ -49,6 +49,9 @@ Report makeReport(const QObject *shell)
     if (shell)
         report.lines.append(QStringLiteral("connection:  ") + shell->property("connectionText").toString());
 
+    if (const QObject *transfers = child(shell, "transfers"))
+        report.lines.append(QStringLiteral("transfer:    ") + transfers->property("words").toString());
+
     if (count(device, "padHits") == 0)
         report.missing.append(QStringLiteral("pad hits"));
     if (count(device, "meterReports") == 0)

@@ -17,8 +17,8 @@ constexpr int shellPoll = 20;
 constexpr int settleTime = 180;
 constexpr int moveSteps = 6;
 constexpr int moveTime = 12;
-constexpr int strikePatience = 1500;
-constexpr int strikePoll = 10;
+constexpr int scenePatience = 1500;
+constexpr int scenePoll = 10;
 // A pad is brightest just after the stroke.
 constexpr int strikeGlow = 25;
 
@@ -76,9 +76,9 @@ void Tour::showPage(int page)
 
 void Tour::gesture(int page, int index)
 {
-    const QVector<Gesture> gestures = gesturesOf(pageNames().at(page));
+    const QVector<Gesture> gestures = gesturesOf(pageNames().at(page), m_options.files);
     if (index == gestures.size()) {
-        after(settleTime, [this, page] { awaitStrike(page, padHits(), strikePatience); });
+        after(settleTime, [this, page] { awaitScene(page, padHits(), scenePatience); });
         return;
     }
     const Gesture &next = gestures.at(index);
@@ -109,16 +109,17 @@ void Tour::drag(const QPointF &from, const QPointF &by, int move, std::function<
     after(moveTime, [this, from, by, move, next = std::move(next)] { drag(from, by, move + 1, next); });
 }
 
-// The kit is worth a picture only with a pad alight; the other pages need no stroke.
-void Tour::awaitStrike(int page, int hitsBefore, int patience)
+// The kit is worth a picture only with a pad alight, a transfer only when it has ended.
+void Tour::awaitScene(int page, int hitsBefore, int patience)
 {
-    if (page != 0 || patience <= 0)
-        takePicture(page);
-    else if (padHits() > hitsBefore)
-        after(strikeGlow, [this, page] { takePicture(page); });
+    const QString name = pageNames().at(page);
+    const bool strike = name == QLatin1String("kit");
+    const bool wanted = strike ? padHits() > hitsBefore : !transferring();
+    if (wanted || patience <= 0)
+        after(strike ? strikeGlow : 0, [this, page] { takePicture(page); });
     else
-        after(strikePoll,
-              [this, page, hitsBefore, patience] { awaitStrike(page, hitsBefore, patience - strikePoll); });
+        after(scenePoll,
+              [this, page, hitsBefore, patience] { awaitScene(page, hitsBefore, patience - scenePoll); });
 }
 
 void Tour::takePicture(int page)
@@ -149,9 +150,19 @@ void Tour::leavePage(int page)
 
 int Tour::padHits() const
 {
+    return shellPart("device", "padHits").toInt();
+}
+
+bool Tour::transferring() const
+{
+    return shellPart("transfers", "busy").toBool();
+}
+
+QVariant Tour::shellPart(const char *part, const char *property) const
+{
     const QObject *shell = m_host.shell();
-    const QObject *device = shell ? qvariant_cast<QObject *>(shell->property("device")) : nullptr;
-    return device ? device->property("padHits").toInt() : 0;
+    const QObject *owner = shell ? qvariant_cast<QObject *>(shell->property(part)) : nullptr;
+    return owner ? owner->property(property) : QVariant();
 }
 
 int Tour::pageShare() const

@@ -31,11 +31,13 @@ private:
     void showPage(int page);
     void gesture(int page, int index);
     void drag(const QPointF &from, const QPointF &by, int move, std::function<void()> next);
-    void awaitStrike(int page, int hitsBefore, int patience);
+    void awaitScene(int page, int hitsBefore, int patience);
     void takePicture(int page);
     void leavePage(int page);
 
     int padHits() const;
+    bool transferring() const;
+    QVariant shellPart(const char *part, const char *property) const;
     int pageShare() const;
 
     ScreenHost &m_host;

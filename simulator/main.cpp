@@ -128,6 +128,14 @@ int main(int argc, char *argv[])
     engine.setLive(true);
     engine.setMeters(true);
     engine.setGroove(options.groove);
+    // A module that comes late still learns the tempo and hears the groove, pedal included, from its start.
+    QObject::connect(&engine, &SoundEngine::moduleChanged, &app, [&engine] {
+        engine.sendTempo(quint16(engine.tempo()));
+        if (engine.isGroovePlaying()) {
+            engine.setGroove(false);
+            engine.setGroove(true);
+        }
+    });
     if (!options.scenario.isEmpty())
         QTimer::singleShot(0, &player, [&player] { player.start(); });
     if (options.durationMs > 0)

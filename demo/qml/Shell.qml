@@ -27,6 +27,7 @@ Item {
     // For whoever drives the screen from outside.
     readonly property Item device: Device
     readonly property QtObject settings: Settings
+    readonly property QtObject transfers: Transfers
 
     function open(name) {
         for (var i = 0; i < pages.length; ++i) {

@@ -118,6 +118,10 @@ void tst_Demo::tourReportsAndTakesPictures()
     QVERIFY2(engine.waitToSay(QStringLiteral("listening on")), qPrintable(engine.complained()));
 
     QTemporaryDir folder;
+    QFile bank(folder.filePath(QStringLiteral("bank.bin")));
+    QVERIFY(bank.open(QIODevice::WriteOnly));
+    bank.write(QByteArray(3000, 'b'));
+    bank.close();
     Program demo(QStringLiteral(DEMO_PROGRAM),
                  {QStringLiteral("--headless"), QStringLiteral("8"), QStringLiteral("--screenshots"),
                   folder.filePath(QStringLiteral("new/pictures")), QStringLiteral("--files"), folder.path()},
@@ -131,6 +135,9 @@ void tst_Demo::tourReportsAndTakesPictures()
     QVERIFY2(numberIn(demo.said(), "^to screen: .*beats (\\d+)") > 0, qPrintable(demo.said()));
     QVERIFY2(numberIn(demo.said(), "^to screen: .*compressor reports (\\d+)") > 0, qPrintable(demo.said()));
     QVERIFY2(numberIn(demo.said(), "^from screen: (\\d+) control changes") > 20, qPrintable(demo.said()));
+
+    QVERIFY2(demo.said().contains(QStringLiteral("transfer:    Sound bank: arrived whole")),
+             qPrintable(demo.said()));
 
     // The level that the screen shows last is the level that the engine was told last.
     const QString levelHeard = QStringLiteral("mixer master out level");

@@ -35,3 +35,13 @@ function zoneNames(pad) {
 function noteOf(pad, zone) {
     return all[pad].zones[Math.min(zone, all[pad].zones.length - 1)][0];
 }
+
+function nameOfNote(note) {
+    for (var i = 0; i < all.length; ++i) {
+        for (var zone = 0; zone < all[i].zones.length; ++zone) {
+            if (all[i].zones[zone].indexOf(note) >= 0)
+                return all[i].name;
+        }
+    }
+    return String(note);
+}

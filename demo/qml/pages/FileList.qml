@@ -20,6 +20,7 @@ ListView {
         }
     }
     delegate: FileRow {
+        objectName: "file-" + fileName
         width: list.width
         name: fileName + (fileIsDir ? "/" : "")
         aside: fileIsDir ? "" : fileSize < 1048576 ? Math.ceil(fileSize / 1024) + " kB"

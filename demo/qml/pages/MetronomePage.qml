@@ -1,6 +1,7 @@
 import QtQuick 2.12
 import "../controls"
 import "../device"
+import "../device/pads.js" as Pads
 import "../kit"
 import "../settings"
 import "../style"
@@ -9,6 +10,7 @@ import "../style"
 Item {
     id: page
     readonly property MetronomeSettings metronome: Settings.metronome
+    readonly property var padNotes: Pads.all.map(function(pad) { return pad.zones[0][0]; })
 
     Card {
         id: pulse
@@ -37,7 +39,7 @@ Item {
             dotSize: 64
             maximumWidth: 600
         }
-        TempoSlider {
+        Slider {
             id: slider
             anchors { left: parent.left; right: parent.right; bottom: buttons.top; bottomMargin: 26 }
             parameter: page.metronome.tempo
@@ -85,17 +87,38 @@ Item {
         }
     }
     Card {
-        anchors {
-            left: bar.left; right: bar.right; top: bar.bottom; topMargin: Theme.gap; bottom: pulse.bottom
-        }
+        id: click
+        anchors { left: bar.left; right: bar.right; top: bar.bottom; topMargin: Theme.gap }
+        height: 236
         title: "Click"
         Stepper {
             parameter: page.metronome.click
         }
-        Fader {
-            anchors { right: parent.right; rightMargin: 68; top: parent.top; bottom: parent.bottom }
-            label: "Level"
+        Caption {
+            anchors { left: parent.left; bottom: level.top; bottomMargin: 2 }
+            text: page.metronome.level.label + " level"
+            color: Theme.text
+        }
+        Caption {
+            anchors { right: parent.right; bottom: level.top; bottomMargin: 2 }
+            text: page.metronome.level.text
+        }
+        Slider {
+            id: level
+            anchors { left: parent.left; right: parent.right; bottom: parent.bottom }
             parameter: page.metronome.level
+        }
+    }
+    Card {
+        anchors {
+            left: bar.left; right: bar.right; top: click.bottom; topMargin: Theme.gap; bottom: pulse.bottom
+        }
+        title: "Tap the tempo with a pad"
+        Row {
+            anchors.verticalCenter: parent.verticalCenter
+            spacing: Theme.gap
+            Stepper { parameter: page.metronome.tapNote1; choices: page.padNotes }
+            Stepper { parameter: page.metronome.tapNote2; choices: page.padNotes }
         }
     }
 }

@@ -1,4 +1,5 @@
 import QtQuick 2.12
+import "../device/pads.js" as Pads
 
 // The metronome. Its tempo is the last one asked for or reported by the engine, whichever came later.
 QtObject {
@@ -19,5 +20,11 @@ QtObject {
     }
     readonly property Parameter accent: Parameter { label: "Accent"; method: "setMetronomeAccent"; to: 1; value: 1 }
     readonly property Parameter click: Parameter { label: "Click sound"; method: "setMetronomeClick"; to: 31; value: 3 }
+    readonly property Parameter tapNote1: Parameter {
+        label: "First pad"; method: "setMetronomeTapNote1"; value: 38; wording: Pads.nameOfNote
+    }
+    readonly property Parameter tapNote2: Parameter {
+        label: "Second pad"; method: "setMetronomeTapNote2"; value: 88; wording: Pads.nameOfNote
+    }
     readonly property Parameter level: Parameter { label: "Click"; method: "setMetronomeClickLevel"; value: 80 }
 }

@@ -16,14 +16,16 @@ QtObject {
         { name: "Trigger firmware", method: "sendTriggerFirmware", slotted: false }
     ]
 
+    property int kind: 0
     property bool busy: false
     property real progress: 0
     property int retransmissions: 0
     property string words: "Nothing sent yet"
     property bool failed: false
 
-    function send(kind, path, slot) {
-        var chosen = kinds[kind];
+    function send(wanted, path, slot) {
+        var chosen = kinds[wanted];
+        kind = wanted;
         busy = true;
         failed = false;
         progress = 0;
@@ -44,7 +46,7 @@ QtObject {
 
     function advance(part) {
         progress = part;
-        words = "Sending, " + Math.round(part * 100) + " %";
+        words = kinds[kind].name + ": " + Math.round(part * 100) + " %";
         silence.stop();
     }
     function finish(well, text) {
@@ -56,14 +58,12 @@ QtObject {
         words = text;
     }
     function finishWith(status) {
-        if (status === 0)
-            finish(true, "Arrived whole");
-        else if (status === 0xff)
-            finish(false, "Not confirmed, or arrived damaged");
-        else if ((status & 0xff) >= 0xe1 && (status & 0xff) <= 0xe3)
-            finish(false, "The module's memory is full");
-        else
-            finish(false, "The engine reports status " + status);
+        var low = status & 0xff;
+        var outcome = status === 0 ? "arrived whole"
+                    : status === 0xff ? "not confirmed, or arrived damaged"
+                    : low >= 0xe1 && low <= 0xe3 ? "the module's memory is full"
+                    : "the engine reports status " + status;
+        finish(status === 0, kinds[kind].name + ": " + outcome);
     }
 
     Component.onCompleted: {

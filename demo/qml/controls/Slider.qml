@@ -2,7 +2,7 @@ import QtQuick 2.12
 import "../settings"
 import "../style"
 
-// A wide slider for coarse moves of the tempo.
+// A wide slider for one parameter. Like the faders it moves by as much as the finger does.
 Item {
     id: slider
     property Parameter parameter
