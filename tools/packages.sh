@@ -7,7 +7,7 @@ declare -A PACKAGES=(
     [run]="qml-module-qtqml qml-module-qtquick2 qml-module-qtquick-window2 qml-module-qtquick-templates2
         qml-module-qtquick-controls2 qml-module-qt-labs-folderlistmodel fonts-dejavu-core inetutils-ping"
     [wayland]="qtwayland5"
-    [test]="qml-module-qttest inetutils-ping nftables procps"
+    [test]="qml-module-qttest inetutils-ping nftables"
     [analysis]="clang-14 clang-tidy-14 clang-format-14 clazy libclang-rt-14-dev"
 )
 
