@@ -1,0 +1,155 @@
+#include "filestream.h"
+#include "session.h"
+#include "transferkinds.h"
+
+#include "control/qconnectqmlplugin.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+#include <QTimer>
+
+// An engine that does not answer. All cases are started first and looked at one after the other.
+
+namespace {
+
+constexpr int endWaitMs = 15000;
+constexpr int queryWaitMs = 20000;
+// How much later than its time a wait may be seen to end.
+constexpr int toleranceMs = 4000;
+
+} // namespace
+
+class tst_TransferTimeouts : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void outcome_data();
+    void outcome();
+
+private:
+    struct Case
+    {
+        QByteArray name;
+        std::unique_ptr<Session> session;
+        QStringList expected;
+        int waitMs;
+        qint64 settledMs = -1;
+    };
+    Session &start(const QByteArray &name, const QStringList &expected, int waitMs);
+
+    TestFiles m_files;
+    std::vector<Case> m_cases;
+    QElapsedTimer m_clock;
+};
+
+Session &tst_TransferTimeouts::start(const QByteArray &name, const QStringList &expected, int waitMs)
+{
+    m_cases.push_back({name, std::make_unique<Session>(), expected, waitMs});
+    Session &session = *m_cases.back().session;
+    answerOldVersions(session.peer());
+    session.peer().answerEnd({});
+    return session;
+}
+
+void tst_TransferTimeouts::initTestCase()
+{
+    const QVector<TransferKind> kinds = quickKinds();
+    m_cases.reserve(32);
+    m_clock.start();
+
+    // The sound bank's wait of ten minutes is not for here.
+    for (const TransferKind &kind : kinds) {
+        if (qstrcmp(kind.content, "SB") == 0)
+            continue;
+        // Imports pass the engine's word on, and there was none.
+        const QStringList completed = kind.completed(kind.passesStatusOn ? 0 : 0xFF);
+        Session &session =
+            start(QByteArray("end: ") + kind.name, kind.before + kind.progressed(2) + completed, endWaitMs);
+        kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(600)));
+    }
+
+    // An acknowledgement that comes too late changes nothing, and the next transfer does not see it.
+    const TransferKind triggerBank = kinds.at(2);
+    Session &late = start("late end", triggerBank.progressed(2) + triggerBank.completed(0xFF), endWaitMs);
+    triggerBank.send(late.plugin(), m_files.write(triggerBank.fileName, triggerBank.file(600)));
+    QTimer::singleShot(endWaitMs + 2000, this, [&late] { late.peer().raise({0x4445, 0, 1}); });
+
+    // Data acknowledgements end no wait; a memory-full word is an abort, though: the file behind stays
+    // queued.
+    Session &refused =
+        start("refusals during the wait", triggerBank.progressed(2) + triggerBank.completed(0xFF), endWaitMs);
+    refused.peer().answerEnd({{0x4443, 5, 0xBE}, {0x4443, 5, 0xE0}, {0x4443, 5, 0x01}, {0x4142, 1, 2}});
+    triggerBank.send(refused.plugin(), m_files.path(triggerBank.fileName));
+
+    start("query: sound bank", {}, queryWaitMs).plugin().requestSoundBankVersion();
+    start("query: trigger bank", {}, queryWaitMs).plugin().requestTriggerBankVersion();
+    Session &pedal =
+        start("query: pedal, then version", {QStringLiteral("triggerbankVersionChanged()")}, queryWaitMs);
+    pedal.plugin().requestHHRawValue();
+    pedal.plugin().requestTriggerBankVersion();
+    pedal.peer().answerQuery(0x544E, {{0x544E, 1, 1}});
+    Session &board = start(
+        "query: trigger firmware",
+        {QStringLiteral("intFwUpdateStarted()"), QStringLiteral("intTriggerFirmwareUpdateStarted(0, 65541)"),
+         QStringLiteral("intFwUpdateFinished()"), QStringLiteral("intTriggerFirmwareUpdateFinished()")},
+        queryWaitMs);
+    board.peer().answerQuery(0x5456, {});
+    board.peer().answerEnd({{0x4445, 0, 0}});
+    board.plugin().sendTriggerFirmware(m_files.path(kinds.first().fileName));
+    // A reply to another query would end the wait; refusals and unknown events do not.
+    Session &strays = start("query: strays", {}, queryWaitMs);
+    strays.peer().answerQuery(0x534E, {{0x4443, 0, 0xBE}, {0x4443, 0, 0xE0}, {0x4142, 0, 0}});
+    strays.plugin().requestSoundBankVersion();
+
+    // Everything that comes after the wait is asked for now; each case notes when it was reached.
+    for (Case &testCase : m_cases) {
+        if (testCase.name == "query: pedal, then version")
+            continue;
+        testCase.session->peer().answerQuery(0x484C, {{0x484C, 54321, 0}});
+        testCase.session->plugin().requestHHRawValue();
+    }
+    for (Case &testCase : m_cases) {
+        connect(&testCase.session->plugin(), &QConnectQmlPlugin::hihatRawValueChanged, this,
+                [this, &testCase] { testCase.settledMs = m_clock.elapsed(); });
+    }
+}
+
+void tst_TransferTimeouts::outcome_data()
+{
+    QTest::addColumn<int>("index");
+    for (std::size_t i = 0; i < m_cases.size(); ++i)
+        QTest::newRow(m_cases.at(i).name) << int(i);
+}
+
+void tst_TransferTimeouts::outcome()
+{
+    QFETCH(const int, index);
+    Case &testCase = m_cases.at(std::size_t(index));
+    Session &session = *testCase.session;
+
+    if (testCase.name == "query: pedal, then version") {
+        QVERIFY(session.waitFor(testCase.expected.first(), queryWaitMs + toleranceMs));
+        QVERIFY(m_clock.elapsed() >= testCase.waitMs);
+        QCOMPARE(session.differenceWhenSettled(testCase.expected), QString());
+        return;
+    }
+    QVERIFY(session.waitFor(Session::settled(), queryWaitMs + toleranceMs));
+    QVERIFY2(testCase.settledMs >= testCase.waitMs && testCase.settledMs < testCase.waitMs + toleranceMs,
+             QByteArray::number(testCase.settledMs));
+    QCOMPARE(session.difference(testCase.expected + QStringList{Session::settled()}), QString());
+
+    if (testCase.name == "late end") {
+        QVERIFY(session.waitFor(QStringLiteral("udpPacketArrived(17477, 0, 1)"), endWaitMs));
+        session.peer().answerEnd({{0x4445, 0, 0}});
+        session.forgetSeen();
+        const TransferKind triggerBank = quickKinds().at(2);
+        triggerBank.send(session.plugin(), m_files.path(triggerBank.fileName));
+        QCOMPARE(session.differenceWhenSettled(triggerBank.progressed(2) + triggerBank.completed(0)),
+                 QString());
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_TransferTimeouts)
+#include "tst_transfertimeouts.moc"

@@ -1,0 +1,157 @@
+#include "filestream.h"
+#include "session.h"
+#include "transferkinds.h"
+
+#include "control/qconnectqmlplugin.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+#include <QTimer>
+
+// Firmware of the sound engine. After its end the sender sleeps for 20 s while the engine restarts, so all
+// cases run at once: they are started first and looked at one after the other.
+
+namespace {
+
+constexpr quint16 endAck = 0x4445;
+constexpr quint16 versionQuery = 0x564E;
+constexpr int afterEndMs = 20000;
+constexpr int endWaitMs = 15000;
+constexpr int queryWaitMs = 20000;
+constexpr int caseTimeoutMs = 90000;
+
+const QStringList failed{QStringLiteral("intFwUpdateFinished()"),
+                         QStringLiteral("intZeltaFirmwareUpdateFinished()")};
+
+/// One transfer with an engine of its own.
+struct Case
+{
+    QByteArray name;
+    std::unique_ptr<Session> session;
+    QByteArray content;
+    QStringList expected;
+    int leastMs;
+};
+
+} // namespace
+
+class tst_ZeltaFirmware : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void outcome_data();
+    void outcome();
+
+private:
+    Session &start(const QByteArray &name, const QByteArray &content, const QStringList &expected,
+                   int leastMs = afterEndMs);
+
+    TestFiles m_files;
+    const TransferKind m_kind = zeltaFirmwareKind();
+    std::vector<Case> m_cases;
+    QElapsedTimer m_clock;
+};
+
+Session &tst_ZeltaFirmware::start(const QByteArray &name, const QByteArray &content,
+                                  const QStringList &expected, int leastMs)
+{
+    m_cases.push_back({name, std::make_unique<Session>(), content, expected, leastMs});
+    answerOldVersions(m_cases.back().session->peer());
+    return *m_cases.back().session;
+}
+
+void tst_ZeltaFirmware::initTestCase()
+{
+    const QStringList before = m_kind.before;
+    const QStringList done = m_kind.completed(0);
+
+    for (const int size : {0, 1, 16})
+        start("too short for a version: " + QByteArray::number(size), m_kind.header.left(size), {}, 0);
+    for (const int size : {31, 511, 512, 513, 5120, 5121, 512 * 1000 + 1})
+        start(QByteArray::number(size) + " bytes", m_kind.file(size), before + done);
+    start("no version", noise(2000), {}, 0);
+    start("same version", "4810QN-abc1.04 - ", {before.first()}, 0);
+    start("older version", "4810QN-abc1.03 - ", {before.first()}, 0);
+
+    start("checksum error", m_kind.file(600), before + failed).peer().answerEnd({{endAck, 0, 2}});
+    start("no end acknowledgement", m_kind.file(600), before + failed, endWaitMs + afterEndMs)
+        .peer()
+        .answerEnd({});
+    start("refused", m_kind.file(600), before + done).peer().answerStart({{0x4443, 0, 0xE0}});
+
+    // The end is judged after the sleep: an error that comes late still counts, a success that comes late
+    // does not.
+    Session &lateError = start("error after another reply", m_kind.file(600),
+                               before + QStringList{QStringLiteral("soundbankVersionChanged()")} + failed);
+    lateError.peer().answerEnd({{0x534E, 1, 1}});
+    QTimer::singleShot(10000, this, [&lateError] { lateError.peer().raise({endAck, 0, 1}); });
+    Session &lateSuccess =
+        start("success after the time-out", m_kind.file(600), before + failed, endWaitMs + afterEndMs);
+    lateSuccess.peer().answerEnd({});
+    QTimer::singleShot(25000, this, [&lateSuccess] { lateSuccess.peer().raise({endAck, 0, 0}); });
+
+    // Without a reply the device counts as version 0.
+    start("no reply to the query", m_kind.file(600),
+          QStringList{QStringLiteral("intFwUpdateStarted()"),
+                      QStringLiteral("intZeltaFirmwareUpdateStarted(0, 65541)")} +
+              done,
+          queryWaitMs + afterEndMs)
+        .peer()
+        .answerQuery(versionQuery, {});
+    start("no reply to the query, file of version 0", "4810QN-abcA.B - ", {}, queryWaitMs)
+        .peer()
+        .answerQuery(versionQuery, {});
+
+    m_clock.start();
+    for (Case &testCase : m_cases) {
+        const QString path =
+            m_files.write(QString::fromLatin1(testCase.name) + QLatin1String("/fw.bin"), testCase.content);
+        m_kind.send(testCase.session->plugin(), path);
+    }
+}
+
+void tst_ZeltaFirmware::outcome_data()
+{
+    QTest::addColumn<int>("index");
+    for (std::size_t i = 0; i < m_cases.size(); ++i)
+        QTest::newRow(m_cases.at(i).name) << int(i);
+}
+
+void tst_ZeltaFirmware::outcome()
+{
+    QFETCH(const int, index);
+    const Case &testCase = m_cases.at(std::size_t(index));
+    Session &session = *testCase.session;
+
+    QCOMPARE(session.differenceWhenSettled(testCase.expected, caseTimeoutMs), QString());
+    QVERIFY(m_clock.elapsed() >= testCase.leastMs);
+
+    const FileStream stream(session.peer().received(), "FW");
+    const bool sent = testCase.expected.contains(QStringLiteral("intFwUpdateStarted()"));
+    QCOMPARE(stream.starts.size(), sent ? 1 : 0);
+    QCOMPARE(stream.ends.size(), sent ? 1 : 0);
+    if (testCase.expected.contains(QStringLiteral("updateZeltaFwComplete()")))
+        QCOMPARE(session.plugin().zeltaFwVersion(), QStringLiteral("V 1.05"));
+    else if (testCase.expected.contains(QStringLiteral("zeltaVersionChanged()")))
+        QCOMPARE(session.plugin().zeltaFwVersion(), QStringLiteral("V 1.04"));
+    else
+        QCOMPARE(session.plugin().zeltaFwVersion(), QStringLiteral("V 0.00"));
+    if (!sent)
+        return;
+    QCOMPARE(stream.ends.first().toHex(), QByteArray("4445465700000000"));
+    QCOMPARE(stream.fault, QString());
+    if (testCase.name == "refused")
+        return;
+    QByteArray padded = testCase.content;
+    if (padded.size() % 2 != 0)
+        padded.append('\0');
+    QVERIFY(stream.isPlain((padded.size() + 511) / 512));
+    QVERIFY(stream.content(512) == padded);
+    QCOMPARE(stream.starts.first().toHex(),
+             "44534657" + QByteArray::number(testCase.content.size(), 16).rightJustified(8, '0'));
+}
+
+QTEST_GUILESS_MAIN(tst_ZeltaFirmware)
+#include "tst_zeltafirmware.moc"
