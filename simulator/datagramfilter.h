@@ -23,7 +23,7 @@ public:
     // What is still held back, for when nothing follows any more.
     QVector<QByteArray> flush();
 
-    bool holdsBack() const { return !m_held.isEmpty(); }
+    int heldBack() const { return m_held.size(); }
 
     // True while the engine is gone: it neither hears nor speaks.
     bool isGone() const { return m_deafFor != 0; }

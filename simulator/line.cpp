@@ -82,7 +82,7 @@ void Line::readPending()
             continue;
         setModule(sender, senderPort);
         deliver(m_filter.pass(QByteArray(buffer.constData(), int(size))));
-        if (m_filter.holdsBack())
+        if (m_filter.heldBack() > 0)
             m_flush.start();
     }
 }

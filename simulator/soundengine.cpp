@@ -172,6 +172,7 @@ SoundEngine::Counters SoundEngine::counters() const
 {
     Counters counters = m_counters;
     counters.lost = m_line->filter().lost();
+    counters.heldBack = quint64(m_line->filter().heldBack());
     return counters;
 }
 

@@ -53,6 +53,7 @@ public:
     {
         quint64 datagrams = 0;  // heard
         quint64 lost = 0;       // missed because of a failure mode
+        quint64 heldBack = 0;   // arrived but kept back by a failure mode so far
         quint64 parameters = 0; // parameter messages
         quint64 otherMessages = 0;
         quint64 violations = 0;

@@ -71,8 +71,15 @@ void TransferReceiver::take(const Message &message)
 
 void TransferReceiver::start(const Message &message)
 {
-    if (m_current)
+    if (m_current) {
+        // The network may bring a start packet twice.
+        const ReceivedFile &open = m_current->file;
+        if (open.packets == 0 && message.content == m_current->content && message.number == open.size &&
+            message.slot == open.slot)
+            return;
         close(ReceivedFile::Outcome::Abandoned);
+    }
+    m_lastEnd = {};
     m_expectStragglers = false;
     m_current = std::make_unique<Transfer>();
     Transfer &transfer = *m_current;
@@ -151,6 +158,11 @@ void TransferReceiver::data(const Message &message)
     failOnPacket(message.number);
 }
 
+bool TransferReceiver::networkRepeats() const
+{
+    return m_failures.has(Failure::Duplicate) || m_failures.has(Failure::DuplicateOnce);
+}
+
 void TransferReceiver::takeChunk(const Message &message)
 {
     Transfer &transfer = *m_current;
@@ -162,9 +174,7 @@ void TransferReceiver::takeChunk(const Message &message)
 
     if (number < transfer.expected) {
         ++transfer.file.repeatedPackets;
-        const bool networkRepeats =
-            m_failures.has(Failure::Duplicate) || m_failures.has(Failure::DuplicateOnce);
-        if (place == StreamSum::Place::Repeat && transfer.file.resendRequests == 0 && !networkRepeats)
+        if (place == StreamSum::Place::Repeat && transfer.file.resendRequests == 0 && !networkRepeats())
             Q_EMIT violated(QStringLiteral("data packet %1 sent again without being asked for").arg(number));
         return;
     }
@@ -234,10 +244,17 @@ void TransferReceiver::askForResend(quint32 number, quint8 lowByte)
 void TransferReceiver::end(const Message &message)
 {
     quint16 status = EndStatus::NothingStarted;
-    if (!m_current || message.content != m_current->content)
-        Q_EMIT violated(QStringLiteral("%1 end packet without its start").arg(tagText(message.content)));
-    else
+    if (m_current && message.content == m_current->content) {
         status = judge(message);
+        m_lastEnd = message;
+        m_lastStatus = status;
+    } else if (!m_current && m_lastEnd.content == message.content && m_lastEnd.number == message.number) {
+        status = m_lastStatus;
+        if (!networkRepeats())
+            Q_EMIT violated(QStringLiteral("%1 end packet sent again").arg(tagText(message.content)));
+    } else {
+        Q_EMIT violated(QStringLiteral("%1 end packet without its start").arg(tagText(message.content)));
+    }
 
     if (m_failures.has(Failure::NoEndAck))
         Q_EMIT noted(QStringLiteral("kept silent about the end"));

@@ -60,12 +60,15 @@ private:
     void askForResend(quint32 number, quint8 lowByte);
     quint16 judge(const Message &message);
     void close(ReceivedFile::Outcome outcome);
+    bool networkRepeats() const;
     QString freeFileName(const Message &message) const;
 
     FailureSet m_failures;
     QString m_directory;
     std::unique_ptr<Transfer> m_current;
     QVector<ReceivedFile> m_files;
+    Message m_lastEnd; // the end that closed the last transfer, and its answer
+    quint16 m_lastStatus = 0;
     bool m_expectStragglers = false; // data of a transfer that was cut short may still be on its way
 };
 

@@ -1,0 +1,302 @@
+// Every datagram that the engine sends to the module, byte for byte, and its silence.
+#include "peer.h"
+
+#include <QTimer>
+
+#include <functional>
+
+class SimInbound : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void sends_data();
+    void sends();
+    void strikesEveryZone();
+    void splitsSysEx_data();
+    void splitsSysEx();
+    void answersQueries_data();
+    void answersQueries();
+    void answersMeterRequests();
+    void answersSlotAndMemoryRequests();
+    void answersTheOneThatAsked();
+    void saysNothingByItself();
+    void reportsTempoOnlyWhenLive();
+    void beatsWithTheMetronomeWhenLive();
+    void knowsNoModuleAtFirst();
+    void refusesAnAddressThatIsTaken();
+
+private:
+    std::unique_ptr<SoundEngine> m_engine;
+    std::unique_ptr<Peer> m_peer;
+};
+
+using Act = std::function<bool(SoundEngine &)>;
+Q_DECLARE_METATYPE(Act)
+
+void SimInbound::init()
+{
+    m_engine = std::make_unique<SoundEngine>();
+    QVERIFY(Peer::listen(m_engine.get()));
+    m_peer = std::make_unique<Peer>(m_engine.get());
+    m_engine->setModule(QHostAddress(QHostAddress::LocalHost), m_peer->port());
+}
+
+void SimInbound::cleanup()
+{
+    m_peer.reset();
+    m_engine.reset();
+}
+
+void SimInbound::sends_data()
+{
+    QTest::addColumn<Act>("act");
+    QTest::addColumn<QByteArray>("datagram");
+    const auto row = [](const char *name, const Act &act, const char *bytes) {
+        QTest::newRow(name) << act << hex(bytes);
+    };
+    row(
+        "strike", [](SoundEngine &e) { return e.strike(38, 100); }, "494D4143 9909 6426");
+    row(
+        "strike with velocity 0", [](SoundEngine &e) { return e.strike(36, 0); }, "494D4143 9909 0024");
+    row(
+        "choke", [](SoundEngine &e) { return e.choke(49, 127); }, "494D4143 A90A 7F31");
+    row(
+        "controller", [](SoundEngine &e) { return e.sendController(6, 0x2A); }, "494D4143 B90B 2A06");
+    row(
+        "hi-hat", [](SoundEngine &e) { return e.moveHiHat(64); }, "494D4143 B90B 4004");
+    row(
+        "program", [](SoundEngine &e) { return e.sendProgram(5); }, "494D4143 C90C 0005");
+    row(
+        "tempo", [](SoundEngine &e) { return e.sendTempo(120); }, "544D4143 0078 0000");
+    row(
+        "beat", [](SoundEngine &e) { return e.sendBeat(3); }, "42544143 0003 0000");
+    row(
+        "power switch", [](SoundEngine &e) { return e.setSwitch(simulated::tag("PW"), 5); },
+        "53574143 5057 0005");
+    row(
+        "home switch", [](SoundEngine &e) { return e.setSwitch(simulated::tag("HM"), 0); },
+        "53574143 484D 0000");
+    row(
+        "pot up", [](SoundEngine &e) { return e.turnPot(3, true); }, "434F4143 0003 0001");
+    row(
+        "pot down", [](SoundEngine &e) { return e.turnPot(0, false); }, "434F4143 0000 0000");
+    row(
+        "flash sizes", [](SoundEngine &e) { return e.sendFlashSize(1, 2); }, "46524143 0001 0002");
+    row(
+        "any event", [](SoundEngine &e) { return e.sendEvent(0x4142, 0x0102, 0x0304); },
+        "41424143 0102 0304");
+    row(
+        "output meters",
+        [](SoundEngine &e) {
+            return e.sendOutputMeters({1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 0x0118});
+        },
+        "4452 0001 0002 0003 0004 0005 0006 0007 0008 0009 000A 000B 000C 000D 000E 000F 0010 0011 0118");
+    row(
+        "compressor meters",
+        [](SoundEngine &e) {
+            return e.sendCompressorMeters(2, {1, 2, 3, 4, 5, 0x0106});
+        },
+        "4352 0002 0001 0002 0003 0004 0005 0106");
+    row(
+        "raw", [](SoundEngine &e) { return e.sendRaw(hex("01 02 03")); }, "010203");
+    row(
+        "nothing at all", [](SoundEngine &e) { return e.sendRaw(QByteArray()); }, "");
+}
+
+void SimInbound::sends()
+{
+    QFETCH(Act, act);
+    QFETCH(QByteArray, datagram);
+    QVERIFY(act(*m_engine));
+    QCOMPARE(m_peer->take(), QList<QByteArray>{datagram});
+}
+
+void SimInbound::strikesEveryZone()
+{
+    // Pads 0 to 13, each with its zones.
+    const QList<int> notes = {36, 38, 37, 40, 48, 50, 45, 47, 43, 58, 41, 39, 51, 59, 53, 21, 42, 44, 46, 26,
+                              19, 49, 55, 17, 57, 52, 18, 88, 89, 22, 90, 91, 23, 92, 93, 24, 94, 95, 25};
+    for (int note : notes) {
+        QVERIFY(m_engine->strike(quint8(note), 100));
+        QByteArray expected = hex("494D4143 9909 64");
+        expected.append(char(note));
+        QCOMPARE(m_peer->take(), QList<QByteArray>{expected});
+    }
+    QCOMPARE(m_engine->counters().padHits, quint64(notes.size()));
+}
+
+void SimInbound::splitsSysEx_data()
+{
+    QTest::addColumn<QByteArray>("message");
+    QTest::addColumn<QList<QByteArray>>("datagrams");
+    QTest::newRow("nine bytes") << hex("F0 10 41 10 12 42 05 06 F7")
+                                << QList<QByteArray>{hex("494D4143 F004 4110"), hex("494D4143 1004 4212"),
+                                                     hex("494D4143 0507 F706")};
+    QTest::newRow("two bytes") << hex("F0 F7") << QList<QByteArray>{hex("494D4143 F006 00F7")};
+    QTest::newRow("three bytes") << hex("F0 01 F7") << QList<QByteArray>{hex("494D4143 F007 F701")};
+    QTest::newRow("four bytes") << hex("F0 01 02 F7")
+                                << QList<QByteArray>{hex("494D4143 F004 0201"), hex("494D4143 F705 0000")};
+}
+
+void SimInbound::splitsSysEx()
+{
+    QFETCH(QByteArray, message);
+    QVERIFY(m_engine->sendSysEx(message));
+    QTEST(m_peer->take(), "datagrams");
+
+    // A test command is three events of one datagram each.
+    QVERIFY(m_engine->sendTestCommand(0x12, 0x34, 0x56));
+    const QList<QByteArray> command = {hex("494D4143 B90B 1263"), hex("494D4143 B90B 3462"),
+                                       hex("494D4143 B90B 5606")};
+    QCOMPARE(m_peer->take(), command);
+}
+
+void SimInbound::answersQueries_data()
+{
+    QTest::addColumn<QByteArray>("query");
+    QTest::addColumn<QByteArray>("answer");
+    QTest::newRow("sound engine") << hex("564E0000") << hex("564E4143 0001 0005");
+    QTest::newRow("trigger board") << hex("54560000") << hex("54564143 0002 0006");
+    QTest::newRow("sound bank") << hex("534E0000") << hex("534E4143 0003 0007");
+    QTest::newRow("trigger bank") << hex("544E0000") << hex("544E4143 FFFF 0008");
+    QTest::newRow("hi-hat") << hex("484C0000") << hex("484C4143 0209 0000");
+}
+
+void SimInbound::answersQueries()
+{
+    QFETCH(QByteArray, query);
+    m_engine->setVersion(SoundEngine::Version::SoundEngine, 1, 5);
+    m_engine->setVersion(SoundEngine::Version::TriggerBoard, 2, 6);
+    m_engine->setVersion(SoundEngine::Version::SoundBank, 3, 7);
+    m_engine->setVersion(SoundEngine::Version::TriggerBank, 0xFFFF, 8);
+    m_engine->setHiHatRaw(0x0209);
+    QVERIFY(m_peer->send(query));
+    QFETCH(QByteArray, answer);
+    QCOMPARE(m_peer->take(), QList<QByteArray>{answer});
+}
+
+void SimInbound::answersMeterRequests()
+{
+    // One loud hit on the bass drum, in the middle of the stereo picture; outputs at the faders' start.
+    QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB9067F"));
+    QVERIFY(m_engine->strike(36, 127));
+    m_peer->take();
+    QVERIFY(m_peer->send("494D0003 0BB9633B 0BB9621F 0BB90600"));
+    QList<QByteArray> taken = m_peer->take();
+    QCOMPARE(taken.size(), 1);
+    QCOMPARE(taken.at(0).size(), 38);
+    QCOMPARE(taken.at(0).left(6), hex("4452 0046 0046")); // full scale is 70
+    QCOMPARE(taken.at(0).mid(14, 4), hex("0046 0000"));   // the bass drum has the first direct out to itself
+
+    QVERIFY(m_peer->send("494D0003 0BB96338 0BB9621F 0BB90600"));
+    taken = m_peer->take();
+    QCOMPARE(taken.size(), 1);
+    QCOMPARE(taken.at(0).left(8), hex("4352 0000 0046 0046"));
+    QVERIFY(taken.at(0).mid(8, 2) != hex("0000")); // gain reduction
+
+    // Section numbers of the answers; levels that were set are given as they are.
+    m_engine->setCompressorLevels(SoundEngine::Section::Monitor, {1, 2, 3, 4, 5, 6});
+    m_engine->setCompressorLevels(SoundEngine::Section::Headphone, {7, 8, 9, 10, 11, 12});
+    m_engine->setCompressorLevels(SoundEngine::Section::Pad, {13, 14, 15, 16, 17, 18});
+    QVERIFY(m_peer->send("494D0003 0BB96339 0BB9621F 0BB90600"));
+    QVERIFY(m_peer->send("494D0003 0BB9633A 0BB9621F 0BB90600"));
+    QVERIFY(m_peer->send("494D0003 0BB9632F 0BB96226 0BB90600"));
+    const QList<QByteArray> expected = {hex("4352 0001 0001 0002 0003 0004 0005 0006"),
+                                        hex("4352 0002 0007 0008 0009 000A 000B 000C"),
+                                        hex("4352 0003 000D 000E 000F 0010 0011 0012")};
+    QCOMPARE(m_peer->take(), expected);
+    QCOMPARE(m_engine->counters().compressorMeters, quint64(4));
+}
+
+void SimInbound::answersSlotAndMemoryRequests()
+{
+    m_engine->setFlashSize(1, 2);
+    QVERIFY(m_peer->send("494D0003 0BB9633D 0BB9620F 0BB90600"));
+    QCOMPARE(m_peer->take(), QList<QByteArray>{hex("46524143 0001 0002")});
+
+    QVERIFY(m_peer->send("494D0003 0BB9633D 0BB96201 0BB90607"));
+    QCOMPARE(m_peer->take(), QList<QByteArray>{hex("49574143 0007 0000")});
+    QVERIFY(m_peer->send("44534957 00000000 0007 00"));
+    QVERIFY(m_peer->send("44454957 00000000"));
+    QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44454143 0000 0000")});
+    QVERIFY(m_peer->send("494D0003 0BB9633D 0BB96201 0BB90607"));
+    QVERIFY(m_peer->send("494D0003 0BB9633D 0BB96200 0BB90607"));
+    const QList<QByteArray> expected = {hex("49574143 0007 0001"), hex("49534143 0007 0000")};
+    QCOMPARE(m_peer->take(), expected);
+}
+
+void SimInbound::answersTheOneThatAsked()
+{
+    Peer other(m_engine.get());
+    QVERIFY(other.send("484C0000"));
+    QCOMPARE(other.take().size(), 1);
+    QCOMPARE(m_engine->modulePort(), other.port());
+    QVERIFY(m_peer->send("484C0000"));
+    QCOMPARE(m_peer->take().size(), 1);
+    QCOMPARE(m_engine->modulePort(), m_peer->port());
+    QVERIFY(other.received.isEmpty());
+}
+
+void SimInbound::saysNothingByItself()
+{
+    // Long enough for a meter report and a beat, had they been wanted.
+    bool over = false;
+    QTimer::singleShot(700, [&over] { over = true; });
+    QTRY_VERIFY(over);
+    QCOMPARE(m_peer->take(), QList<QByteArray>());
+}
+
+void SimInbound::reportsTempoOnlyWhenLive()
+{
+    QVERIFY(m_peer->send("494D0004 0BB96337 0BB96264 0BB92640 0BB90632"));
+    QCOMPARE(m_peer->take(), QList<QByteArray>());
+    QCOMPARE(m_engine->tempo(), 121);
+    m_engine->setLive(true);
+    QVERIFY(m_peer->send("494D0004 0BB96337 0BB96264 0BB92600 0BB90646"));
+    QCOMPARE(m_peer->take(), QList<QByteArray>{hex("544D4143 00A0 0000")});
+    // The same tempo again is no news.
+    QVERIFY(m_peer->send("494D0004 0BB96337 0BB96264 0BB92600 0BB90646"));
+    QCOMPARE(m_peer->take(), QList<QByteArray>());
+}
+
+void SimInbound::beatsWithTheMetronomeWhenLive()
+{
+    m_engine->setLive(true);
+    QVERIFY(m_peer->send("494D0004 0BB96337 0BB96264 0BB92600 0BB9067E")); // 272 bpm: a beat every 221 ms
+    m_peer->take();
+    QVERIFY(m_peer->send("494D0003 0BB96337 0BB96263 0BB90601"));
+    QTRY_VERIFY(m_peer->received.size() >= 5);
+    QVERIFY(m_peer->send("494D0003 0BB96337 0BB96263 0BB90600"));
+    const QList<QByteArray> expected = {hex("42544143 0001 0000"), hex("42544143 0002 0000"),
+                                        hex("42544143 0003 0000"), hex("42544143 0004 0000"),
+                                        hex("42544143 0001 0000")};
+    QCOMPARE(m_peer->take().mid(0, 5), expected);
+}
+
+void SimInbound::knowsNoModuleAtFirst()
+{
+    SoundEngine engine;
+    QVERIFY(Peer::listen(&engine));
+    QVERIFY(!engine.knowsModule());
+    QVERIFY(!engine.strike(38, 100));
+    QCOMPARE(engine.counters().padHits, quint64(0));
+    QCOMPARE(engine.counters().sent, quint64(0));
+    Peer peer(&engine);
+    QVERIFY(peer.send("494D0003 0BB96338 0BB96207 0BB90664"));
+    QCOMPARE(engine.modulePort(), peer.port());
+    QVERIFY(engine.strike(38, 100));
+    QCOMPARE(peer.take(), QList<QByteArray>{hex("494D4143 9909 6426")});
+}
+
+void SimInbound::refusesAnAddressThatIsTaken()
+{
+    SoundEngine second;
+    QVERIFY(!second.listen(m_engine->address(), m_engine->port()));
+    QVERIFY(!second.errorString().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(SimInbound)
+#include "sim_inbound.moc"

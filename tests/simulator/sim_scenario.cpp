@@ -1,0 +1,346 @@
+// Commands and scenarios, from their text to the wire.
+#include "peer.h"
+
+#include "simulator/commands.h"
+#include "simulator/scenario.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+
+using namespace simulated;
+
+class SimScenario : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void obeys_data();
+    void obeys();
+    void shows();
+    void refusesCommands_data();
+    void refusesCommands();
+    void everyCommandIsInTheHelp();
+    void saysThatNobodyListens();
+    void refusesScenarios_data();
+    void refusesScenarios();
+    void playsInTime();
+    void waitsForParameters();
+    void waitsForATransfer();
+    void failsWhenAWaitRunsOut();
+
+private:
+    std::unique_ptr<SoundEngine> m_engine;
+    std::unique_ptr<Peer> m_peer;
+};
+
+void SimScenario::init()
+{
+    m_engine = std::make_unique<SoundEngine>();
+    QVERIFY(Peer::listen(m_engine.get()));
+    m_peer = std::make_unique<Peer>(m_engine.get());
+    m_engine->setModule(QHostAddress(QHostAddress::LocalHost), m_peer->port());
+}
+
+void SimScenario::cleanup()
+{
+    m_peer.reset();
+    m_engine.reset();
+}
+
+void SimScenario::obeys_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QList<QByteArray>>("datagrams");
+    const auto row = [](const char *line, const QList<QByteArray> &datagrams) {
+        QTest::newRow(line) << QString::fromLatin1(line) << datagrams;
+    };
+    row("strike snare 100", {hex("494D4143 9909 6426")});
+    row("strike 38", {hex("494D4143 9909 6426")});
+    row("strike 0x26 1", {hex("494D4143 9909 0126")});
+    row("strike ride-bell 5 # ping", {hex("494D4143 9909 0535")});
+    row("choke crash1", {hex("494D4143 A90A 7F31")});
+    row("choke 57 10", {hex("494D4143 A90A 0A39")});
+    row("hihat 64", {hex("494D4143 B90B 4004")});
+    row("controller 1 2", {hex("494D4143 B90B 0201")});
+    row("program 5", {hex("494D4143 C90C 0005")});
+    row("switch power 1", {hex("53574143 5057 0001")});
+    row("switch foot1 1", {hex("53574143 4631 0001")});
+    row("switch foot2 1", {hex("53574143 4632 0001")});
+    row("switch aux3 1", {hex("53574143 4133 0001")});
+    row("switch aux4 1", {hex("53574143 4134 0001")});
+    row("switch headphone 1", {hex("53574143 4850 0001")});
+    row("switch mixin 1", {hex("53574143 4D49 0001")});
+    row("switch home 0", {hex("53574143 484D 0000")});
+    row("switch ZZ 65535", {hex("53574143 5A5A FFFF")});
+    row("pot 0 +", {hex("434F4143 0000 0001")});
+    row("pot 3 -", {hex("434F4143 0003 0000")});
+    row("tempo 120", {hex("544D4143 0078 0000")});
+    row("tempo 0", {hex("544D4143 0000 0000")});
+    row("beat 1", {hex("42544143 0001 0000")});
+    row("meters 70 0x23",
+        {hex("4452 0046 0023 0000000000000000 0000000000000000 0000000000000000 0000000000000000")});
+    row("comp master 10 20 30 40 50 60", {hex("4352 0000 000A 0014 001E 0028 0032 003C")});
+    row("comp monitor 10", {hex("4352 0001 000A 0000 0000 0000 0000 0000")});
+    row("comp headphone 10", {hex("4352 0002 000A 0000 0000 0000 0000 0000")});
+    row("comp pad 10", {hex("4352 0003 000A 0000 0000 0000 0000 0000")});
+    row("comp 7 10", {hex("4352 0007 000A 0000 0000 0000 0000 0000")});
+    row("flash 1 2", {hex("46524143 0001 0002")});
+    row("testcommand 12 34 56",
+        {hex("494D4143 B90B 1263"), hex("494D4143 B90B 3462"), hex("494D4143 B90B 5606")});
+    row("sysex F0 7E F7", {hex("494D4143 F007 F77E")});
+    row("event AB 0x0102 772", {hex("41424143 0102 0304")});
+    row("event SW PW 1", {hex("53574143 5057 0001")});
+    row("send 01 02 ff", {hex("0102FF")});
+    row("send 0102FF", {hex("0102FF")});
+}
+
+void SimScenario::obeys()
+{
+    QFETCH(QString, line);
+    Command command;
+    QString problem;
+    QVERIFY2(parseCommand(line, &command, &problem), qPrintable(problem));
+    QCOMPARE(m_peer->take(), QList<QByteArray>()); // reading alone does nothing
+    QCOMPARE(command.run(*m_engine), QStringList());
+    QTEST(m_peer->take(), "datagrams");
+    QVERIFY(!command.isQuit);
+}
+
+void SimScenario::shows()
+{
+    const auto run = [this](const char *line) {
+        Command command;
+        QString problem;
+        return parseCommand(QString::fromLatin1(line), &command, &problem) ? command.run(*m_engine)
+                                                                           : QStringList(problem);
+    };
+    QCOMPARE(run("param 0x38 0x07"), QStringList(QStringLiteral("never received")));
+    QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90664"));
+    QVERIFY(m_peer->send("494D0004 0BB96325 0BB96226 0BB92668 0BB90607"));
+    QCOMPARE(run("param 0x38 0x07"), QStringList(QStringLiteral("mixer master out level 100")));
+    QCOMPARE(run("param 56 7"), QStringList(QStringLiteral("mixer master out level 100")));
+    QCOMPARE(run("params"), QStringList({QStringLiteral("pad 38 EQ mid frequency 1000"),
+                                         QStringLiteral("mixer master out level 100")}));
+    QCOMPARE(run("violations"), QStringList(QStringLiteral("violations 0")));
+    QVERIFY(m_peer->send("0102"));
+    QCOMPARE(run("violations"),
+             QStringList({QStringLiteral("unknown header 0x0102: 01 02"), QStringLiteral("violations 1")}));
+    QVERIFY(run("summary").contains(QStringLiteral("summary received-parameters 2")));
+    QVERIFY(run("summary").contains(QStringLiteral("summary violations 1")));
+    QCOMPARE(run("files"), QStringList());
+    QVERIFY(m_peer->send("4453 5442 00000003"));
+    QVERIFY(m_peer->send("4443 5442 00000000 0002 01020300"));
+    QVERIFY(m_peer->send("4445 5442 00000402"));
+    QCOMPARE(run("files"),
+             QStringList(QStringLiteral(
+                 "file TB 3 bytes whole packets 1 repeated 0 gaps 0 resend-requests 0 status 0x0000")));
+    QCOMPARE(run("module"), QStringList(QStringLiteral("module 127.0.0.1:%1").arg(m_peer->port())));
+
+    QCOMPARE(run("groove on"), QStringList());
+    QVERIFY(m_engine->isGroovePlaying());
+    QCOMPARE(run("groove off"), QStringList());
+    QVERIFY(!m_engine->isGroovePlaying());
+    m_peer->take();
+    run("version zelta 1 5");
+    run("hihat-raw 521");
+    QVERIFY(m_peer->send("564E0000"));
+    QVERIFY(m_peer->send("484C0000"));
+    const QList<QByteArray> answers = {hex("564E4143 0001 0005"), hex("484C4143 0209 0000")};
+    QCOMPARE(m_peer->take(), answers);
+    run("fail no-query-reply");
+    QVERIFY(m_peer->send("564E0000"));
+    QCOMPARE(m_peer->take(), QList<QByteArray>());
+    run("fail none");
+    QVERIFY(m_peer->send("564E0000"));
+    QCOMPARE(m_peer->take().size(), 1);
+}
+
+void SimScenario::refusesCommands_data()
+{
+    QTest::addColumn<QString>("line");
+    for (const char *line : {"",
+                             "dance",
+                             "strike",
+                             "strike cowbell",
+                             "strike 128",
+                             "strike -1",
+                             "strike snare 128",
+                             "strike snare loud",
+                             "strike snare 1 2",
+                             "choke",
+                             "hihat 128",
+                             "hihat +1",
+                             "switch power",
+                             "switch lights 1",
+                             "switch power 65536",
+                             "pot 0",
+                             "pot 0 up",
+                             "tempo fast",
+                             "tempo 65536",
+                             "meters 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19",
+                             "meters loud",
+                             "comp bus 1",
+                             "comp master",
+                             "comp master 1 2 3 4 5 6 7",
+                             "flash 1",
+                             "version zelta 1",
+                             "version bios 1 2",
+                             "hihat-raw",
+                             "testcommand 12 34",
+                             "testcommand 12 34 5",
+                             "sysex",
+                             "sysex F",
+                             "send",
+                             "send xy",
+                             "event A 1 2",
+                             "event AB 1",
+                             "groove",
+                             "groove maybe",
+                             "fail",
+                             "fail explode",
+                             "fail resend=x",
+                             "param 1",
+                             "param 256 0",
+                             "quit now"})
+        QTest::newRow(qstrlen(line) > 0 ? line : "empty") << QString::fromLatin1(line);
+}
+
+void SimScenario::refusesCommands()
+{
+    QFETCH(QString, line);
+    Command command;
+    QString problem;
+    QVERIFY(!parseCommand(line, &command, &problem));
+    QVERIFY(!problem.isEmpty());
+    QVERIFY(!problem.contains(QLatin1Char('\n')));
+}
+
+void SimScenario::everyCommandIsInTheHelp()
+{
+    const QStringList help = commandHelp();
+    for (const char *name : {"help", "strike", "switch", "pot", "fail", "wait", "quit"}) {
+        const bool listed = std::any_of(help.begin(), help.end(), [&](const QString &line) {
+            return line.startsWith(QLatin1String(name));
+        });
+        QCOMPARE(listed, qstrcmp(name, "wait") != 0); // waiting is for scenarios only
+    }
+    Command command;
+    QString problem;
+    QVERIFY(parseCommand(QStringLiteral("quit"), &command, &problem));
+    QVERIFY(command.isQuit);
+}
+
+void SimScenario::saysThatNobodyListens()
+{
+    SoundEngine lonely;
+    Command command;
+    QString problem;
+    QVERIFY(parseCommand(QStringLiteral("strike snare"), &command, &problem));
+    QCOMPARE(command.run(lonely), QStringList(QStringLiteral("not sent: no module is there")));
+}
+
+void SimScenario::refusesScenarios_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("problem");
+    const auto row = [](const char *name, const char *text, const char *problem) {
+        QTest::newRow(name) << QString::fromLatin1(text) << QString::fromLatin1(problem);
+    };
+    row("unknown command", "# good\nstrike snare\n\nat 5 dance\n", "line 4: unknown command \"dance\"");
+    row("bad argument", "strike snare 200", "line 1: \"200\" is no number from 0 to 127");
+    row("no time", "at strike snare", "line 1: usage: at MS COMMAND");
+    row("no command", "after 100", "line 1: usage: after MS COMMAND");
+    row("negative time", "after -5 beat 1", "line 1: usage: after MS COMMAND");
+    row("time goes back", "at 500 beat 1\nat 400 beat 2\n", "line 2: time 400 comes after time 500");
+    row("wait for nothing", "wait-for",
+        "line 1: usage: wait-for module|transfer|param HIGH LOW [VALUE] [within MS]");
+    row("wait for half a parameter", "wait-for param 0x38",
+        "line 1: usage: wait-for module|transfer|param HIGH LOW [VALUE] [within MS]");
+    row("within nothing", "wait-for module within",
+        "line 1: \"within\" is followed by milliseconds and nothing else");
+}
+
+void SimScenario::refusesScenarios()
+{
+    QFETCH(QString, text);
+    Scenario scenario;
+    QString problem;
+    QVERIFY(!scenario.parse(text, &problem));
+    QTEST(problem, "problem");
+}
+
+void SimScenario::playsInTime()
+{
+    Scenario scenario;
+    QString problem;
+    QVERIFY2(
+        scenario.parse(QStringLiteral("beat 1\nat 200 beat 2 # comment\nafter 100 beat 3\nat 350 beat 4\n"),
+                       &problem),
+        qPrintable(problem));
+    ScenarioPlayer player(scenario, m_engine.get());
+    QSignalSpy finished(&player, &ScenarioPlayer::finished);
+    QElapsedTimer time;
+    time.start();
+    player.start();
+    QTRY_COMPARE(m_peer->received.size(), 1);
+    QTRY_COMPARE(m_peer->received.size(), 2);
+    QVERIFY(time.elapsed() >= 190);
+    QTRY_COMPARE(m_peer->received.size(), 3);
+    QVERIFY(time.elapsed() >= 290);
+    QTRY_COMPARE(finished.size(), 1);
+    QVERIFY(time.elapsed() >= 340);
+    const QList<QByteArray> expected = {hex("42544143 0001 0000"), hex("42544143 0002 0000"),
+                                        hex("42544143 0003 0000"), hex("42544143 0004 0000")};
+    QCOMPARE(m_peer->take(), expected);
+}
+
+void SimScenario::waitsForParameters()
+{
+    Scenario scenario;
+    QString problem;
+    QVERIFY(scenario.parse(
+        QStringLiteral("wait-for param 0x38 7\nbeat 1\nwait-for param 0x38 7 50\nbeat 2\n"), &problem));
+    ScenarioPlayer player(scenario, m_engine.get());
+    player.start();
+    QVERIFY(m_peer->send("494D0003 0BB96339 0BB96207 0BB90664"));
+    QCOMPARE(m_peer->take(), QList<QByteArray>());
+    QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90664"));
+    // Comes before the second wait has begun, and counts all the same.
+    QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90632"));
+    QTRY_COMPARE(m_peer->received.size(), 2);
+    const QList<QByteArray> expected = {hex("42544143 0001 0000"), hex("42544143 0002 0000")};
+    QCOMPARE(m_peer->take(), expected);
+}
+
+void SimScenario::waitsForATransfer()
+{
+    Scenario scenario;
+    QString problem;
+    QVERIFY(scenario.parse(QStringLiteral("wait-for transfer within 20000\nbeat 1\n"), &problem));
+    ScenarioPlayer player(scenario, m_engine.get());
+    player.start();
+    QVERIFY(m_peer->send("4453 5442 00000000"));
+    QCOMPARE(m_peer->take(), QList<QByteArray>());
+    QVERIFY(m_peer->send("4445 5442 00000000"));
+    QTRY_COMPARE(m_peer->received.size(), 2);
+    QCOMPARE(m_peer->received.last(), hex("42544143 0001 0000"));
+}
+
+void SimScenario::failsWhenAWaitRunsOut()
+{
+    Scenario scenario;
+    QString problem;
+    QVERIFY(scenario.parse(QStringLiteral("\nwait-for param 1 2 within 50\nbeat 1\n"), &problem));
+    ScenarioPlayer player(scenario, m_engine.get());
+    QSignalSpy failed(&player, &ScenarioPlayer::failed);
+    player.start();
+    QTRY_COMPARE(failed.size(), 1);
+    QCOMPARE(failed.at(0).at(0).toString(),
+             QStringLiteral("scenario line 2: wait-for param 1 2 within 50: did not happen"));
+    QCOMPARE(m_peer->take(), QList<QByteArray>());
+}
+
+QTEST_GUILESS_MAIN(SimScenario)
+#include "sim_scenario.moc"
