@@ -1,0 +1,25 @@
+#pragma once
+
+#include <vector>
+
+namespace zelta {
+namespace inbound {
+
+/// What the engine sends and everything that this changes.
+struct InboundRow
+{
+    const char *name;
+    const char *sent;            ///< datagrams in hex, '|' between them
+    const char *expectedSignals; ///< in their order, '|' between them; hand-overs to the controllers left out
+    const char *changed;         ///< "property=value", '|' between them, in the order of the properties
+    const char *earlier = "";    ///< datagrams that came before and are not looked at
+};
+
+extern const std::vector<InboundRow> eventRows;
+extern const std::vector<InboundRow> switchRows;
+extern const std::vector<InboundRow> padRows;
+extern const std::vector<InboundRow> meterRows;
+extern const std::vector<InboundRow> messageRows;
+
+} // namespace inbound
+} // namespace zelta
