@@ -15,6 +15,10 @@ Rectangle {
     Text {
         id: words
         anchors.centerIn: parent
+        width: parent.width - 2 * Theme.touch - 12
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 12
+        horizontalAlignment: Text.AlignHCenter
         color: Theme.text
         font.pixelSize: Theme.title
     }

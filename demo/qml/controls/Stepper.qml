@@ -41,6 +41,10 @@ Item {
 
         Text {
             anchors.centerIn: parent
+            width: parent.width - 2 * Theme.touch - 8
+            fontSizeMode: Text.HorizontalFit
+            minimumPixelSize: 12
+            horizontalAlignment: Text.AlignHCenter
             text: stepper.parameter ? stepper.parameter.text : ""
             color: Theme.text
             font.pixelSize: Theme.title

@@ -1,5 +1,5 @@
 import QtQuick 2.12
-import Qt.labs.folderlistmodel 2.12
+import Qt.labs.folderlistmodel 2.2
 import "../controls"
 import "../settings"
 import "../style"
@@ -93,15 +93,16 @@ Card {
     }
     Text {
         id: words
-        anchors { left: parent.left; bottom: parent.bottom }
+        anchors { left: parent.left; right: resent.left; rightMargin: 8; bottom: parent.bottom }
+        elide: Text.ElideRight
         text: Transfers.words
         color: Transfers.failed ? Theme.alarm : Theme.text
         font.pixelSize: Theme.body
     }
     Text {
+        id: resent
         anchors { right: parent.right; bottom: parent.bottom }
-        visible: Transfers.retransmissions > 0
-        text: Transfers.retransmissions + " resent"
+        text: Transfers.retransmissions > 0 ? Transfers.retransmissions + " resent" : ""
         color: Theme.dim
         font.pixelSize: Theme.body
     }

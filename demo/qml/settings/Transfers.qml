@@ -45,6 +45,7 @@ QtObject {
     }
 
     function advance(part) {
+        busy = true;
         progress = part;
         words = kinds[kind].name + ": " + Math.round(part * 100) + " %";
         silence.stop();
