@@ -1,0 +1,160 @@
+import QtQuick 2.9
+import QtTest 1.2
+import ZeltaConnect 1.0
+
+// What the engine reports, as QML sees it: properties, signals, nothing else.
+ModuleTestCase {
+    name: "Reports"
+
+    function test_report_data() {
+        return [
+            { tag: "beat", sent: "42544143 0003 0000", fired: ["beatChanged: 1"], values: { beat: 3 } },
+            { tag: "beat 0", sent: "42544143 0000 0000", fired: [], values: { beat: 0 } },
+            { tag: "beat twice", sent: "42544143 0003 0000 | 42544143 0003 0000", fired: ["beatChanged: 1"],
+              values: { beat: 3 } },
+            { tag: "tempo", sent: "544D4143 0078 0000", fired: ["tempoChanged: 1"], values: { tempo: 120 } },
+            { tag: "tempo 0", sent: "544D4143 0000 0000", fired: [], values: { tempo: 0 } },
+            { tag: "tempo twice", sent: "544D4143 0078 0000 | 544D4143 0078 0000", fired: ["tempoChanged: 1"],
+              values: { tempo: 120 } },
+            { tag: "flash sizes", sent: "46524143 0001 0002",
+              fired: ["sampleFlashSizeChanged: 1", "totalSampleFlashSizeChanged: 1"],
+              values: { flashSize: 262144, totalFlashSize: 131076 } },
+            { tag: "flash sizes, largest", sent: "46524143 FFFF FFFF",
+              fired: ["sampleFlashSizeChanged: 1", "totalSampleFlashSizeChanged: 1"],
+              values: { flashSize: 4294836224, totalFlashSize: 4294967294 } },
+
+            { tag: "strike", sent: "494D4143 9909 6426", fired: ["noteChanged: 1", "notePacketArrived: 1"],
+              values: { note: 0x12664, afterTouchNote: 0 } },
+            { tag: "strike twice", sent: "494D4143 9909 6426 | 494D4143 9909 6426",
+              fired: ["noteChanged: 2", "notePacketArrived: 2"], values: { note: 0x12664 } },
+            { tag: "strike of zone 2", sent: "494D4143 9909 0135",
+              fired: ["noteChanged: 1", "notePacketArrived: 1"], values: { note: 0x2063501 } },
+            { tag: "strike with velocity 0", sent: "494D4143 9909 0026",
+              fired: ["noteChanged: 1", "notePacketArrived: 1"], values: { note: 0x12600 } },
+            { tag: "strike of no pad", sent: "494D4143 9909 643C", fired: ["notePacketArrived: 1"],
+              values: { note: 0 } },
+            { tag: "choke", sent: "494D4143 A90A 7F31",
+              fired: ["afterTouchNoteChanged: 1", "notePacketArrived: 1"],
+              values: { afterTouchNote: 0x408317F, note: 0 } },
+            { tag: "choke twice", sent: "494D4143 A90A 7F31 | 494D4143 A90A 7F31",
+              fired: ["afterTouchNoteChanged: 1", "notePacketArrived: 2"], values: { afterTouchNote: 0x408317F } },
+            { tag: "choke of a drum", sent: "494D4143 A90A 7F26", fired: ["notePacketArrived: 1"],
+              values: { afterTouchNote: 0 } },
+            { tag: "pedal", sent: "494D4143 B90B 4004", fired: ["notePacketArrived: 1", "positionChanged: 1"],
+              values: { position: 0x440 } },
+            { tag: "program", sent: "494D4143 C90C 0005", fired: ["notePacketArrived: 1", "programChanged: 1"],
+              values: {} },
+            { tag: "aux pad", sent: "494D4143 9909 7F5C | 494D4143 9909 7F5E",
+              fired: ["aux3Changed: 2", "noteChanged: 2", "notePacketArrived: 2"],
+              values: { aux3Pressed: false, aux4Pressed: false, note: 0xD5E7F } },
+
+            { tag: "power", sent: "53574143 5057 0001", fired: ["powerChanged: 1"],
+              values: { powerPressed: true, foot1Pressed: false } },
+            { tag: "foot 1", sent: "53574143 4631 0001", fired: ["foot1Changed: 1"],
+              values: { foot1Pressed: true, foot2Pressed: false } },
+            { tag: "foot 2", sent: "53574143 4632 0001", fired: ["foot2Changed: 1"],
+              values: { foot1Pressed: false, foot2Pressed: true } },
+            { tag: "aux 3", sent: "53574143 4133 0001", fired: ["aux3Changed: 1"],
+              values: { aux3Pressed: true, aux4Pressed: false } },
+            { tag: "aux 4", sent: "53574143 4134 0001", fired: ["aux4Changed: 1"],
+              values: { aux3Pressed: false, aux4Pressed: true } },
+            { tag: "headphones", sent: "53574143 4850 0001", fired: ["hpDetectChanged: 1"],
+              values: { hpDetectPressed: true, mixInDetectPressed: false } },
+            { tag: "mix input", sent: "53574143 4D49 0001", fired: ["mixInDetectChanged: 1"],
+              values: { hpDetectPressed: false, mixInDetectPressed: true } },
+            { tag: "home", sent: "53574143 484D 0001", fired: ["homeButtonChanged: 1"],
+              values: { homeButtonPressed: true, powerPressed: false } },
+            { tag: "press and release", sent: "53574143 5057 0005 | 53574143 5057 0000",
+              fired: ["powerChanged: 2"], values: { powerPressed: false } },
+            { tag: "press again", sent: "53574143 5057 0005 | 53574143 5057 0001", fired: ["powerChanged: 1"],
+              values: { powerPressed: true } },
+            { tag: "unknown switch", sent: "53574143 4135 0001", fired: [], values: {} },
+
+            { tag: "pot 0 up", sent: "434F4143 0000 0001", fired: ["potPacketArrived: 1", "triggerPot0Inc: 1"],
+              values: {} },
+            { tag: "pot 1 up", sent: "434F4143 0001 0001", fired: ["potPacketArrived: 1", "triggerPot1Inc: 1"],
+              values: {} },
+            { tag: "pot 2 up", sent: "434F4143 0002 0001", fired: ["potPacketArrived: 1", "triggerPot2Inc: 1"],
+              values: {} },
+            { tag: "pot 3 up", sent: "434F4143 0003 FFFF", fired: ["potPacketArrived: 1", "triggerPot3Inc: 1"],
+              values: {} },
+            { tag: "pot 0 down", sent: "434F4143 0000 0000", fired: ["potPacketArrived: 1", "triggerPot0Dec: 1"],
+              values: {} },
+            { tag: "pot 1 down", sent: "434F4143 0001 0000", fired: ["potPacketArrived: 1", "triggerPot1Dec: 1"],
+              values: {} },
+            { tag: "pot 2 down", sent: "434F4143 0002 0000", fired: ["potPacketArrived: 1", "triggerPot2Dec: 1"],
+              values: {} },
+            { tag: "pot 3 down", sent: "434F4143 0003 0000", fired: ["potPacketArrived: 1", "triggerPot3Dec: 1"],
+              values: {} },
+            { tag: "no pot 4", sent: "434F4143 0004 0001", fired: ["potPacketArrived: 1"], values: {} },
+
+            { tag: "master compressor", sent: "4352 0000 0046 008C 0000 0023 0007 FFFF",
+              fired: ["masterCpChanged: 1"],
+              values: { masterCpInL: 1, masterCpInR: 2, masterCpGrL: 0, masterCpGrR: 0.5, masterCpOutL: 7 / 70,
+                        masterCpOutR: 65535 / 70, padCpInL: 0 } },
+            { tag: "monitor compressor", sent: "4352 0001 0046 008C 0000 0023 0007 FFFF",
+              fired: ["monitorCpChanged: 1"],
+              values: { monitorCpInL: 1, monitorCpInR: 2, monitorCpGrL: 0, monitorCpGrR: 0.5,
+                        monitorCpOutL: 7 / 70, monitorCpOutR: 65535 / 70, masterCpInL: 0 } },
+            { tag: "headphone compressor", sent: "4352 0002 0046 008C 0000 0023 0007 FFFF",
+              fired: ["headCpChanged: 1"],
+              values: { headCpInL: 1, headCpInR: 2, headCpGrL: 0, headCpGrR: 0.5, headCpOutL: 7 / 70,
+                        headCpOutR: 65535 / 70, monitorCpInL: 0 } },
+            { tag: "pad compressor", sent: "4352 0003 0046 008C 0000 0023 0007 FFFF", fired: ["padCpChanged: 1"],
+              values: { padCpInL: 1, padCpInR: 2, padCpGrL: 0, padCpGrR: 0.5, padCpOutL: 7 / 70,
+                        padCpOutR: 65535 / 70, headCpInL: 0 } },
+            { tag: "compressor section 7", sent: "4352 0007 0046 0000 0000 0000 0000 0000",
+              fired: ["padCpChanged: 1"], values: { padCpInL: 1 } },
+            { tag: "outputs",
+              sent: "4452 0046 008C 00D2 0118 015E 01A4 01EA 0230 0276 02BC 0302 0348 038E 03D4 041A 0460 04A6 04EC",
+              fired: ["outputLevelsChanged: 1"],
+              values: { masterOutL: 1, masterOutR: 2, monitorOutL: 3, monitorOutR: 4, headOutL: 5, headOutR: 6,
+                        out1Level: 7, out2Level: 8, out3Level: 9, out4Level: 10, out5Level: 11, out6Level: 12,
+                        out7Level: 13, out8Level: 14, spdifLLevel: 15, spdifRLevel: 16, usbInLLevel: 17,
+                        usbInRLevel: 18 } },
+
+            { tag: "unknown kind", sent: "41424143 0001 0002", fired: ["udpPacketArrived: 1"], values: {} },
+            { tag: "test command", sent: "494D4143 B90B 1263 | 494D4143 B90B 3462 | 494D4143 B90B 5606",
+              fired: ["notePacketArrived: 3", "positionChanged: 3", "testCommand: 1"], values: { position: 0x656 } },
+            { tag: "SysEx", sent: "494D4143 F004 4110 | 494D4143 1004 4212 | 494D4143 F705 0000",
+              fired: ["notePacketArrived: 3", "sysEx: 1"], values: {} },
+        ]
+    }
+
+    function test_report(row) {
+        verify(engine.send(row.sent))
+        compare(fired(), row.fired)
+        for (const property in row.values)
+            compare(zelta[property], row.values[property], property)
+        compare(engine.received(), [])
+    }
+
+    function test_stateAtTheStart() {
+        compare(fired(), [])
+        const zeros = ["note", "afterTouchNote", "position", "beat", "tempo", "flashSize", "totalFlashSize",
+                       "padCpInL", "masterCpOutR", "monitorCpGrL", "headCpGrR", "masterOutL", "usbInRLevel",
+                       "soundBankProgress", "triggerBankProgress", "btfwProgress"]
+        for (let i = 0; i < zeros.length; ++i)
+            compare(zelta[zeros[i]], 0, zeros[i])
+        compare(zelta.powerPressed, false)
+        compare(zelta.homeButtonPressed, false)
+        compare(zelta.zeltaFwVersion, "V 0.00")
+        compare(zelta.triggerFwVersion, "V 0")
+        compare(zelta.soundBankVersion, "V 0.00")
+        compare(zelta.triggerBankVersion, "V 0")
+    }
+
+    function test_argumentsOfReports() {
+        verify(engine.send("41424143 0102 FFFE"))
+        compare(argumentsOf("udpPacketArrived", 0), [0x4142, 0x102, 0xFFFE])
+        verify(engine.send("53574143 484D 0001 | 53574143 484D 0000"))
+        compare(argumentsOf("homeButtonChanged", 0), [0])
+        compare(argumentsOf("homeButtonChanged", 1), [0])
+        verify(engine.send("494D4143 C90C FF85"))
+        compare(argumentsOf("programChanged", 0), [5])
+        verify(engine.send("494D4143 B90B 1263 | 494D4143 B90B 3462 | 494D4143 B90B 5606"))
+        compare(argumentsOf("testCommand", 0), ["12", "34", "56"])
+        verify(engine.send("494D4143 F004 4110 | 494D4143 1004 4212 | 494D4143 F705 0000"))
+        compare(argumentsOf("sysEx", 0), ["04f010410410124205f70000"])
+    }
+}
