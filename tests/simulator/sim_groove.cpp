@@ -16,6 +16,7 @@ class SimGroove : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void kitIsTheModules();
     void playsTheSameFromTheSameSeed();
     void playsTheWholeKit();
     void countsFourBeats();
@@ -35,6 +36,29 @@ static QString notesOf(quint32 seed, int steps)
             text += QStringLiteral("%1:%2/%3 ").arg(i).arg(stroke.note).arg(stroke.value);
     }
     return text;
+}
+
+void SimGroove::kitIsTheModules()
+{
+    const QVector<QVector<int>> notesOfPads = {
+        {36},         {38, 37, 40}, {48, 50},     {45, 47},
+        {43, 58},     {41, 39},     {51, 59, 53}, {21, 42, 44, 46, 26, 19},
+        {49, 55, 17}, {57, 52, 18}, {88, 89, 22}, {90, 91, 23},
+        {92, 93, 24}, {94, 95, 25}};
+    QSet<int> known;
+    for (int pad = 0; pad < notesOfPads.size(); ++pad) {
+        for (int note : notesOfPads.at(pad)) {
+            const simulated::Zone *zone = simulated::zoneOfNote(note);
+            QVERIFY2(zone != nullptr, qPrintable(QString::number(note)));
+            QCOMPARE(int(zone->pad), pad);
+            // Cymbals, hi-hat and the pads beside the kit report pressure, drums do not.
+            QCOMPARE(zone->canBeChoked, pad >= 6);
+            known.insert(note);
+        }
+    }
+    QCOMPARE(simulated::kitZones().size(), known.size());
+    for (int note = 0; note < 128; ++note)
+        QCOMPARE(simulated::zoneOfNote(note) != nullptr, known.contains(note));
 }
 
 void SimGroove::playsTheSameFromTheSameSeed()

@@ -272,6 +272,7 @@ void SimProgram::obeysStandardInput()
     QVERIFY(waitForLine("not sent: no module is there\n"));
     send(hex("494D0003 0BB96338 0BB96207 0BB90664"));
     QVERIFY(waitForLine("module 127.0.0.1:"));
+    QCOMPARE(receive(), hex("544D4143 0078 0000")); // a module heard for the first time is told the tempo
     type("strike snare 100\r\n");
     QCOMPARE(receive(), hex("494D4143 9909 6426"));
     // A bad line is one complaint, and life goes on.
@@ -356,6 +357,7 @@ void SimProgram::playsAScenario()
     QVERIFY(start({QStringLiteral("--scenario"), file.fileName()}));
     send(hex("494D0003 0BB96338 0BB96207 0BB90663"));
     send(hex("494D0003 0BB96338 0BB96207 0BB90664"));
+    QCOMPARE(receive(), hex("544D4143 0078 0000"));
     QCOMPARE(receive(), hex("494D4143 9909 5A26"));
     QCOMPARE(receive(), hex("42544143 0002 0000"));
     QVERIFY(finish());

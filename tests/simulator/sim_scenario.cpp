@@ -18,6 +18,7 @@ private Q_SLOTS:
     void cleanup();
     void obeys_data();
     void obeys();
+    void strikesEverything();
     void shows();
     void refusesCommands_data();
     void refusesCommands();
@@ -27,6 +28,7 @@ private Q_SLOTS:
     void refusesScenarios();
     void playsInTime();
     void waitsForParameters();
+    void satisfiesOneWaitWithOneParameter();
     void waitsForATransfer();
     void failsWhenAWaitRunsOut();
 
@@ -106,6 +108,25 @@ void SimScenario::obeys()
     QCOMPARE(command.run(*m_engine), QStringList());
     QTEST(m_peer->take(), "datagrams");
     QVERIFY(!command.isQuit);
+}
+
+void SimScenario::strikesEverything()
+{
+    Command command;
+    QString problem;
+    QVERIFY(parseCommand(QStringLiteral("strike all 64"), &command, &problem));
+    QCOMPARE(command.run(*m_engine), QStringList());
+    const auto taken = m_peer->take();
+    QVector<int> notes;
+    for (const QByteArray &datagram : taken) {
+        QCOMPARE(datagram.left(7), hex("494D4143 9909 40"));
+        notes.append(datagram.at(7));
+    }
+    std::sort(notes.begin(), notes.end());
+    const QVector<int> expected = {17, 18, 19, 21, 22, 23, 24, 25, 26, 36, 37, 38, 39,
+                                   40, 41, 42, 43, 44, 45, 46, 47, 48, 49, 50, 51, 52,
+                                   53, 55, 57, 58, 59, 88, 89, 90, 91, 92, 93, 94, 95};
+    QCOMPARE(notes, expected);
 }
 
 void SimScenario::shows()
@@ -284,10 +305,10 @@ void SimScenario::playsInTime()
     QElapsedTimer time;
     time.start();
     player.start();
-    QTRY_COMPARE(m_peer->received.size(), 1);
-    QTRY_COMPARE(m_peer->received.size(), 2);
+    // Never early; how late, on a busy machine, nobody can say.
+    QTRY_VERIFY(m_peer->received.size() >= 2);
     QVERIFY(time.elapsed() >= 190);
-    QTRY_COMPARE(m_peer->received.size(), 3);
+    QTRY_VERIFY(m_peer->received.size() >= 3);
     QVERIFY(time.elapsed() >= 290);
     QTRY_COMPARE(finished.size(), 1);
     QVERIFY(time.elapsed() >= 340);
@@ -312,6 +333,23 @@ void SimScenario::waitsForParameters()
     QTRY_COMPARE(m_peer->received.size(), 2);
     const QList<QByteArray> expected = {hex("42544143 0001 0000"), hex("42544143 0002 0000")};
     QCOMPARE(m_peer->take(), expected);
+}
+
+void SimScenario::satisfiesOneWaitWithOneParameter()
+{
+    Scenario scenario;
+    QString problem;
+    QVERIFY(scenario.parse(QStringLiteral("wait-for param 0x38 7\nbeat 1\nwait-for param 0x38 7\nbeat 2\n"),
+                           &problem));
+    ScenarioPlayer player(scenario, m_engine.get());
+    player.start();
+    QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90664"));
+    QTRY_COMPARE(m_peer->received, QList<QByteArray>{hex("42544143 0001 0000")});
+    // Other traffic does not help either.
+    QVERIFY(m_peer->send("494D0003 0BB96339 0BB96207 0BB90664"));
+    QCOMPARE(m_peer->take(), QList<QByteArray>{hex("42544143 0001 0000")});
+    QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90664"));
+    QTRY_COMPARE(m_peer->received, QList<QByteArray>{hex("42544143 0002 0000")});
 }
 
 void SimScenario::waitsForATransfer()
