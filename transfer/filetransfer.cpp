@@ -35,10 +35,11 @@ bool qconnectfirmware::sendFile(const FirmwareDesc &task, const zelta::TaskTrait
     pushLogLine(QStringLiteral("file is open"));
     resetFileState();
 
-    if (!sendStart(task, traits.content, file.size()))
+    const qint64 announcedSize = file.size();
+    if (!sendStart(task, traits.content, announcedSize))
         return false;
     reportStart(task.kind, versions);
-    const quint32 checksum = sendData(file, task, traits);
+    const quint32 checksum = sendData(file, announcedSize, task, traits);
     file.close();
 
     if (m_abortRequested) {
@@ -106,10 +107,17 @@ void qconnectfirmware::reportStart(int kind, const Versions &versions)
 
 // Streams the file until its end, a refusal or an abort. A pass that meets an abort is still completed: the
 // engine sees the packet, empty if need be. Returns the checksum of all that was sent.
-quint32 qconnectfirmware::sendData(QFile &file, const FirmwareDesc &task, const zelta::TaskTraits &traits)
+quint32 qconnectfirmware::sendData(QFile &file, qint64 announcedSize, const FirmwareDesc &task,
+                                   const zelta::TaskTraits &traits)
 {
+    // A file that has become shorter is not at its end before the announced one: reading there yields nothing
+    // and aborts, so that the engine does not take a part for the whole.
+    const auto atEnd = [&file, announcedSize] {
+        return file.pos() >= announcedSize && file.atEnd();
+    };
+
     quint32 checksum = 0;
-    while (!file.atEnd() && !m_abortRequested && !m_stopRequested) {
+    while (!atEnd() && !m_abortRequested && !m_stopRequested) {
         DATA_PACKET packet(zelta::dataPacketKind, traits.content);
         if (!prepareData(file, traits.chunkBytes))
             continue;
@@ -134,7 +142,7 @@ quint32 qconnectfirmware::sendData(QFile &file, const FirmwareDesc &task, const 
 
         if (m_currentPacket % packetsPerPause == 0)
             msleep(traits.pauseMs);
-        const qint64 size = file.size(); // asked every time: the file may grow
+        const qint64 size = qMax(announcedSize, file.size()); // the file may grow
         if (size > 0)
             reportProgress(task, qreal(file.pos()) / qreal(size));
     }

@@ -8,6 +8,9 @@ namespace zelta {
 
 bool openForReading(QFile &file, QIODevice::OpenMode textMode)
 {
+    // QFile would log a warning.
+    if (file.fileName().isEmpty())
+        return false;
     struct stat status = {};
     const QByteArray name = QFile::encodeName(file.fileName());
     if (::stat(name.constData(), &status) == 0 && S_ISFIFO(status.st_mode))

@@ -165,7 +165,8 @@ private:
     void resetFileState();
     bool sendStart(const FirmwareDesc &task, quint16 content, qint64 size);
     void reportStart(int kind, const Versions &versions);
-    quint32 sendData(QFile &file, const FirmwareDesc &task, const zelta::TaskTraits &traits);
+    quint32 sendData(QFile &file, qint64 announcedSize, const FirmwareDesc &task,
+                     const zelta::TaskTraits &traits);
     bool prepareData(QFile &file, int chunkBytes);
     void reportProgress(const FirmwareDesc &task, qreal fraction);
     void sendEnd(const zelta::TaskTraits &traits, quint32 checksum);
