@@ -1,0 +1,197 @@
+#include "filestream.h"
+#include "session.h"
+#include "transferkinds.h"
+
+#include "control/qconnectqmlplugin.h"
+
+#include <QTest>
+
+// The control object goes while its transfer engine is in one phase or another. Its destructor waits for the
+// thread, and nothing is sent once it has returned.
+
+namespace {
+
+// A thread that is waiting is woken, one that pauses between packets finishes its pause.
+constexpr int promptMs = 1500;
+constexpr int resendPauseMs = 4000;
+constexpr int afterEndMs = 20000;
+
+int threadCount()
+{
+    return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
+}
+
+} // namespace
+
+class tst_TransferEnd : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void atOnce();
+    void rightAfterQueuing();
+    void duringAQuery();
+    void duringTheData_data();
+    void duringTheData();
+    void duringAResendPause();
+    void duringTheEndWait();
+    void duringTheSleepAfterFirmware();
+    void afterAnAbort();
+    void manyTimes();
+
+private:
+    static void verifySilence(Session &session);
+
+    TestFiles m_files;
+};
+
+// What comes after is compared with what was there when the destructor returned.
+void tst_TransferEnd::verifySilence(Session &session)
+{
+    // Datagrams on the loopback network are there when the send returns; the peer may have to read them
+    // still.
+    QTest::qWait(100);
+    const int count = session.peer().received().size();
+    QTest::qWait(200);
+    QCOMPARE(session.peer().received().size(), count);
+}
+
+void tst_TransferEnd::atOnce()
+{
+    const int threads = threadCount();
+    {
+        Session session;
+        QVERIFY(session.destroyPlugin() < promptMs);
+    }
+    QCOMPARE(threadCount(), threads);
+}
+
+// The thread may not even have begun.
+void tst_TransferEnd::rightAfterQueuing()
+{
+    for (int i = 0; i < 50; ++i) {
+        Session session(Session::NoRecording);
+        session.plugin().requestSoundBankVersion();
+        session.plugin().requestTriggerBankVersion();
+        if (i % 2 != 0)
+            QThread::usleep(ulong(i) * 10);
+        QVERIFY(session.destroyPlugin() < promptMs);
+        QVERIFY(session.peer().received().size() <= 1);
+    }
+}
+
+void tst_TransferEnd::duringAQuery()
+{
+    Session session;
+    session.plugin().requestSoundBankVersion();
+    session.plugin().requestTriggerBankVersion();
+    QVERIFY(session.peer().waitForCount(1, 5000));
+    QVERIFY(session.destroyPlugin() < promptMs);
+    verifySilence(session);
+    QCOMPARE(session.peer().received(), QVector<QByteArray>{QByteArray("SN\0\0", 4)});
+}
+
+void tst_TransferEnd::duringTheData_data()
+{
+    QTest::addColumn<TransferKind>("kind");
+
+    QVector<TransferKind> kinds = quickKinds();
+    kinds.append(zeltaFirmwareKind());
+    for (const TransferKind &kind : qAsConst(kinds))
+        QTest::newRow(kind.name) << kind;
+}
+
+void tst_TransferEnd::duringTheData()
+{
+    QFETCH(const TransferKind, kind);
+
+    Session session;
+    answerOldVersions(session.peer());
+    kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(kind.chunkBytes * 20000)));
+    session.plugin().requestSoundBankVersion();
+    QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() > 30; }, 10000));
+    QVERIFY(session.destroyPlugin() < promptMs);
+    verifySilence(session);
+    const FileStream stream(session.peer().received(), kind.content);
+    QVERIFY(stream.isPlain(stream.numbers.size()));
+    QVERIFY(stream.ends.isEmpty());
+    QVERIFY(!session.peer().received().contains(QByteArray("SN\0\0", 4)));
+}
+
+void tst_TransferEnd::duringAResendPause()
+{
+    Session session;
+    const TransferKind kind = quickKinds().at(2);
+    session.peer().answerData(20, {{0x4443, 5, 0xBE}});
+    kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(kind.chunkBytes * 2000)));
+    // The stream has come to its pause when no packet follows for longer than any other pause.
+    qint64 last = -1;
+    do {
+        last = session.peer().lastDataNumber();
+        QTest::qWait(200);
+    } while (last < 20 || last != session.peer().lastDataNumber());
+    QVERIFY(session.destroyPlugin() < resendPauseMs + promptMs);
+    verifySilence(session);
+    // The packet that the pause was for is the last one.
+    QCOMPARE(session.peer().lastDataNumber(), 5);
+    QVERIFY(FileStream(session.peer().received(), kind.content).ends.isEmpty());
+}
+
+void tst_TransferEnd::duringTheEndWait()
+{
+    for (const TransferKind &kind : quickKinds()) {
+        Session session;
+        answerOldVersions(session.peer());
+        session.peer().answerEnd({});
+        kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(1000)));
+        session.plugin().requestSoundBankVersion();
+        QVERIFY(session.peer().waitForPrefix("DE", 5000));
+        QVERIFY(session.destroyPlugin() < promptMs);
+        verifySilence(session);
+        QCOMPARE(session.peer().received().last().left(2), QByteArray("DE"));
+    }
+}
+
+void tst_TransferEnd::duringTheSleepAfterFirmware()
+{
+    Session session;
+    answerOldVersions(session.peer());
+    const TransferKind kind = zeltaFirmwareKind();
+    kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(1000)));
+    session.plugin().requestSoundBankVersion();
+    QVERIFY(session.peer().waitForPrefix("DE", 5000));
+    QVERIFY(session.waitFor(QStringLiteral("udpPacketArrived(17477, 0, 0)")));
+    QVERIFY(session.destroyPlugin() < afterEndMs + promptMs);
+    verifySilence(session);
+    QCOMPARE(session.peer().received().last().left(2), QByteArray("DE"));
+}
+
+void tst_TransferEnd::afterAnAbort()
+{
+    Session session;
+    const TransferKind kind = quickKinds().at(4);
+    session.peer().answerData(20, {{0x4443, 0, 0xE1}});
+    kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(kind.chunkBytes * 2000)));
+    session.plugin().requestSoundBankVersion();
+    QVERIFY(session.waitFor(kind.completed(0xE1).first()));
+    QVERIFY(session.destroyPlugin() < promptMs);
+    verifySilence(session);
+    QVERIFY(!session.peer().received().contains(QByteArray("SN\0\0", 4)));
+}
+
+void tst_TransferEnd::manyTimes()
+{
+    const int threads = threadCount();
+    const TransferKind kind = quickKinds().last();
+    const QString path = m_files.write(kind.fileName, kind.file(kind.chunkBytes * 200));
+    for (int i = 0; i < 100; ++i) {
+        Session session(Session::NoRecording);
+        kind.send(session.plugin(), path);
+        QTest::qWait(i % 25);
+        QVERIFY(session.destroyPlugin() < promptMs);
+    }
+    QCOMPARE(threadCount(), threads);
+}
+
+QTEST_GUILESS_MAIN(tst_TransferEnd)
+#include "tst_transferend.moc"

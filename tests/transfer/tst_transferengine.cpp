@@ -1,0 +1,188 @@
+#include "session.h"
+#include "transferkinds.h"
+
+#include "control/qconnectqmlplugin.h"
+#include "support/signalrecorder.h"
+
+#include <QTest>
+
+// The signals of the transfer engine itself, transferDone() above all, which QML does not see. The engine
+// under test sends through a control object of its own.
+
+namespace {
+
+const QString done = QStringLiteral("transferDone()");
+
+} // namespace
+
+class tst_TransferEngine : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void triggerFirmware_data();
+    void triggerFirmware();
+    void banksAndImports();
+    void notOpened();
+    void queries();
+    void refusedForMemory();
+    void stop();
+    void neverStarted();
+
+private:
+    /// What the engine emitted, progress counted, the thread's own signals left out.
+    QStringList emitted() const;
+    bool waitUntilIdle() const;
+
+    TestFiles m_files;
+    std::unique_ptr<Session> m_session;
+    std::unique_ptr<qconnectfirmware> m_engine;
+    std::unique_ptr<testsupport::SignalRecorder> m_recorder;
+};
+
+void tst_TransferEngine::init()
+{
+    m_session = std::make_unique<Session>(Session::NoRecording);
+    answerOldVersions(m_session->peer());
+    m_engine = std::make_unique<qconnectfirmware>(&m_session->plugin(), nullptr);
+    m_recorder = std::make_unique<testsupport::SignalRecorder>(m_engine.get());
+}
+
+void tst_TransferEngine::cleanup()
+{
+    m_recorder.reset();
+    m_engine.reset();
+    m_session.reset();
+}
+
+QStringList tst_TransferEngine::emitted() const
+{
+    QStringList result;
+    for (const QString &text : m_recorder->texts()) {
+        if (!text.startsWith(QLatin1String("started(")) && !text.startsWith(QLatin1String("finished(")))
+            result.append(text);
+    }
+    return result;
+}
+
+bool tst_TransferEngine::waitUntilIdle() const
+{
+    return QTest::qWaitFor([&] { return !m_engine->isRunning(); }, 10000);
+}
+
+void tst_TransferEngine::triggerFirmware_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QStringList>("expected");
+
+    // The engine has 0x00010004.
+    QTest::newRow("newer") << QByteArray("TGFW\x05\0\x01\0", 8)
+                           << QStringList{QStringLiteral("internalUpdateStarted()"),
+                                          QStringLiteral("triggerFirmwareUpdateStarted(65540, 65541)"),
+                                          QStringLiteral("internalUpdateFinished()"),
+                                          QStringLiteral("triggerFirmwareUpdateFinished()"), done};
+    QTest::newRow("same") << QByteArray("TGFW\x04\0\x01\0", 8) << QStringList{done};
+    QTest::newRow("older") << QByteArray("TGFW\x03\0\x01\0", 8) << QStringList{done};
+    QTest::newRow("no version") << QByteArray("TGFX\x05\0\x01\0", 8) << QStringList();
+    QTest::newRow("negative version") << QByteArray("TGFW\x05\0\xFF\xFF", 8) << QStringList();
+}
+
+void tst_TransferEngine::triggerFirmware()
+{
+    QFETCH(const QByteArray, content);
+    QFETCH(const QStringList, expected);
+
+    m_engine->sendTriggerFirmware(m_files.write(QStringLiteral("board"), content));
+    QVERIFY(waitUntilIdle());
+    QCOMPARE(emitted(), expected);
+    QCOMPARE(m_session->peer().received().isEmpty(), expected.isEmpty());
+}
+
+void tst_TransferEngine::banksAndImports()
+{
+    const QString path = m_files.write(QStringLiteral("file.b02"), noise(100));
+    m_engine->sendSoundBank(path);
+    m_engine->sendTriggerBank(path);
+    m_engine->sendImportSoundBank(path, QStringLiteral("name"), 7);
+    m_engine->sendImportWaveSample(path, 8);
+    m_engine->sendBtFirmware(path);
+    QVERIFY(waitUntilIdle());
+    QCOMPARE(emitted(),
+             (QStringList{
+                 QStringLiteral("soundTransferProgress(1)"), QStringLiteral("importSBComplete(0, 0)"), done,
+                 QStringLiteral("triggerTransferProgress(1)"), QStringLiteral("importTBComplete(0)"), done,
+                 QStringLiteral("importSlotProgress(7, 1)"), QStringLiteral("importSlotComplete(7, 0)"), done,
+                 QStringLiteral("importSlotProgress(8, 1)"), QStringLiteral("importSlotComplete(8, 0)"), done,
+                 QStringLiteral("btfwTransferProgress(0.176470588235)"),
+                 QStringLiteral("importBTComplete(0)"), done}));
+}
+
+// Each task tells that it is over, except firmware, which is not even asked for.
+void tst_TransferEngine::notOpened()
+{
+    for (const QString &path : {QString(), m_files.path(QStringLiteral("missing"))}) {
+        m_engine->sendSoundBank(path);
+        m_engine->sendTriggerBank(path);
+        m_engine->sendImportSoundBank(path, QStringLiteral("name"), 7);
+        m_engine->sendImportWaveSample(path, 8);
+        m_engine->sendBtFirmware(path);
+        m_engine->sendZeltaFirmware(path);
+        m_engine->sendTriggerFirmware(path);
+    }
+    QVERIFY(waitUntilIdle());
+    QCOMPARE(emitted(), (QStringList{done, done, done, done, done, done, done, done, done, done}));
+    QCOMPARE(m_session->peer().received().size(), 0);
+}
+
+void tst_TransferEngine::queries()
+{
+    for (const quint16 id : QVector<quint16>{0x534E, 0x544E, 0x484C})
+        m_session->peer().answerQuery(id, {{id, 0x8000, 1}});
+    m_engine->requestSoundBankVersion();
+    m_engine->requestTriggerBankVersion();
+    m_engine->requestHHRawValue();
+    QVERIFY(waitUntilIdle());
+    QCOMPARE(emitted(), (QStringList{done, done, done}));
+    QCOMPARE(m_engine->getSoundBankVersion(), QStringLiteral("V -32768.01"));
+    QCOMPARE(m_engine->getTriggerBankVersion(), QStringLiteral("V -2147483647"));
+}
+
+void tst_TransferEngine::refusedForMemory()
+{
+    m_session->peer().answerData(10, {{0x4443, 0, 0x00E3}});
+    m_engine->sendTriggerBank(m_files.write(QStringLiteral("bank"), noise(512 * 1000)));
+    m_engine->requestSoundBankVersion();
+    QVERIFY(waitUntilIdle());
+    QCOMPARE(emitted().last(), done);
+    QCOMPARE(emitted().count(done), 1);
+    QVERIFY(!emitted().contains(QStringLiteral("importTBComplete(0)")));
+}
+
+// No task starts any more, and stopping again is nothing.
+void tst_TransferEngine::stop()
+{
+    m_engine->requestSoundBankVersion();
+    QVERIFY(m_session->peer().waitForCount(1, 5000));
+    m_engine->stop();
+    QVERIFY(m_engine->isFinished());
+    m_engine->stop();
+    m_engine->requestTriggerBankVersion();
+    m_engine->sendTriggerBank(m_files.write(QStringLiteral("bank"), noise(100)));
+    QVERIFY(m_engine->isFinished());
+    m_engine->stop();
+    QCOMPARE(emitted(), QStringList());
+    QCOMPARE(m_session->peer().received(), QVector<QByteArray>{QByteArray("SN\0\0", 4)});
+}
+
+void tst_TransferEngine::neverStarted()
+{
+    m_engine->stop();
+    QVERIFY(!m_engine->isRunning());
+    m_engine->requestSoundBankVersion();
+    QVERIFY(!m_engine->isRunning());
+}
+
+QTEST_GUILESS_MAIN(tst_TransferEngine)
+#include "tst_transferengine.moc"
