@@ -52,10 +52,11 @@ int runTour(ScreenHost &host, const Options &options)
         problems.append(QStringLiteral("nothing of this reached the screen: ") +
                         report.missing.join(QStringLiteral(", ")));
     const QStringList complaints = QmlComplaints::collected();
-    if (!complaints.isEmpty())
+    if (!complaints.isEmpty()) {
         problems.append(QStringLiteral("%1 QML complaints, the first: %2")
                             .arg(complaints.size())
                             .arg(complaints.first()));
+    }
     for (const QString &problem : qAsConst(problems))
         complain(problem);
     return problems.isEmpty() ? Well : Failed;

@@ -5,9 +5,19 @@
 
 namespace {
 
-QMutex mutex;
-QStringList complaints;
-QtMessageHandler previous = nullptr;
+// Messages come from every thread.
+struct Complaints
+{
+    QMutex mutex;
+    QStringList texts;
+    QtMessageHandler previous = nullptr;
+};
+
+Complaints &complaints()
+{
+    static Complaints all;
+    return all;
+}
 
 bool concernsQml(const QMessageLogContext &context, const QString &message)
 {
@@ -21,21 +31,21 @@ void handle(QtMsgType type, const QMessageLogContext &context, const QString &me
 {
     // The message types are not in the order of their weight, so information is named and the rest counts.
     if (type != QtDebugMsg && type != QtInfoMsg && concernsQml(context, message)) {
-        QMutexLocker lock(&mutex);
-        complaints.append(message);
+        QMutexLocker lock(&complaints().mutex);
+        complaints().texts.append(message);
     }
-    previous(type, context, message);
+    complaints().previous(type, context, message);
 }
 
 } // namespace
 
 void QmlComplaints::collect()
 {
-    previous = qInstallMessageHandler(handle);
+    complaints().previous = qInstallMessageHandler(handle);
 }
 
 QStringList QmlComplaints::collected()
 {
-    QMutexLocker lock(&mutex);
-    return complaints;
+    QMutexLocker lock(&complaints().mutex);
+    return complaints().texts;
 }

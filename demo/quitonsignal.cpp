@@ -17,6 +17,15 @@ void handle(int)
     static_cast<void>(written);
 }
 
+void react(void (*handler)(int))
+{
+    struct sigaction action = {};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    sigaction(SIGINT, &action, nullptr);
+    sigaction(SIGTERM, &action, nullptr);
+}
+
 } // namespace
 
 QuitOnSignal::QuitOnSignal()
@@ -25,14 +34,12 @@ QuitOnSignal::QuitOnSignal()
         return;
     m_notifier = std::make_unique<QSocketNotifier>(pipeEnds[0], QSocketNotifier::Read);
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, qApp, [] { QCoreApplication::quit(); });
-    std::signal(SIGINT, handle);
-    std::signal(SIGTERM, handle);
+    react(handle);
 }
 
 QuitOnSignal::~QuitOnSignal()
 {
-    std::signal(SIGINT, SIG_DFL);
-    std::signal(SIGTERM, SIG_DFL);
+    react(SIG_DFL);
     m_notifier.reset();
     for (int &end : pipeEnds) {
         if (end >= 0)

@@ -40,7 +40,7 @@ bool ScreenHost::load(const Options &options)
         m_engine.addImportPath(folder);
 
     QQmlComponent component(&m_engine, QUrl(QStringLiteral("qrc:/screen/Main.qml")));
-    std::unique_ptr<QObject> root(component.beginCreate(m_engine.rootContext()));
+    QObject *root = component.beginCreate(m_engine.rootContext());
     if (!root) {
         m_error = component.errorString().trimmed().replace(QLatin1Char('\n'), QLatin1String("; "));
         return false;
@@ -52,12 +52,12 @@ bool ScreenHost::load(const Options &options)
     root->setProperty("engineAddress", engineAddress());
     component.completeCreate();
 
-    m_window.reset(qobject_cast<QQuickWindow *>(root.get()));
+    m_window.reset(qobject_cast<QQuickWindow *>(root));
     if (!m_window) {
+        delete root;
         m_error = QStringLiteral("the screen is not a window");
         return false;
     }
-    root.release();
     QObject::connect(&m_engine, &QQmlEngine::quit, qApp, &QCoreApplication::quit);
     return true;
 }

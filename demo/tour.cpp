@@ -6,7 +6,6 @@
 #include <QPixmap>
 #include <QQuickItem>
 #include <QScreen>
-#include <QTimer>
 
 namespace {
 
@@ -34,7 +33,14 @@ QImage picture(QQuickWindow *window)
 Tour::Tour(ScreenHost &host, const Options &options)
     : m_host(host)
     , m_options(options)
-{}
+{
+    m_timer.setSingleShot(true);
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        // The step plans the next one, so it has to be out of the way first.
+        const std::function<void()> step = std::move(m_step);
+        step();
+    });
+}
 
 void Tour::start()
 {
@@ -44,7 +50,8 @@ void Tour::start()
 
 void Tour::after(int milliseconds, std::function<void()> step)
 {
-    QTimer::singleShot(milliseconds, this, std::move(step));
+    m_step = std::move(step);
+    m_timer.start(milliseconds);
 }
 
 void Tour::awaitShell()

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPointF>
 #include <QStringList>
+#include <QTimer>
 #include <functional>
 
 // Shows every page in turn, moves controls on it with real mouse events, and takes a picture of each.
@@ -26,6 +27,7 @@ Q_SIGNALS:
     void finished();
 
 private:
+    // One thing is planned at a time.
     void after(int milliseconds, std::function<void()> step);
     void awaitShell();
     void showPage(int page);
@@ -44,5 +46,7 @@ private:
     const Options m_options;
     QStringList m_problems;
     QElapsedTimer m_sinceStart;
+    QTimer m_timer;
+    std::function<void()> m_step;
     int m_pictures = 0;
 };

@@ -13,9 +13,9 @@ constexpr int startPatience = 20000;
 constexpr int endPatience = 90000;
 constexpr quint16 enginePort = 19797;
 
-const QString playingEngine = QStringLiteral("127.20.23.1");
-const QString silentEngine = QStringLiteral("127.20.23.2");
-const QString windowEngine = QStringLiteral("127.20.23.3");
+constexpr QLatin1String playingEngine("127.20.23.1");
+constexpr QLatin1String silentEngine("127.20.23.2");
+constexpr QLatin1String windowEngine("127.20.23.3");
 
 QProcessEnvironment environmentFor(const QString &engine)
 {
@@ -165,7 +165,7 @@ void tst_Demo::tourReportsAndTakesPictures()
 void tst_Demo::silentEngineIsAFailure()
 {
     QUdpSocket engine;
-    QVERIFY(engine.bind(QHostAddress(silentEngine), enginePort));
+    QVERIFY(engine.bind(QHostAddress(QString(silentEngine)), enginePort));
     Program demo(QStringLiteral(DEMO_PROGRAM), {QStringLiteral("--headless"), QStringLiteral("1")},
                  silentEngine);
     QVERIFY(demo.waitToEnd());
@@ -180,7 +180,7 @@ void tst_Demo::silentEngineIsAFailure()
 void tst_Demo::windowEndsOnSigterm()
 {
     QUdpSocket engine;
-    QVERIFY(engine.bind(QHostAddress(windowEngine), enginePort));
+    QVERIFY(engine.bind(QHostAddress(QString(windowEngine)), enginePort));
     Program demo(QStringLiteral(DEMO_PROGRAM), {QStringLiteral("--page"), QStringLiteral("mixer")},
                  windowEngine);
     // The screen asks the engine for its levels as soon as it is up.
