@@ -5,9 +5,8 @@
 #include "soundengine.h"
 
 #include <QCoreApplication>
+#include <QTextStream>
 #include <QTimer>
-
-#include <cstdio>
 
 using namespace simulated;
 
@@ -20,8 +19,9 @@ constexpr int exitViolations = 3;
 void print(const QString &line)
 {
     // Flushed line by line, since scripts wait for lines.
-    std::fputs(qPrintable(line + QLatin1Char('\n')), stdout);
-    std::fflush(stdout);
+    static QTextStream out(stdout);
+    out << line << '\n';
+    out.flush();
 }
 
 void printAll(const QStringList &lines)
@@ -32,7 +32,7 @@ void printAll(const QStringList &lines)
 
 void complain(const QString &line)
 {
-    std::fputs(qPrintable(QStringLiteral("zelta-engine-sim: ") + line + QLatin1Char('\n')), stderr);
+    QTextStream(stderr) << QStringLiteral("zelta-engine-sim: ") << line << '\n';
 }
 
 int refuse(const QString &line)
@@ -96,11 +96,12 @@ int main(int argc, char *argv[])
     engine.setStoreDirectory(options.storeDirectory);
     for (const QString &failure : qAsConst(options.failures))
         engine.setFailure(failure);
-    if (!engine.listen(options.address, options.port))
+    if (!engine.listen(options.address, options.port)) {
         return refuse(QStringLiteral("cannot listen on %1:%2: %3")
                           .arg(options.address.toString())
                           .arg(options.port)
                           .arg(engine.errorString()));
+    }
     report(&engine, options.verbose);
     if (options.modulePort != 0)
         engine.setModule(options.moduleAddress, options.modulePort);

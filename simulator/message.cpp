@@ -46,14 +46,16 @@ void addOnce(const QString &violation, Message *message)
 // Code index and status of an event have to be those of its kind on channel 10.
 void checkEvent(const MidiEvent &event, quint8 codeIndex, quint8 status, Message *message)
 {
-    if (event.codeIndex != codeIndex)
+    if (event.codeIndex != codeIndex) {
         addOnce(QStringLiteral("code index %1 where %2 belongs")
                     .arg(byteText(event.codeIndex), byteText(codeIndex)),
                 message);
-    if (event.status != status)
+    }
+    if (event.status != status) {
         addOnce(
             QStringLiteral("status %1, not %2 on channel 10").arg(byteText(event.status), byteText(status)),
             message);
+    }
 }
 
 Message decodeSingleEvent(const MidiEvent &event)
@@ -144,10 +146,11 @@ Message decodeSysEx(const QByteArray &datagram, int count)
         const int opensAt = i == 0 ? 0 : 3 * i - 1;
         const quint8 expected = expectedSysExCodeIndex(values - opensAt);
         const quint8 codeIndex = eventAt(datagram, i).codeIndex;
-        if (codeIndex != expected)
+        if (codeIndex != expected) {
             message.violations.append(QStringLiteral("SysEx event %1 has code index %2 instead of %3")
                                           .arg(i)
                                           .arg(byteText(codeIndex), byteText(expected)));
+        }
     }
     return message;
 }
@@ -305,11 +308,12 @@ Message decodeTransferData(const QByteArray &datagram)
     message.content = wordAt(datagram, 2);
     message.number = longAt(datagram, 4);
     message.payload = datagram.mid(10);
-    if (wordAt(datagram, 8) * 2 != message.payload.size())
+    if (wordAt(datagram, 8) * 2 != message.payload.size()) {
         return unreadable(QStringLiteral("data packet %1 announces %2 words and holds %3 bytes")
                               .arg(message.number)
                               .arg(wordAt(datagram, 8))
                               .arg(message.payload.size()));
+    }
     return message;
 }
 

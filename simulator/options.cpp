@@ -97,9 +97,10 @@ OptionsResult parseOptions(const QStringList &arguments, Options *options, QStri
                        .arg(parser.value(listen)));
     if (parser.isSet(module) &&
         (!readEndpoint(parser.value(module), &options->moduleAddress, &options->modulePort) ||
-         options->modulePort == 0))
+         options->modulePort == 0)) {
         return bad(QStringLiteral("--module takes an IPv4 address and a port, not \"%1\"")
                        .arg(parser.value(module)));
+    }
     if (parser.isSet(groove) && parser.isSet(noGroove))
         return bad(QStringLiteral("--groove and --no-groove exclude each other"));
 

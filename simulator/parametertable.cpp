@@ -266,12 +266,13 @@ ParameterInfo parameterInfo(quint8 msb, quint8 lsb)
     const auto found = global.constFind(key(msb, lsb));
     if (found != global.constEnd())
         return *found;
-    if (const PageRow *page = findPage(msb))
+    if (const PageRow *page = findPage(msb)) {
         return {QStringLiteral("%1 %2 %3")
                     .arg(QLatin1String(page->owner))
                     .arg(lsb)
                     .arg(QLatin1String(page->name)),
                 page->form};
+    }
     return {};
 }
 
@@ -279,10 +280,11 @@ QString parameterText(quint8 msb, quint8 lsb, quint8 value, int low)
 {
     const ParameterInfo info = parameterInfo(msb, lsb);
     QString text = info.name;
-    if (!info.isKnown())
+    if (!info.isKnown()) {
         text = QStringLiteral("parameter 0x%1/0x%2 value")
                    .arg(msb, 2, 16, QLatin1Char('0'))
                    .arg(lsb, 2, 16, QLatin1Char('0'));
+    }
     text += QLatin1Char(' ');
     if (low < 0)
         return text + QString::number(value);

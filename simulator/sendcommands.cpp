@@ -72,13 +72,14 @@ Run readStrike(Reader &reader)
     int velocity = 100;
     if (reader.count() > 1 && !reader.number(1, largestByte, &velocity))
         return {};
-    if (reader.arguments.at(0) == QLatin1String("all"))
+    if (reader.arguments.at(0) == QLatin1String("all")) {
         return sending([velocity](SoundEngine &engine) {
             bool sent = true;
             for (const Zone &zone : kitZones())
                 sent = engine.strike(zone.note, quint8(velocity)) && sent;
             return sent;
         });
+    }
     int note = 0;
     if (!readNote(reader, &note))
         return {};

@@ -425,10 +425,11 @@ void SoundEngine::take(const QByteArray &datagram)
     Q_EMIT datagramReceived(datagram);
 
     const Message message = decode(datagram);
-    for (const QString &problem : message.violations)
+    for (const QString &problem : message.violations) {
         addViolation(QStringLiteral("%1: %2%3")
                          .arg(problem, hexText(datagram.left(shownBytes)),
                               QLatin1String(datagram.size() > shownBytes ? " ..." : "")));
+    }
     // In words only for those who listen: ten thousand lines a second are work.
     static const QMetaMethod inWords = QMetaMethod::fromSignal(&SoundEngine::messageReceived);
     if (message.kind != Message::Kind::Unreadable && isSignalConnected(inWords))

@@ -20,11 +20,12 @@ Run readPads(Reader &)
 {
     return [](SoundEngine &) {
         QStringList lines;
-        for (const Zone &zone : kitZones())
+        for (const Zone &zone : kitZones()) {
             lines.append(QStringLiteral("%1 note %2 pad %3")
                              .arg(QLatin1String(zone.name))
                              .arg(zone.note)
                              .arg(zone.pad));
+        }
         return lines;
     };
 }

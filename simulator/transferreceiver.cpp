@@ -110,9 +110,9 @@ QString TransferReceiver::freeFileName(const Message &message) const
         slot = QStringLiteral("-slot%1").arg(message.slot);
     // Names from the wire never become file names.
     for (int number = m_files.size() + 1;; ++number) {
-        const QString name = QStringLiteral("%1-%2%3.bin")
-                                 .arg(number, 3, 10, QLatin1Char('0'))
-                                 .arg(tagText(message.content), slot);
+        QString name = QStringLiteral("%1-%2%3.bin")
+                           .arg(number, 3, 10, QLatin1Char('0'))
+                           .arg(tagText(message.content), slot);
         const QString path = m_directory + QLatin1Char('/') + name;
         if (!QFileInfo::exists(path) && !QFileInfo::exists(path + QLatin1String(".part")))
             return name;

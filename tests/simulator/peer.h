@@ -55,7 +55,8 @@ public:
     QList<QByteArray> take()
     {
         const QByteArray marker = hex("7E7E7E7E");
-        if (!m_engine->sendRaw(marker)) { // an engine that has vanished says nothing
+        // An engine that has vanished says nothing.
+        if (!m_engine->sendRaw(marker)) {
             QCoreApplication::processEvents();
             const QList<QByteArray> taken = received;
             received.clear();

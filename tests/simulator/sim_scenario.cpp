@@ -224,8 +224,9 @@ void SimScenario::refusesCommands_data()
                              "fail resend=x",
                              "param 1",
                              "param 256 0",
-                             "quit now"})
+                             "quit now"}) {
         QTest::newRow(qstrlen(line) > 0 ? line : "empty") << QString::fromLatin1(line);
+    }
 }
 
 void SimScenario::refusesCommands()
