@@ -34,7 +34,9 @@ void handle(QtMsgType type, const QMessageLogContext &context, const QString &me
         QMutexLocker lock(&complaints().mutex);
         complaints().texts.append(message);
     }
-    complaints().previous(type, context, message);
+    if (const QtMessageHandler previous = complaints().previous) {
+        previous(type, context, message);
+    }
 }
 
 } // namespace

@@ -14,6 +14,8 @@ constexpr int shellPatience = 30000;
 constexpr int shellPoll = 20;
 // Time for bindings, animations and the engine's reports to reach the picture.
 constexpr int settleTime = 180;
+// A touch may make new controls, which stand in their places only after the next frame.
+constexpr int layoutTime = 50;
 constexpr int moveSteps = 6;
 constexpr int moveTime = 12;
 constexpr int scenePatience = 1500;
@@ -96,7 +98,7 @@ void Tour::gesture(int page, int index)
         return;
     }
     drag(control->mapToScene(QPointF(control->width() / 2, control->height() / 2)), next.by, 0,
-         [this, page, index] { gesture(page, index + 1); });
+         [this, page, index] { after(layoutTime, [this, page, index] { gesture(page, index + 1); }); });
 }
 
 void Tour::drag(const QPointF &from, const QPointF &by, int move, std::function<void()> next)

@@ -13,9 +13,20 @@ constexpr int startPatience = 20000;
 constexpr int endPatience = 90000;
 constexpr quint16 enginePort = 19797;
 
-constexpr QLatin1String playingEngine("127.20.23.1");
-constexpr QLatin1String silentEngine("127.20.23.2");
-constexpr QLatin1String windowEngine("127.20.23.3");
+QString playingEngine()
+{
+    return QStringLiteral("127.20.23.1");
+}
+
+QString silentEngine()
+{
+    return QStringLiteral("127.20.23.2");
+}
+
+QString windowEngine()
+{
+    return QStringLiteral("127.20.23.3");
+}
 
 QProcessEnvironment environmentFor(const QString &engine)
 {
@@ -111,10 +122,10 @@ private Q_SLOTS:
 
 void tst_Demo::tourReportsAndTakesPictures()
 {
-    Program engine(
-        QStringLiteral(ENGINE_PROGRAM),
-        {QStringLiteral("--listen"), playingEngine, QStringLiteral("--groove"), QStringLiteral("--verbose")},
-        playingEngine);
+    Program engine(QStringLiteral(ENGINE_PROGRAM),
+                   {QStringLiteral("--listen"), playingEngine(), QStringLiteral("--groove"),
+                    QStringLiteral("--verbose")},
+                   playingEngine());
     QVERIFY2(engine.waitToSay(QStringLiteral("listening on")), qPrintable(engine.complained()));
 
     QTemporaryDir folder;
@@ -125,7 +136,7 @@ void tst_Demo::tourReportsAndTakesPictures()
     Program demo(QStringLiteral(DEMO_PROGRAM),
                  {QStringLiteral("--headless"), QStringLiteral("8"), QStringLiteral("--screenshots"),
                   folder.filePath(QStringLiteral("new/pictures")), QStringLiteral("--files"), folder.path()},
-                 playingEngine);
+                 playingEngine());
     QVERIFY(demo.waitToEnd());
     QCOMPARE(demo.exitStatus(), QProcess::NormalExit);
     QVERIFY2(demo.exitCode() == 0, qPrintable(demo.complained()));
@@ -165,9 +176,9 @@ void tst_Demo::tourReportsAndTakesPictures()
 void tst_Demo::silentEngineIsAFailure()
 {
     QUdpSocket engine;
-    QVERIFY(engine.bind(QHostAddress(QString(silentEngine)), enginePort));
+    QVERIFY(engine.bind(QHostAddress(silentEngine()), enginePort));
     Program demo(QStringLiteral(DEMO_PROGRAM), {QStringLiteral("--headless"), QStringLiteral("1")},
-                 silentEngine);
+                 silentEngine());
     QVERIFY(demo.waitToEnd());
     QCOMPARE(demo.exitStatus(), QProcess::NormalExit);
     QCOMPARE(demo.exitCode(), 1);
@@ -180,9 +191,9 @@ void tst_Demo::silentEngineIsAFailure()
 void tst_Demo::windowEndsOnSigterm()
 {
     QUdpSocket engine;
-    QVERIFY(engine.bind(QHostAddress(QString(windowEngine)), enginePort));
+    QVERIFY(engine.bind(QHostAddress(windowEngine()), enginePort));
     Program demo(QStringLiteral(DEMO_PROGRAM), {QStringLiteral("--page"), QStringLiteral("mixer")},
-                 windowEngine);
+                 windowEngine());
     // The screen asks the engine for its levels as soon as it is up.
     QTRY_VERIFY_WITH_TIMEOUT(engine.hasPendingDatagrams(), startPatience);
     QCOMPARE(demo.state(), QProcess::Running);
@@ -205,7 +216,7 @@ void tst_Demo::brokenModuleIsAFailure()
     Program demo(
         QStringLiteral(DEMO_PROGRAM),
         {QStringLiteral("--headless"), QStringLiteral("1"), QStringLiteral("--import"), folder.path()},
-        silentEngine);
+        silentEngine());
     QVERIFY(demo.waitToEnd());
     QCOMPARE(demo.exitStatus(), QProcess::NormalExit);
     QCOMPARE(demo.exitCode(), 1);
@@ -239,7 +250,7 @@ void tst_Demo::wrongOptionIsRefused()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QString, named);
-    Program demo(QStringLiteral(DEMO_PROGRAM), arguments, silentEngine);
+    Program demo(QStringLiteral(DEMO_PROGRAM), arguments, silentEngine());
     QVERIFY(demo.waitToEnd());
     QCOMPARE(demo.exitStatus(), QProcess::NormalExit);
     QCOMPARE(demo.exitCode(), 2);
@@ -261,7 +272,7 @@ void tst_Demo::helpAndVersion()
 {
     QFETCH(QString, option);
     QFETCH(QString, start);
-    Program demo(QStringLiteral(DEMO_PROGRAM), {option}, silentEngine);
+    Program demo(QStringLiteral(DEMO_PROGRAM), {option}, silentEngine());
     QVERIFY(demo.waitToEnd());
     QCOMPARE(demo.exitCode(), 0);
     QVERIFY2(demo.said().startsWith(start), qPrintable(demo.said()));
