@@ -60,6 +60,7 @@ const std::vector<WireRow> outputEqualizerRows{
     {"setMasterEqMid2Q", "0.1", "lowest", "494D0003 0BB96338 0BB96210 0BB90600"},
     {"setMasterEqMid2Q", "1.0", "rounded down", "494D0003 0BB96338 0BB96210 0BB9060E"},
     {"setMasterEqMid2Q", "8.0", "highest", "494D0003 0BB96338 0BB96210 0BB9067F"},
+    {"setMasterEqMid2Q", "0.05", "limited below", "494D0003 0BB96338 0BB96210 0BB90600"},
     {"setMasterEqMid2Q", "12.0", "limited", "494D0003 0BB96338 0BB96210 0BB9067F"},
     {"setMasterEqMid2Q", "NaN", "not a number", "494D0003 0BB96338 0BB96210 0BB90600"},
     {"setMasterEqHighFreq", "1000", "typical", "494D0004 0BB96338 0BB9620F 0BB92668 0BB90607"},

@@ -39,6 +39,7 @@ const std::vector<WireRow> padSoundRows{
     {"setInstrumentSecondCoarseTuning", "-65, 38", "wraps below", "494D0003 0BB96308 0BB96226 0BB906FF"},
     {"setInstrumentSecondCoarseTuning", "127, 38", "highest number", "494D0003 0BB96308 0BB96226 0BB906BF"},
     {"setInstrumentSecondCoarseTuning", "-128, 38", "lowest number", "494D0003 0BB96308 0BB96226 0BB906C0"},
+    {"setInstrumentSecondCoarseTuning", "0, 36", "middle of another pad", "494D0003 0BB96308 0BB96224 0BB90640"},
     {"setInstrumentSecondCoarseTuning", "0, 200", "note not limited", "494D0003 0BB96308 0BB962C8 0BB90640"},
     {"setInstrumentSecondFineTuning", "66, 51", "typical", "494D0003 0BB96309 0BB96233 0BB90642"},
     {"setInstrumentSecondFineTuning", "0, 0", "lowest", "494D0003 0BB96309 0BB96200 0BB90600"},
