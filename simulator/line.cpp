@@ -7,7 +7,7 @@ namespace simulated {
 namespace {
 
 // A module may send thousands of datagrams without a pause.
-constexpr int receiveBufferBytes = 8 * 1024 * 1024;
+constexpr int receiveBufferBytes = 32 * 1024 * 1024;
 
 // Datagrams read before timers get their turn again.
 constexpr int batch = 256;
