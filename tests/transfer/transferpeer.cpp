@@ -14,6 +14,9 @@ constexpr quint16 enginePort = 19797;
 constexpr quint16 lastPort = 19997;
 constexpr int receiveBufferBytes = 8 * 1024 * 1024;
 constexpr int pollMs = 20;
+constexpr int longPauseMs = 1500;
+constexpr int silenceMs = 1000;
+const char marker[] = "marker";
 
 int word(const QByteArray &bytes, int offset)
 {
@@ -40,6 +43,7 @@ TransferPeer::TransferPeer(const QString &address)
     }
     if (m_port == lastPort)
         qFatal("no free port at %s", qPrintable(address));
+    m_clock.start();
     m_thread = std::thread(&TransferPeer::serve, this);
 }
 
@@ -77,6 +81,12 @@ void TransferPeer::answerData(quint32 number, const EngineEvents &events)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_dataAnswers[number] = events;
+}
+
+void TransferPeer::answerPause(const EngineEvents &events)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_pauseAnswer = events;
 }
 
 void TransferPeer::watch(const std::function<void(const QByteArray &)> &watcher)
@@ -141,19 +151,42 @@ bool TransferPeer::waitForPrefix(const QByteArray &prefix, int timeoutMs) const
         timeoutMs);
 }
 
+bool TransferPeer::waitUntilCaughtUp(int timeoutMs)
+{
+    sockaddr_in own = {};
+    socklen_t ownLength = sizeof(own);
+    ::getsockname(m_socket, reinterpret_cast<sockaddr *>(&own), &ownLength);
+    const int markers = m_markers;
+    // Datagrams on the loopback network keep their order.
+    ::sendto(m_socket, marker, sizeof(marker), 0, reinterpret_cast<sockaddr *>(&own), ownLength);
+    return QTest::qWaitFor([&] { return m_markers > markers; }, timeoutMs);
+}
+
+bool TransferPeer::waitUntilSilent(int timeoutMs) const
+{
+    return QTest::qWaitFor([&] { return m_clock.elapsed() - m_lastDatagramMs > silenceMs; }, timeoutMs);
+}
+
 void TransferPeer::serve()
 {
     QByteArray buffer(65536, '\0');
     while (!m_ended) {
         pollfd descriptor = {m_socket, POLLIN, 0};
-        if (::poll(&descriptor, 1, pollMs) <= 0)
+        if (::poll(&descriptor, 1, pollMs) <= 0) {
+            reactToPause();
             continue;
+        }
         sockaddr_in sender = {};
         socklen_t senderLength = sizeof(sender);
         const ssize_t length = ::recvfrom(m_socket, buffer.data(), size_t(buffer.size()), 0,
                                           reinterpret_cast<sockaddr *>(&sender), &senderLength);
         if (length < 0)
             continue;
+        if (QByteArray::fromRawData(buffer.constData(), int(length)) == QByteArray(marker, sizeof(marker))) {
+            ++m_markers;
+            continue;
+        }
+        m_lastDatagramMs = m_clock.elapsed();
         {
             const std::lock_guard<std::mutex> lock(m_mutex);
             const char *raw = reinterpret_cast<const char *>(&sender);
@@ -161,6 +194,18 @@ void TransferPeer::serve()
         }
         react(QByteArray(buffer.constData(), int(length)));
     }
+}
+
+void TransferPeer::reactToPause()
+{
+    EngineEvents events;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_lastDataNumber < 0 || m_clock.elapsed() - m_lastDatagramMs < longPauseMs)
+            return;
+        events.swap(m_pauseAnswer);
+    }
+    raiseAll(events);
 }
 
 void TransferPeer::react(const QByteArray &datagram)

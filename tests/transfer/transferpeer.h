@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QElapsedTimer>
 #include <QString>
 #include <QVector>
 
@@ -41,6 +42,8 @@ public:
     void answerStart(const EngineEvents &events);
     /// What follows the data packet of that number, once.
     void answerData(quint32 number, const EngineEvents &events);
+    /// What is raised, once, in the first pause of the stream that lasts longer than a second and a half.
+    void answerPause(const EngineEvents &events);
     /// Sees every datagram in the peer's thread before it is answered.
     void watch(const std::function<void(const QByteArray &)> &watcher);
     /// Keeps data packets no longer; for transfers that are too large to hold.
@@ -54,12 +57,17 @@ public:
     bool waitForCount(int count, int timeoutMs) const;
     /// The same for a datagram that begins with those bytes.
     bool waitForPrefix(const QByteArray &prefix, int timeoutMs) const;
+    /// Waits until all that was sent to this peer up to now has been received.
+    bool waitUntilCaughtUp(int timeoutMs = 10000);
+    /// Waits until nothing has come for a second, longer than any pause between packets, resends apart.
+    bool waitUntilSilent(int timeoutMs = 60000) const;
     /// Number of the last data packet, -1 before the first.
     qint64 lastDataNumber() const { return m_lastDataNumber; }
 
 private:
     void serve();
     void react(const QByteArray &datagram);
+    void reactToPause();
     void raiseAll(const EngineEvents &events);
 
     QString m_address;
@@ -68,6 +76,9 @@ private:
     std::thread m_thread;
     std::atomic<bool> m_ended{false};
     std::atomic<qint64> m_lastDataNumber{-1};
+    std::atomic<qint64> m_lastDatagramMs{0};
+    std::atomic<int> m_markers{0};
+    QElapsedTimer m_clock;
 
     mutable std::mutex m_mutex;
     QVector<QByteArray> m_received;
@@ -76,6 +87,7 @@ private:
     std::map<quint32, EngineEvents> m_dataAnswers;
     EngineEvents m_startAnswer;
     EngineEvents m_endAnswer;
+    EngineEvents m_pauseAnswer;
     std::function<void(const QByteArray &)> m_watcher;
     bool m_keepsData = true;
 };

@@ -3,7 +3,6 @@
 #include "control/qconnectqmlplugin.h"
 
 #include <QTest>
-#include <QTimer>
 
 // The engine wants packets again. The stream pauses for four seconds before it starts over, so each case runs
 // all kinds of files at once.
@@ -12,7 +11,6 @@ namespace {
 
 constexpr quint16 dataAck = 0x4443;
 constexpr quint32 answeredPacket = 20;
-constexpr int withinPauseMs = 2500;
 
 } // namespace
 
@@ -32,19 +30,8 @@ private Q_SLOTS:
     void memoryFullDuringThePause();
 
 private:
-    void duringThePause(const RunningTransfers &all, const EngineEvent &event);
-
     TestFiles m_files;
 };
-
-// Raises an event once the first of the transfers has come to its pause, and the others with it.
-void tst_Resends::duringThePause(const RunningTransfers &all, const EngineEvent &event)
-{
-    QTimer::singleShot(withinPauseMs, this, [&all, event] {
-        for (const auto &running : all)
-            running->session.peer().raise(event);
-    });
-}
 
 void tst_Resends::resend_data()
 {
@@ -179,8 +166,8 @@ void tst_Resends::requestDuringThePause()
 {
     const RunningTransfers all = startAllKinds(m_files, [](TransferPeer &peer) {
         peer.answerData(answeredPacket, {{dataAck, 5, 0xBE}});
+        peer.answerPause({{dataAck, 2, 0xBE}});
     });
-    duringThePause(all, {dataAck, 2, 0xBE});
     for (const auto &running : all) {
         const TransferKind &kind = running->kind;
         QVERIFY2(running->session.settle(), kind.name);
@@ -199,8 +186,8 @@ void tst_Resends::refusalDuringThePause()
 {
     const RunningTransfers all = startAllKinds(m_files, [](TransferPeer &peer) {
         peer.answerData(answeredPacket, {{dataAck, 5, 0xBE}});
+        peer.answerPause({{dataAck, 0, 0xE0}});
     });
-    duringThePause(all, {dataAck, 0, 0xE0});
     for (const auto &running : all) {
         const TransferKind &kind = running->kind;
         QVERIFY2(running->session.settle(), kind.name);
@@ -218,8 +205,8 @@ void tst_Resends::memoryFullDuringThePause()
 {
     const RunningTransfers all = startAllKinds(m_files, [](TransferPeer &peer) {
         peer.answerData(answeredPacket, {{dataAck, 5, 0xBE}});
+        peer.answerPause({{dataAck, 0, 0xE1}});
     });
-    duringThePause(all, {dataAck, 0, 0xE1});
     // A task that is queued takes an abort back, so settling has to wait until the abort has had its effect.
     for (const auto &running : all) {
         const TransferKind &kind = running->kind;

@@ -110,12 +110,7 @@ void tst_TransferFiles::shrinking()
         QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 30; }, 5000));
         const int shrunk = kind.chunkBytes * 10;
         QVERIFY(QFile::resize(path, shrunk));
-        // The stream ends by itself, and the thread with it.
-        qint64 last = -1;
-        do {
-            last = session.peer().lastDataNumber();
-            QTest::qWait(150);
-        } while (last != session.peer().lastDataNumber());
+        QVERIFY2(session.peer().waitUntilSilent(), kind.name);
 
         const FileStream stream(session.peer().received(), kind.content);
         const int packets = stream.numbers.size();
@@ -274,4 +269,4 @@ void tst_TransferFiles::bluetoothFiles()
 }
 
 QTEST_GUILESS_MAIN(tst_TransferFiles)
-#include "tst_transferfiles.moc"
+#include "tst_files.moc"

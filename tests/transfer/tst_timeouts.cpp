@@ -152,4 +152,4 @@ void tst_TransferTimeouts::outcome()
 }
 
 QTEST_GUILESS_MAIN(tst_TransferTimeouts)
-#include "tst_transfertimeouts.moc"
+#include "tst_timeouts.moc"

@@ -185,4 +185,4 @@ void tst_TransferEngine::neverStarted()
 }
 
 QTEST_GUILESS_MAIN(tst_TransferEngine)
-#include "tst_transferengine.moc"
+#include "tst_enginesignals.moc"

@@ -167,4 +167,4 @@ void tst_DataPacket::checksum()
 }
 
 QTEST_APPLESS_MAIN(tst_DataPacket)
-#include "tst_datapacket.moc"
+#include "tst_packet.moc"

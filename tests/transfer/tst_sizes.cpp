@@ -150,4 +150,4 @@ void tst_TransferSizes::emptyFile()
 }
 
 QTEST_GUILESS_MAIN(tst_TransferSizes)
-#include "tst_transfersizes.moc"
+#include "tst_sizes.moc"

@@ -273,4 +273,4 @@ void tst_TransferQueue::checkDuringATransfer()
 }
 
 QTEST_GUILESS_MAIN(tst_TransferQueue)
-#include "tst_transferqueue.moc"
+#include "tst_queue.moc"

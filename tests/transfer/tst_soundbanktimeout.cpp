@@ -1,0 +1,60 @@
+#include "session.h"
+#include "transferkinds.h"
+
+#include "control/qconnectqmlplugin.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTest>
+
+// A sound bank is programmed into flash before its end is acknowledged. That may take ten minutes.
+
+namespace {
+
+constexpr int endWaitMs = 600000;
+constexpr int toleranceMs = 5000;
+
+} // namespace
+
+class tst_SoundBankTimeout : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void endAcknowledgement();
+};
+
+// One engine never answers, the other one a moment before the time is over.
+void tst_SoundBankTimeout::endAcknowledgement()
+{
+    const TestFiles files;
+    const TransferKind soundBank = quickKinds().at(1);
+    const QString path = files.write(soundBank.fileName, soundBank.file(100));
+    Session silent;
+    Session late;
+    silent.peer().answerEnd({});
+    late.peer().answerEnd({});
+    QElapsedTimer clock;
+    clock.start();
+    soundBank.send(silent.plugin(), path);
+    soundBank.send(late.plugin(), path);
+
+    QVERIFY(!late.waitFor(soundBank.completed(0).first(), endWaitMs - toleranceMs));
+    late.peer().raise({0x4445, 0, 0});
+    QVERIFY(late.waitFor(soundBank.completed(0).first(), toleranceMs));
+    QVERIFY(silent.waitFor(soundBank.completed(0xFF).first(), 2 * toleranceMs));
+    QVERIFY(clock.elapsed() >= endWaitMs);
+    QCOMPARE(late.differenceWhenSettled(soundBank.progressed(1) + soundBank.completed(0)), QString());
+    QCOMPARE(silent.differenceWhenSettled(soundBank.progressed(1) + soundBank.completed(0xFF)), QString());
+}
+
+int main(int argc, char **argv)
+{
+    // Qt Test ends a function after five minutes otherwise.
+    qputenv("QTEST_FUNCTION_TIMEOUT", "900000");
+    QCoreApplication application(argc, argv);
+    tst_SoundBankTimeout test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_soundbanktimeout.moc"
