@@ -1,0 +1,16 @@
+#include "fuzz/support/require.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace fuzz {
+
+void require(bool condition, const char *what)
+{
+    if (condition)
+        return;
+    std::fprintf(stderr, "fuzz: not as it must be: %s\n", what);
+    std::abort();
+}
+
+} // namespace fuzz
