@@ -44,7 +44,7 @@ void qconnectfirmware::reportZeltaFirmwareEnd(bool failed, int fileVersion)
         m_zeltaVersion = fileVersion;
         // Posted like the signals below, so that the two keep their order and QML's handlers run in the
         // thread of QML.
-        QMetaObject::invokeMethod(m_plugin, &QConnectQmlPlugin::zeltaVersionChanged, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(m_plugin, "zeltaVersionChanged", Qt::QueuedConnection);
         Q_EMIT zeltaFwUpdateDone();
     }
     Q_EMIT internalUpdateFinished();

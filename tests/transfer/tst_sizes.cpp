@@ -4,7 +4,10 @@
 
 #include "control/qconnectqmlplugin.h"
 
+#include <QElapsedTimer>
 #include <QTest>
+
+#include <algorithm>
 
 namespace {
 
@@ -19,6 +22,8 @@ class tst_TransferSizes : public QObject
 private Q_SLOTS:
     void everySize_data();
     void everySize();
+    void pauses_data();
+    void pauses();
     void soundBankOf1025Bytes();
     void sampleOf3Bytes();
     void emptyFile();
@@ -96,6 +101,49 @@ void tst_TransferSizes::everySize()
         QCOMPARE(session.seen(), kind.before + kind.progressed(packets) + kind.completed(0) +
                                      QStringList{Session::settled()});
     }
+}
+
+void tst_TransferSizes::pauses_data()
+{
+    QTest::addColumn<TransferKind>("kind");
+    QTest::addColumn<int>("pauseMs");
+
+    const QVector<int> pauses = {10, 7, 15, 7, 7, 1};
+    const QVector<TransferKind> kinds = quickKinds();
+    for (int i = 0; i < kinds.size(); ++i)
+        QTest::newRow(kinds.at(i).name) << kinds.at(i) << pauses.at(i);
+}
+
+// Ten packets, a pause. A busy machine stretches and squeezes single gaps, so the middle one of many counts.
+void tst_TransferSizes::pauses()
+{
+    QFETCH(const TransferKind, kind);
+    QFETCH(const int, pauseMs);
+
+    QVector<qint64> arrivals;
+    Session session;
+    answerOldVersions(session.peer());
+    QElapsedTimer clock;
+    clock.start();
+    session.peer().watch([&](const QByteArray &datagram) {
+        if (datagram.startsWith("DC"))
+            arrivals.append(clock.nsecsElapsed());
+    });
+    kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(kind.chunkBytes * 1005)));
+    QVERIFY(session.settle());
+    session.peer().watch({});
+
+    QVector<qint64> pausedGaps;
+    QVector<qint64> otherGaps;
+    for (int i = 1; i < arrivals.size(); ++i)
+        (i % 10 == 0 ? pausedGaps : otherGaps).append(arrivals.at(i) - arrivals.at(i - 1));
+    QCOMPARE(pausedGaps.size(), 100);
+    std::sort(pausedGaps.begin(), pausedGaps.end());
+    std::sort(otherGaps.begin(), otherGaps.end());
+    const qint64 pauseNs = pauseMs * 1000000LL;
+    QVERIFY2(pausedGaps.at(50) > pauseNs * 9 / 10, QByteArray::number(pausedGaps.at(50)));
+    QVERIFY2(otherGaps.at(450) < pauseNs / 2, QByteArray::number(otherGaps.at(450)));
+    QVERIFY(arrivals.last() - arrivals.first() >= 100 * pauseNs * 9 / 10);
 }
 
 void tst_TransferSizes::soundBankOf1025Bytes()
