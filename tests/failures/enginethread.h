@@ -1,0 +1,49 @@
+#pragma once
+
+#include "simulator/soundengine.h"
+
+#include <QThread>
+
+#include <functional>
+
+/// The thread in which all simulated engines of a test program live, so that what the module does in the
+/// thread of QML cannot hold their answers up.
+class EngineThread
+{
+public:
+    EngineThread();
+    ~EngineThread();
+    Q_DISABLE_COPY(EngineThread)
+
+    /// Runs a function in the thread and waits for it.
+    void run(const std::function<void()> &function);
+
+private:
+    QThread m_thread;
+    QObject m_context;
+};
+
+/// A simulated engine in that thread. Everything here may be called from the thread of the test.
+class RemoteEngine
+{
+public:
+    /// Listens at the address, port 19797, and makes it the engine of the control objects made from now on.
+    RemoteEngine(EngineThread &thread, const QString &address);
+    ~RemoteEngine();
+    Q_DISABLE_COPY(RemoteEngine)
+
+    /// Switches a failure mode on, in the words of the simulator. False when it knows no such mode.
+    bool fail(const QString &mode);
+    void clearFailures();
+    /// Switches the failures off as soon as the first query has been dealt with.
+    void clearFailuresAfterQuery();
+
+    QVector<SoundEngine::ReceivedFile> files();
+    QStringList violations();
+    /// Datagrams that have been heard.
+    quint64 heard();
+
+private:
+    EngineThread &m_thread;
+    SoundEngine *m_engine = nullptr;
+};

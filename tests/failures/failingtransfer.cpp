@@ -1,0 +1,178 @@
+#include "failingtransfer.h"
+
+#include "control/qconnectqmlplugin.h"
+
+#include <QFile>
+
+using Outcome = simulated::ReceivedFile::Outcome;
+
+namespace {
+
+// After that long without a datagram no data is on its way any more: between two packets of one file there
+// are at most 15 ms, unless the engine has asked for a resend.
+constexpr int quietMs = 1000;
+constexpr int resendPauseMs = 4000;
+
+bool isProgress(const QByteArray &name)
+{
+    return name == "soundProgressChanged" || name == "triggerProgressChanged" ||
+           name == "btfwProgressChanged" || name == "waveTransferProgress";
+}
+
+} // namespace
+
+FailingTransfer::FailingTransfer(EngineThread &thread, const QString &address, const TransferKind &kind,
+                                 const QString &mode, const QString &path, int timeoutMs)
+    : m_kind(kind)
+    , m_mode(mode.section(QLatin1Char('='), 0, 0))
+    , m_modeText(mode)
+    , m_path(path)
+    , m_expectation(*expectationOf(m_mode))
+    , m_timeoutMs(timeoutMs)
+    , m_engine(thread, address)
+    , m_plugin(std::make_unique<QConnectQmlPlugin>())
+    , m_recorder(std::make_unique<testsupport::SignalRecorder>(m_plugin.get()))
+{}
+
+FailingTransfer::~FailingTransfer() = default;
+
+void FailingTransfer::start()
+{
+    if (!m_engine.fail(m_modeText))
+        qFatal("%s is no failure mode", qPrintable(m_modeText));
+    if (isAboutQueries(m_mode))
+        m_engine.clearFailuresAfterQuery();
+    m_kind.send(*m_plugin, m_path);
+    // An engine that has gone would not answer the next task; that one comes when it is back.
+    m_nextQueued = m_mode != QLatin1String("vanish");
+    if (m_nextQueued)
+        m_plugin->requestHHRawValue();
+    m_since.start();
+    m_quietSince.start();
+}
+
+bool FailingTransfer::isOver()
+{
+    return advance() || m_since.hasExpired(m_timeoutMs);
+}
+
+bool FailingTransfer::advance()
+{
+    switch (m_stage) {
+    case Stage::Sending:
+        if (!m_nextQueued && hasCompleted()) {
+            m_engine.clearFailures();
+            m_plugin->requestHHRawValue();
+            m_nextQueued = true;
+        } else if (saw("hihatRawValueChanged")) {
+            m_nextRanTooEarly = m_expectation.leavesNextTask();
+            m_stage = Stage::Over;
+        } else if (m_expectation.leavesNextTask() && engineIsQuiet()) {
+            // Whatever is queued now starts the thread again, and the task that was left runs first.
+            m_plugin->requestSoundBankVersion();
+            m_stage = Stage::TaskLeft;
+        }
+        return false;
+    case Stage::TaskLeft:
+        if (saw("soundbankVersionChanged"))
+            m_stage = Stage::Over;
+        return false;
+    case Stage::Over:
+        // An answer that is late comes when all is over.
+        return m_mode != QLatin1String("late-query-reply") || saw("triggerVersionChanged") ||
+               saw("zeltaVersionChanged");
+    }
+    return true;
+}
+
+bool FailingTransfer::saw(const char *signal) const
+{
+    return m_recorder->count(signal) > 0;
+}
+
+bool FailingTransfer::hasCompleted() const
+{
+    const QString last = m_expectation.signalsOf(m_kind, m_mode).last();
+    return m_recorder->texts().contains(last);
+}
+
+bool FailingTransfer::engineIsQuiet()
+{
+    const quint64 heard = m_engine.heard();
+    if (heard != m_heard) {
+        m_heard = heard;
+        m_quietSince.start();
+    }
+    return m_quietSince.hasExpired(m_expectation.resends > 0 ? resendPauseMs + quietMs : quietMs);
+}
+
+QStringList FailingTransfer::seen() const
+{
+    const QList<testsupport::RecordedSignal> recorded = m_recorder->recorded();
+    const QStringList texts = m_recorder->texts();
+    QStringList result;
+    for (int i = 0; i < recorded.size() && i < texts.size(); ++i) {
+        const QByteArray &name = recorded.at(i).name;
+        // Every answer of the engine is passed on as it is.
+        if (name == "udpPacketArrived")
+            continue;
+        const QString text = isProgress(name) ? QString::fromLatin1(name) : texts.at(i);
+        if (!isProgress(name) || result.isEmpty() || result.last() != text)
+            result.append(text);
+    }
+    return result;
+}
+
+QString FailingTransfer::signalVerdict() const
+{
+    QStringList expected = m_expectation.signalsOf(m_kind, m_mode);
+    expected.append(QStringLiteral("hihatRawValueChanged(512)"));
+    if (m_expectation.leavesNextTask())
+        expected.append(QStringLiteral("soundbankVersionChanged()"));
+    if (m_mode == QLatin1String("late-query-reply"))
+        expected.append(m_kind.before.first());
+    const QStringList actual = seen();
+    if (actual == expected)
+        return {};
+    return QStringLiteral("expected %1\n     got %2")
+        .arg(expected.join(QLatin1Char(' ')), actual.join(QLatin1Char(' ')));
+}
+
+QString FailingTransfer::fileVerdict()
+{
+    QFile file(m_path);
+    if (!file.open(QIODevice::ReadOnly))
+        return QStringLiteral("the file is gone");
+    const QVector<SoundEngine::ReceivedFile> files = m_engine.files();
+    const bool arrived = files.size() == 1 && files.first().outcome == Outcome::Whole;
+    if (arrived && files.first().data != file.readAll())
+        return QStringLiteral("the engine took another file than the one that was sent");
+    if (m_expectation.end == Expectation::End::Varies) {
+        // A success is the end acknowledged without error; imports report an end that nobody acknowledged
+        // with the same status.
+        const QStringList texts = m_recorder->texts();
+        const bool reported = texts.contains(m_kind.completed(0).last()) ||
+                              texts.contains(m_kind.completed(0, 1).last()) ||
+                              texts.contains(m_kind.completed(0, 2).last());
+        const bool acknowledged = texts.contains(QStringLiteral("udpPacketArrived(17477, 0, 0)"));
+        return reported && acknowledged && !arrived ? QStringLiteral("a false success") : QString();
+    }
+    // What is taken whole but not acknowledged is whole all the same.
+    const bool mayArrive = m_mode == QLatin1String("no-end-ack");
+    if (arrived != (m_expectation.arrivesWhole() || mayArrive))
+        return arrived ? QStringLiteral("the file arrived") : QStringLiteral("the file did not arrive");
+    const QStringList violations = m_engine.violations();
+    return violations.isEmpty() ? QString() : violations.join(QLatin1Char('\n'));
+}
+
+QString FailingTransfer::verdict()
+{
+    if (m_stage != Stage::Over)
+        return QStringLiteral("not over after %1 ms; seen: %2")
+            .arg(m_timeoutMs)
+            .arg(seen().join(QLatin1Char(' ')));
+    if (m_nextRanTooEarly)
+        return QStringLiteral("the next task ran, which had to stay queued");
+    const QString signalProblem = m_expectation.end == Expectation::End::Varies ? QString() : signalVerdict();
+    return signalProblem.isEmpty() ? fileVerdict() : signalProblem;
+}

@@ -1,0 +1,147 @@
+// Every failure mode that the simulator knows, with every kind of file: what QML sees, what the engine gets,
+// and what becomes of the next task.
+
+#include "failingtransfer.h"
+
+#include "simulator/failures.h"
+#include "transfer/session.h"
+
+#include <QTest>
+
+namespace {
+
+// So many at once; nearly all of their time is waiting.
+constexpr int atOnce = 32;
+
+#ifdef ZELTACONNECT_LONG_CASES
+// The end of a sound bank is waited for for ten minutes.
+constexpr int timeoutMs = 700000;
+constexpr int firstAddress = 160;
+constexpr bool takesLong = true;
+#else
+constexpr int timeoutMs = 60000;
+constexpr int firstAddress = 120;
+constexpr bool takesLong = false;
+#endif
+
+struct Case
+{
+    TransferKind kind;
+    QString mode;
+};
+
+// As many packets as take about a second, so that what the engine says finds the sender at work; after every
+// tenth packet there is a pause of 1 to 15 ms by kind.
+int packetsOf(const TransferKind &kind)
+{
+    const QByteArray content = kind.content;
+    if (content == "BF")
+        return 6000;
+    if (content == "TF" || content == "FW")
+        return 1000;
+    return content == "TB" ? 700 : 1400;
+}
+
+// The mode with its number, where the simulator's own choice does not suit these files.
+QString modeText(const Case &item)
+{
+    // Every gap costs four seconds: one or two of them will do.
+    if (item.mode == QLatin1String("drop") || item.mode == QLatin1String("reorder"))
+        return QStringLiteral("%1=%2").arg(item.mode).arg(packetsOf(item.kind) * 2 / 3);
+    // When all else is over, so that the order is certain.
+    if (item.mode == QLatin1String("late-query-reply"))
+        return item.mode + (takesLong ? QStringLiteral("=50000") : QStringLiteral("=27000"));
+    return item.mode;
+}
+
+QString nameOf(const Case &item)
+{
+    return QStringLiteral("%1, %2").arg(item.mode, QLatin1String(item.kind.name));
+}
+
+// Engine firmware holds its sender up for another twenty seconds, an unacknowledged sound bank for minutes.
+bool isLong(const Case &item)
+{
+    const QByteArray content = item.kind.content;
+    return content == "FW" ||
+           (content == "SB" && (item.mode == QLatin1String("no-end-ack") ||
+                                item.mode == QLatin1String("vanish") || item.mode == QLatin1String("drop")));
+}
+
+QVector<Case> allCases()
+{
+    QVector<TransferKind> kinds = quickKinds();
+    kinds.append(zeltaFirmwareKind());
+    QVector<Case> cases;
+    for (const simulated::FailureMode &mode : simulated::failureModes()) {
+        for (const TransferKind &kind : qAsConst(kinds)) {
+            const Case item{kind, QLatin1String(mode.name)};
+            if (isAboutQueries(item.mode) && kind.before.isEmpty())
+                continue;
+            if (expectationOf(item.mode) && isLong(item) == takesLong)
+                cases.append(item);
+        }
+    }
+    return cases;
+}
+
+} // namespace
+
+class tst_FailureModes : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyModeHasAnExpectation();
+    void transfers_data();
+    void transfers();
+
+private:
+    TestFiles m_files;
+    QVector<Case> m_cases;
+    QStringList m_verdicts;
+};
+
+void tst_FailureModes::everyModeHasAnExpectation()
+{
+    for (const simulated::FailureMode &mode : simulated::failureModes())
+        QVERIFY2(expectationOf(QLatin1String(mode.name)), mode.name);
+}
+
+// All of them run here, side by side; the rows then tell what came of each.
+void tst_FailureModes::transfers_data()
+{
+    QTest::addColumn<QString>("verdict");
+
+    m_cases = allCases();
+    QStringList paths;
+    for (const Case &item : qAsConst(m_cases)) {
+        const QString name =
+            QStringLiteral("%1/%2").arg(QLatin1String(item.kind.content), item.kind.fileName);
+        paths.append(m_files.write(name, item.kind.file(packetsOf(item.kind) * item.kind.chunkBytes - 1)));
+    }
+    QVector<QString> verdicts(m_cases.size());
+    EngineThread thread;
+    runCrowd(
+        m_cases.size(), atOnce,
+        [&](int index, int place) {
+            const Case &item = m_cases.at(index);
+            const QString address = QStringLiteral("127.20.27.%1").arg(firstAddress + place);
+            return std::make_unique<FailingTransfer>(thread, address, item.kind, modeText(item),
+                                                     paths.at(index), timeoutMs);
+        },
+        [&](int index, CrowdMember &member) {
+            verdicts[index] = static_cast<FailingTransfer &>(member).verdict();
+        });
+    for (int i = 0; i < m_cases.size(); ++i)
+        QTest::newRow(qPrintable(nameOf(m_cases.at(i)))) << verdicts.at(i);
+}
+
+void tst_FailureModes::transfers()
+{
+    QFETCH(const QString, verdict);
+    QVERIFY2(verdict.isEmpty(), qPrintable(verdict));
+}
+
+QTEST_GUILESS_MAIN(tst_FailureModes)
+#include "tst_failuremodes.moc"
