@@ -29,21 +29,33 @@ void EngineThread::run(const std::function<void()> &function)
 
 RemoteEngine::RemoteEngine(EngineThread &thread, const QString &address)
     : m_thread(thread)
+    , m_address(address)
 {
-    m_thread.run([&] {
-        m_engine = new SoundEngine;
-        m_engine->setVersion(SoundEngine::Version::SoundEngine, 1, 4);
-        m_engine->setVersion(SoundEngine::Version::TriggerBoard, 1, 4);
-        QElapsedTimer waiting;
-        waiting.start();
-        // The same test may run in another build tree on this machine.
-        while (!m_engine->listen(QHostAddress(address))) {
-            if (waiting.hasExpired(addressWaitMs))
-                qFatal("%s: %s", qPrintable(address), qPrintable(m_engine->errorString()));
-            QThread::msleep(20);
-        }
-    });
+    m_thread.run([this] { listen(); });
     qputenv("ZELTACONNECT_ENGINE", address.toLatin1());
+}
+
+void RemoteEngine::replace()
+{
+    m_thread.run([this] {
+        delete m_engine;
+        listen();
+    });
+}
+
+void RemoteEngine::listen()
+{
+    m_engine = new SoundEngine;
+    m_engine->setVersion(SoundEngine::Version::SoundEngine, 1, 4);
+    m_engine->setVersion(SoundEngine::Version::TriggerBoard, 1, 4);
+    QElapsedTimer waiting;
+    waiting.start();
+    // The same test may run in another build tree on this machine.
+    while (!m_engine->listen(QHostAddress(m_address))) {
+        if (waiting.hasExpired(addressWaitMs))
+            qFatal("%s: %s", qPrintable(m_address), qPrintable(m_engine->errorString()));
+        QThread::msleep(20);
+    }
 }
 
 RemoteEngine::~RemoteEngine()

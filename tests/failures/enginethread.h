@@ -32,6 +32,9 @@ public:
     ~RemoteEngine();
     Q_DISABLE_COPY(RemoteEngine)
 
+    /// Another engine at the same address, which knows nothing of what was.
+    void replace();
+
     /// Switches a failure mode on, in the words of the simulator. False when it knows no such mode.
     bool fail(const QString &mode);
     void clearFailures();
@@ -44,6 +47,9 @@ public:
     quint64 heard();
 
 private:
+    void listen();
+
     EngineThread &m_thread;
+    const QString m_address;
     SoundEngine *m_engine = nullptr;
 };

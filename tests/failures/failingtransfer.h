@@ -36,6 +36,7 @@ private:
     bool hasCompleted() const;
     bool engineIsQuiet();
     QStringList seen() const;
+    QStringList expectedSignals() const;
     QString signalVerdict() const;
     QString fileVerdict();
 
