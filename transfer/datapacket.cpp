@@ -49,6 +49,7 @@ void DATA_PACKET::setFileName(const QString &name)
 
 void DATA_PACKET::setData(unsigned int number, const QByteArray &chunk)
 {
+    m_bytes.reserve(dataHeaderLength + chunk.size());
     m_bytes.resize(dataHeaderLength);
     qToBigEndian(quint32(number), m_bytes.data() + numberOffset);
     qToBigEndian(quint16(chunk.size() / 2), m_bytes.data() + lengthOffset);

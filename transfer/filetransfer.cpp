@@ -117,6 +117,7 @@ quint32 qconnectfirmware::sendData(QFile &file, qint64 announcedSize, const Firm
     };
 
     quint32 checksum = 0;
+    qint64 size = announcedSize;
     while (!atEnd() && !m_abortRequested && !m_stopRequested) {
         DATA_PACKET packet(zelta::dataPacketKind, traits.content);
         if (!prepareData(file, traits.chunkBytes))
@@ -142,7 +143,10 @@ quint32 qconnectfirmware::sendData(QFile &file, qint64 announcedSize, const Firm
 
         if (m_currentPacket % packetsPerPause == 0)
             msleep(traits.pauseMs);
-        const qint64 size = qMax(announcedSize, file.size()); // the file may grow
+        // The file may grow. Asking the file system for every packet would make the stream slower than its
+        // pauses, so it is asked where the known size is exceeded.
+        if (file.pos() > size)
+            size = qMax(size, file.size());
         if (size > 0)
             reportProgress(task, qreal(file.pos()) / qreal(size));
     }
