@@ -64,6 +64,28 @@ void printHeading(const QString &title)
     out().flush();
 }
 
+namespace {
+
+bool printRow(const Goal &goal, const QString &unit, double product, double partner, const QString &compared,
+              double value)
+{
+    const bool met = goal.atMost ? value <= goal.limit : value >= goal.limit;
+    out() << QStringLiteral("%1 %2 %3 %4 %5 %6\n")
+                 .arg(goal.name, -44)
+                 .arg(QStringLiteral("%1 %2").arg(product, 0, 'f', 2).arg(unit), 14)
+                 .arg(QStringLiteral("%1 %2").arg(partner, 0, 'f', 2).arg(unit), 14)
+                 .arg(compared, 7)
+                 .arg(QStringLiteral("%1 %2")
+                          .arg(goal.atMost ? QStringLiteral("<=") : QStringLiteral(">="))
+                          .arg(goal.limit),
+                      9)
+                 .arg(met ? QStringLiteral("met") : QStringLiteral("MISSED"));
+    out().flush();
+    return met;
+}
+
+} // namespace
+
 bool judge(const Goal &goal, int rounds, const QString &unit, const std::function<double()> &product,
            const std::function<double()> &partner)
 {
@@ -76,19 +98,13 @@ bool judge(const Goal &goal, int rounds, const QString &unit, const std::functio
         ratios.push_back(products.back() / partners.back());
     }
     const double ratio = median(ratios);
-    const bool met = goal.atMost ? ratio <= goal.limit : ratio >= goal.limit;
-    out() << QStringLiteral("%1 %2 %3 %4 %5 %6\n")
-                 .arg(goal.name, -44)
-                 .arg(QStringLiteral("%1 %2").arg(median(products), 0, 'f', 2).arg(unit), 14)
-                 .arg(QStringLiteral("%1 %2").arg(median(partners), 0, 'f', 2).arg(unit), 14)
-                 .arg(ratio, 7, 'f', 3)
-                 .arg(QStringLiteral("%1 %2")
-                          .arg(goal.atMost ? QStringLiteral("<=") : QStringLiteral(">="))
-                          .arg(goal.limit),
-                      9)
-                 .arg(met ? QStringLiteral("met") : QStringLiteral("MISSED"));
-    out().flush();
-    return met;
+    return printRow(goal, unit, median(products), median(partners), QString::number(ratio, 'f', 3), ratio);
+}
+
+bool judgeDifference(const Goal &goal, const QString &unit, double product, double partner)
+{
+    const double difference = product - partner;
+    return printRow(goal, unit, product, partner, QString::number(difference, 'f', 0), difference);
 }
 
 } // namespace benchmark

@@ -30,6 +30,9 @@ struct Goal
 bool judge(const Goal &goal, int rounds, const QString &unit, const std::function<double()> &product,
            const std::function<double()> &partner);
 
+/// The same for one measurement of each side whose difference counts; prints the difference for a ratio.
+bool judgeDifference(const Goal &goal, const QString &unit, double product, double partner);
+
 /// Heading of the rows that judge() prints.
 void printHeading(const QString &title);
 

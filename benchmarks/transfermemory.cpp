@@ -1,0 +1,80 @@
+// The most memory that the process ever holds, with a transfer of 256 MiB and with one of 1 MiB. Bluetooth
+// files have the shortest pauses; even so the large one takes a minute.
+
+#include "benchmarks/ratio.h"
+#include "benchmarks/streamwatch.h"
+#include "control/qconnectqmlplugin.h"
+
+#include <QEventLoop>
+#include <QFile>
+#include <QGuiApplication>
+#include <QProcess>
+#include <QTemporaryFile>
+
+#include <cstdio>
+
+namespace {
+
+constexpr qint64 mebibyte = 1024 * 1024;
+constexpr qint64 smallFile = mebibyte;
+constexpr qint64 largeFile = 256 * mebibyte;
+constexpr double mostMoreKiB = 1024;
+
+qint64 peakKiB()
+{
+    QFile file(QStringLiteral("/proc/self/status"));
+    if (!file.open(QIODevice::ReadOnly))
+        return -1;
+    for (const QByteArray &line : file.readAll().split('\n')) {
+        if (line.startsWith("VmHWM:"))
+            return line.simplified().split(' ').at(1).toLongLong();
+    }
+    return -1;
+}
+
+// In a process of its own: sends a file of that size and prints the peak.
+int sendFile(qint64 size)
+{
+    StreamWatch engine("127.20.26.7");
+    QConnectQmlPlugin module;
+    QTemporaryFile file;
+    if (!file.open() || !file.resize(size))
+        qFatal("cannot make a file of %lld bytes", size);
+    QEventLoop loop;
+    bool sent = false;
+    QObject::connect(&module, &QConnectQmlPlugin::bluetoothTransferComplete, &loop, [&](quint16 status) {
+        sent = status == 0;
+        loop.quit();
+    });
+    module.sendBtFw(file.fileName());
+    loop.exec();
+    std::printf("%lld\n", peakKiB());
+    return sent ? 0 : 1;
+}
+
+double peakOfTransfer(qint64 size)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(QCoreApplication::applicationFilePath(), {QString::number(size)});
+    if (!process.waitForFinished(-1) || process.exitCode() != 0)
+        qFatal("the transfer of %lld bytes failed", size);
+    return process.readAllStandardOutput().trimmed().toDouble();
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QGuiApplication application(argc, argv);
+    if (argc > 1)
+        return sendFile(QByteArray(argv[1]).toLongLong());
+
+    benchmark::printHeading(QStringLiteral("Memory of a transfer"));
+    const double small = peakOfTransfer(smallFile);
+    const double large = peakOfTransfer(largeFile);
+    const bool met =
+        benchmark::judgeDifference({QStringLiteral("256 MiB file - 1 MiB file"), mostMoreKiB, true},
+                                   QStringLiteral("KiB"), large, small);
+    return met ? 0 : 1;
+}
