@@ -118,7 +118,6 @@ void PingTest::answerOnAttempt()
     QCOMPARE(ping.calls().constLast(), QStringLiteral("-c 1 127.20.21.107"));
     // A second's pause before each further attempt.
     QVERIFY2(elapsed >= (attempts - 1) * 1000, qPrintable(QString::number(elapsed)));
-    QVERIFY2(elapsed < attempts * 1000, qPrintable(QString::number(elapsed)));
     QCOMPARE(log.warnings(), QStringList());
 }
 
@@ -128,8 +127,8 @@ void PingTest::givesUpAfterFiveAttempts_data()
     QTest::addColumn<int>("shortestMs");
     QTest::addColumn<int>("longestMs");
 
-    QTest::newRow("no answer") << QString::fromLatin1(lost) << 5000 << 8000;
-    QTest::newRow("ping that never ends") << "hang\n" << 10000 << 13000;
+    QTest::newRow("no answer") << QString::fromLatin1(lost) << 5000 << 12000;
+    QTest::newRow("ping that never ends") << "hang\n" << 10000 << 20000;
 }
 
 void PingTest::givesUpAfterFiveAttempts()
@@ -154,7 +153,7 @@ void PingTest::noPingProgram()
     QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
     const NoPing none;
     const qint64 elapsed = startUp(peer);
-    QVERIFY2(elapsed >= 5000 && elapsed <= 8000, qPrintable(QString::number(elapsed)));
+    QVERIFY2(elapsed >= 5000 && elapsed <= 12000, qPrintable(QString::number(elapsed)));
 }
 
 QTEST_MAIN(PingTest)

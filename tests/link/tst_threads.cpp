@@ -52,7 +52,7 @@ void ThreadsTest::noThreadUntilADatagramArrives()
     QElapsedTimer destroying;
     destroying.start();
     module.reset();
-    QVERIFY2(destroying.elapsed() < 500, "waits for a thread that never ran");
+    QVERIFY2(destroying.elapsed() < 5000, "waits for a thread that never ran");
     QTRY_COMPARE(threadCount(), m_threads);
 }
 

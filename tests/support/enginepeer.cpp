@@ -24,7 +24,6 @@ namespace {
 
 constexpr int largestDatagram = 65536;
 constexpr int pollMs = 2;
-constexpr int addressWaitMs = 20000;
 constexpr int receiveBufferBytes = 4 * 1024 * 1024;
 
 sockaddr_in socketAddress(const QHostAddress &address, quint16 port)
@@ -73,17 +72,10 @@ void EnginePeer::open(const QHostAddress &address, quint16 port)
     const int descriptor = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
     enlargeReceiveBuffer(descriptor);
     const sockaddr_in target = socketAddress(address, port);
-    QElapsedTimer waiting;
-    waiting.start();
-    // The same test may run in another build tree on this machine: it will be gone in a moment.
-    while (::bind(descriptor, reinterpret_cast<const sockaddr *>(&target), sizeof(target)) != 0) {
-        if (errno != EADDRINUSE || waiting.hasExpired(addressWaitMs)) {
-            m_error =
-                QStringLiteral("%1: %2").arg(address.toString(), QString::fromLocal8Bit(strerror(errno)));
-            ::close(descriptor);
-            return;
-        }
-        QThread::msleep(20);
+    if (::bind(descriptor, reinterpret_cast<const sockaddr *>(&target), sizeof(target)) != 0) {
+        m_error = QStringLiteral("%1: %2").arg(address.toString(), QString::fromLocal8Bit(strerror(errno)));
+        ::close(descriptor);
+        return;
     }
     m_descriptor = descriptor;
 }

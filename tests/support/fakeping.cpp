@@ -1,13 +1,32 @@
 #include "support/fakeping.h"
 
 #include <QFile>
-#include <QTextStream>
 
 namespace testsupport {
 
 namespace {
 
 const char searchPath[] = "PATH";
+
+// A ping that notes how it was called and then does as it is told.
+void writeScript(const QTemporaryDir &directory, const QByteArray &commands)
+{
+    QFile script(directory.filePath(QStringLiteral("ping")));
+    if (!script.open(QIODevice::WriteOnly))
+        return;
+    script.write("#!/bin/sh\necho \"$*\" >>\"${0%/*}/calls\"\n" + commands);
+    script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+QStringList recordedCalls(const QTemporaryDir &directory)
+{
+    QFile calls(directory.filePath(QStringLiteral("calls")));
+    if (!calls.open(QIODevice::ReadOnly))
+        return QStringList();
+    QStringList lines = QString::fromUtf8(calls.readAll()).split(QLatin1Char('\n'));
+    lines.removeAll(QString());
+    return lines;
+}
 
 } // namespace
 
@@ -19,18 +38,14 @@ FakePing::FakePing(const QStringList &outputs)
         if (output.open(QIODevice::WriteOnly))
             output.write(outputs.at(i).toUtf8());
     }
-    QFile script(m_directory.filePath(QStringLiteral("ping")));
-    if (script.open(QIODevice::WriteOnly)) {
-        QTextStream(&script) << "#!/bin/sh\n"
-                             << "cd '" << m_directory.path() << "' || exit 1\n"
-                             << "echo \"$*\" >>calls\n"
-                             << "n=0; while read -r line; do n=$((n + 1)); done <calls\n"
-                             << "[ $n -gt " << outputs.size() << " ] && n=" << outputs.size() << "\n"
-                             << "read -r first <output$n\n"
-                             << "[ \"$first\" = hang ] && exec sleep 60\n"
-                             << "exec cat output$n\n";
-        script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
+    writeScript(m_directory, R"(
+cd "${0%/*}" || exit 1
+n=0; while read -r line; do n=$((n + 1)); done <calls
+until [ -e output$n ]; do n=$((n - 1)); done
+read -r first <output$n
+[ "$first" = hang ] && exec sleep 60
+exec cat output$n
+)");
     qputenv(searchPath, m_directory.path().toLocal8Bit() + ':' + m_previousPath);
 }
 
@@ -41,24 +56,26 @@ FakePing::~FakePing()
 
 QStringList FakePing::calls() const
 {
-    QFile calls(m_directory.filePath(QStringLiteral("calls")));
-    if (!calls.open(QIODevice::ReadOnly))
-        return QStringList();
-    QStringList lines = QString::fromUtf8(calls.readAll()).split(QLatin1Char('\n'));
-    lines.removeAll(QString());
-    return lines;
+    return recordedCalls(m_directory);
 }
 
 SystemPing::SystemPing()
     : m_previousPath(qgetenv(searchPath))
 {
-    // The tests' own directory is the first one.
-    qputenv(searchPath, m_previousPath.mid(m_previousPath.indexOf(':') + 1));
+    // The tests' own directory is the first one of the search path.
+    const QByteArray systemPath = m_previousPath.mid(m_previousPath.indexOf(':') + 1);
+    writeScript(m_directory, "PATH='" + systemPath + "' exec ping \"$@\"\n");
+    qputenv(searchPath, m_directory.path().toLocal8Bit() + ':' + systemPath);
 }
 
 SystemPing::~SystemPing()
 {
     qputenv(searchPath, m_previousPath);
+}
+
+QStringList SystemPing::calls() const
+{
+    return recordedCalls(m_directory);
 }
 
 NoPing::NoPing()

@@ -24,7 +24,7 @@ private:
     QByteArray m_previousPath;
 };
 
-/// Search path without any ping of the tests, as long as it lives: the machine's own ping is found.
+/// Lets the machine's own ping be found, as long as it lives, and keeps count of it.
 class SystemPing
 {
 public:
@@ -32,7 +32,11 @@ public:
     ~SystemPing();
     Q_DISABLE_COPY(SystemPing)
 
+    /// Argument line of every attempt so far.
+    QStringList calls() const;
+
 private:
+    QTemporaryDir m_directory;
     QByteArray m_previousPath;
 };
 

@@ -1,10 +1,15 @@
 // Compiled into every test program: the environment that a test runs in, whoever starts it. Without it the
 // module would talk to the address of a real sound engine.
 
+#include <cerrno>
+#include <cstddef>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace {
@@ -14,10 +19,27 @@ void setDefault(const char *name, const std::string &value)
     ::setenv(name, value.c_str(), 0);
 }
 
+// The same test may be running from another build tree. It has the same engine address, so this one waits for
+// it to end: whoever holds the name, which is as wide as the address is, goes first.
+void waitForTurn(const std::string &engine)
+{
+    sockaddr_un name{};
+    name.sun_family = AF_UNIX;
+    const std::string text = "zeltaconnect-test-" + engine;
+    std::memcpy(name.sun_path + 1, text.data(), text.size());
+    const auto size = socklen_t(offsetof(sockaddr_un, sun_path) + 1 + text.size());
+    // Held until the process ends.
+    const int descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    while (::bind(descriptor, reinterpret_cast<const sockaddr *>(&name), size) != 0 && errno == EADDRINUSE)
+        ::usleep(20000);
+}
+
 struct TestEnvironment
 {
     TestEnvironment()
     {
+        if (ZELTACONNECT_TEST_OWN_ENGINE)
+            waitForTurn(ZELTACONNECT_TEST_ENGINE);
         // Not a default: an address that the user exported must not bring two test programs together.
         ::setenv("ZELTACONNECT_ENGINE", ZELTACONNECT_TEST_ENGINE, 1);
         setDefault("QT_QPA_PLATFORM", "offscreen");
