@@ -24,6 +24,14 @@ void onSignal(int)
     errno = savedErrno;
 }
 
+void handle(int signal, void (*handler)(int))
+{
+    struct sigaction action = {};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    ::sigaction(signal, &action, nullptr);
+}
+
 bool mayRead()
 {
     struct stat status;
@@ -83,19 +91,16 @@ EndSignals::EndSignals(QObject *parent)
         if (::read(m_readEnd, &byte, 1) == 1)
             Q_EMIT received();
     });
-    struct sigaction action = {};
-    action.sa_handler = onSignal;
-    action.sa_flags = SA_RESTART;
-    ::sigaction(SIGINT, &action, nullptr);
-    ::sigaction(SIGTERM, &action, nullptr);
+    handle(SIGINT, onSignal);
+    handle(SIGTERM, onSignal);
     // A reader of the output that goes away is no reason to die without a summary.
-    ::signal(SIGPIPE, SIG_IGN);
+    handle(SIGPIPE, SIG_IGN);
 }
 
 EndSignals::~EndSignals()
 {
-    ::signal(SIGINT, SIG_DFL);
-    ::signal(SIGTERM, SIG_DFL);
+    handle(SIGINT, SIG_DFL);
+    handle(SIGTERM, SIG_DFL);
     if (m_readEnd >= 0) {
         ::close(m_readEnd);
         ::close(signalPipeWriteEnd);

@@ -17,13 +17,17 @@ constexpr double msPerMinute = 60000.0;
 Performer::Performer(QObject *parent)
     : QObject(parent)
     , m_clock(this)
+    , m_lateTimer(this)
     , m_meterTimer(this)
 {
     m_clock.setTimerType(Qt::PreciseTimer);
     m_clock.setSingleShot(true);
+    m_lateTimer.setTimerType(Qt::PreciseTimer);
+    m_lateTimer.setSingleShot(true);
     m_meterTimer.setTimerType(Qt::PreciseTimer);
     m_meterTimer.setInterval(meterPeriodMs);
     connect(&m_clock, &QTimer::timeout, this, &Performer::step);
+    connect(&m_lateTimer, &QTimer::timeout, this, &Performer::playDue);
     connect(&m_meterTimer, &QTimer::timeout, this, &Performer::metersDue);
 }
 
@@ -42,6 +46,8 @@ void Performer::setGroove(bool playing)
     if (playing && !m_grooving)
         m_groove.restart(m_seed);
     m_grooving = playing;
+    if (!playing)
+        m_late.clear();
     updateClock();
 }
 
@@ -82,6 +88,7 @@ void Performer::updateClock()
     if (m_clock.isActive())
         return;
     m_sinceStart.start();
+    m_late.clear();
     m_nextStepMs = 0.0;
     m_clock.start(0);
 }
@@ -100,7 +107,7 @@ void Performer::step()
             if (stroke.delayMs == 0)
                 play(stroke);
             else
-                QTimer::singleShot(stroke.delayMs, Qt::PreciseTimer, this, [this, stroke] { play(stroke); });
+                playLater(stroke);
         }
     } else {
         if (m_metronomeStep % stepsPerBeat == 0)
@@ -109,10 +116,31 @@ void Performer::step()
     }
 }
 
+void Performer::playLater(const Stroke &stroke)
+{
+    const LateStroke late{m_sinceStart.elapsed() + stroke.delayMs, stroke};
+    const auto isEarlier = [](const LateStroke &a, const LateStroke &b) {
+        return a.dueMs < b.dueMs;
+    };
+    m_late.insert(std::upper_bound(m_late.begin(), m_late.end(), late, isEarlier), late);
+    waitForLate();
+}
+
+void Performer::waitForLate()
+{
+    if (!m_late.isEmpty())
+        m_lateTimer.start(int(std::max<qint64>(0, m_late.constFirst().dueMs - m_sinceStart.elapsed())));
+}
+
+void Performer::playDue()
+{
+    while (!m_late.isEmpty() && m_late.constFirst().dueMs <= m_sinceStart.elapsed())
+        play(m_late.takeFirst().stroke);
+    waitForLate();
+}
+
 void Performer::play(const Stroke &stroke)
 {
-    if (!m_grooving)
-        return;
     switch (stroke.kind) {
     case Stroke::Kind::Hit: Q_EMIT hit(stroke.note, stroke.value); break;
     case Stroke::Kind::Choke: Q_EMIT choke(stroke.note, stroke.value); break;

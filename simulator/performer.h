@@ -47,12 +47,23 @@ private:
     void updateClock();
     void step();
     void play(const Stroke &stroke);
+    void playLater(const Stroke &stroke);
+    void waitForLate();
+    void playDue();
+
+    struct LateStroke
+    {
+        qint64 dueMs; // on m_sinceStart
+        Stroke stroke;
+    };
 
     QTimer m_clock;
+    QTimer m_lateTimer;
     QTimer m_meterTimer;
     QElapsedTimer m_sinceStart;
     QElapsedTimer m_sinceTap;
     Groove m_groove;
+    QVector<LateStroke> m_late; // the next one first
     quint32 m_seed = 1;
     int m_tempo = 120;
     bool m_grooving = false;
