@@ -61,41 +61,4 @@ void QueryResponder::take(quint16 query)
     late->start(m_failures.value(Failure::LateQueryReply));
 }
 
-} // namespace
-
-QueryResponder::QueryResponder(QObject *parent)
-    : QObject(parent)
-    , m_answers{{Tag::EngineVersion, {1, 0}},
-                {Tag::TriggerVersion, {0, 100}},
-                {Tag::SoundBankVersion, {1, 0}},
-                {Tag::TriggerBankVersion, {0, 100}},
-                {Tag::HiHatRaw, {512, 0}}}
-{}
-
-void QueryResponder::setAnswer(quint16 query, quint16 a, quint16 b)
-{
-    m_answers.insert(query, {a, b});
-}
-
-void QueryResponder::take(quint16 query)
-{
-    if (m_failures.has(Failure::StrayAcks)) {
-        Q_EMIT noted(QStringLiteral("acknowledged packet 0 of no transfer"));
-        Q_EMIT reply(Tag::TransferData, 0, 0);
-    }
-    if (m_failures.has(Failure::NoQueryReply)) {
-        Q_EMIT noted(QStringLiteral("kept silent about query %1").arg(tagText(query)));
-        return;
-    }
-    const quint16 id = m_failures.has(Failure::WrongQueryReply) ? another(query) : query;
-    const Answer answer = m_answers.value(id);
-    const auto send = [this, id, answer] {
-        Q_EMIT reply(id, answer.a, answer.b);
-    };
-    if (m_failures.has(Failure::LateQueryReply))
-        QTimer::singleShot(m_failures.value(Failure::LateQueryReply), this, send);
-    else
-        send();
-}
-
 } // namespace simulated
