@@ -41,8 +41,17 @@ private:
 };
 
 namespace {
-const QByteArray version = hex("564E4143 0001 0000");
-const QByteArray success = hex("44454143 0000 0000");
+
+QByteArray version()
+{
+    return hex("564E4143 0001 0000");
+}
+
+QByteArray success()
+{
+    return hex("44454143 0000 0000");
+}
+
 } // namespace
 
 void SimFailures::init()
@@ -97,42 +106,42 @@ void SimFailures::happens_data()
     const auto row = [](const char *failure, const QList<QByteArray> &said) {
         QTest::newRow(failure) << QString::fromLatin1(failure) << said;
     };
-    row("resend=5", {version, hex("44434143 0005 00BE"), success});
-    row("resend-twice=5", {version, hex("44434143 0005 00BE"), hex("44434143 0005 00BE"), success});
-    row("resend-before-start", {version, hex("44434143 0000 00BE"), success});
-    row("resend-past-end=5", {version, hex("44434143 0078 00BE"), success});
-    row("unknown-low-byte=5", {version, hex("44434143 0005 0042"), success});
-    row("refuse-e0=5", {version, hex("44434143 0005 00E0"), hex("44454143 0000 00E0")});
-    row("memory-full-e1=5", {version, hex("44434143 0005 00E1"), hex("44454143 0000 00E1")});
-    row("memory-full-e2=5", {version, hex("44434143 0005 00E2"), hex("44454143 0000 00E2")});
-    row("memory-full-e3=5", {version, hex("44434143 0005 00E3"), hex("44454143 0000 00E3")});
-    row("refuse-e4=5", {version, hex("44434143 0005 00E4"), hex("44454143 0000 00E4")});
-    row("refuse-e5=5", {version, hex("44434143 0005 00E5"), hex("44454143 0000 00E5")});
-    row("refuse-e6=5", {version, hex("44434143 0005 00E6"), hex("44454143 0000 00E6")});
-    row("refuse-e7=5", {version, hex("44434143 0005 00E7"), hex("44454143 0000 00E7")});
-    row("refuse-e8=5", {version, hex("44434143 0005 00E8"), hex("44454143 0000 00E8")});
-    row("refuse-e9=5", {version, hex("44434143 0005 00E9"), hex("44454143 0000 00E9")});
-    row("refuse-ea=5", {version, hex("44434143 0005 00EA"), hex("44454143 0000 00EA")});
-    row("refuse-eb=5", {version, hex("44434143 0005 00EB"), hex("44454143 0000 00EB")});
-    row("refuse-ec=5", {version, hex("44434143 0005 00EC"), hex("44454143 0000 00EC")});
-    row("refuse-ed=5", {version, hex("44434143 0005 00ED"), hex("44454143 0000 00ED")});
-    row("refuse-ee=5", {version, hex("44434143 0005 00EE"), hex("44454143 0000 00EE")});
-    row("refuse-ef=5", {version, hex("44434143 0005 00EF"), hex("44454143 0000 00EF")});
-    row("bad-checksum", {version, hex("44454143 0000 0001")});
-    row("no-end-ack", {version});
-    row("no-query-reply", {success});
-    row("late-query-reply=60000", {success});
-    row("wrong-query-reply", {hex("54564143 0000 0064"), success});
-    row("stray-acks=5", {hex("44434143 0000 0000"), version, hex("44434143 FFFF FF00"), success,
-                         hex("5A5A4143 0000 0000"), success});
-    row("vanish=5", {version});
-    row("vanish-and-return=5", {version});
+    row("resend=5", {version(), hex("44434143 0005 00BE"), success()});
+    row("resend-twice=5", {version(), hex("44434143 0005 00BE"), hex("44434143 0005 00BE"), success()});
+    row("resend-before-start", {version(), hex("44434143 0000 00BE"), success()});
+    row("resend-past-end=5", {version(), hex("44434143 0078 00BE"), success()});
+    row("unknown-low-byte=5", {version(), hex("44434143 0005 0042"), success()});
+    row("refuse-e0=5", {version(), hex("44434143 0005 00E0"), hex("44454143 0000 00E0")});
+    row("memory-full-e1=5", {version(), hex("44434143 0005 00E1"), hex("44454143 0000 00E1")});
+    row("memory-full-e2=5", {version(), hex("44434143 0005 00E2"), hex("44454143 0000 00E2")});
+    row("memory-full-e3=5", {version(), hex("44434143 0005 00E3"), hex("44454143 0000 00E3")});
+    row("refuse-e4=5", {version(), hex("44434143 0005 00E4"), hex("44454143 0000 00E4")});
+    row("refuse-e5=5", {version(), hex("44434143 0005 00E5"), hex("44454143 0000 00E5")});
+    row("refuse-e6=5", {version(), hex("44434143 0005 00E6"), hex("44454143 0000 00E6")});
+    row("refuse-e7=5", {version(), hex("44434143 0005 00E7"), hex("44454143 0000 00E7")});
+    row("refuse-e8=5", {version(), hex("44434143 0005 00E8"), hex("44454143 0000 00E8")});
+    row("refuse-e9=5", {version(), hex("44434143 0005 00E9"), hex("44454143 0000 00E9")});
+    row("refuse-ea=5", {version(), hex("44434143 0005 00EA"), hex("44454143 0000 00EA")});
+    row("refuse-eb=5", {version(), hex("44434143 0005 00EB"), hex("44454143 0000 00EB")});
+    row("refuse-ec=5", {version(), hex("44434143 0005 00EC"), hex("44454143 0000 00EC")});
+    row("refuse-ed=5", {version(), hex("44434143 0005 00ED"), hex("44454143 0000 00ED")});
+    row("refuse-ee=5", {version(), hex("44434143 0005 00EE"), hex("44454143 0000 00EE")});
+    row("refuse-ef=5", {version(), hex("44434143 0005 00EF"), hex("44454143 0000 00EF")});
+    row("bad-checksum", {version(), hex("44454143 0000 0001")});
+    row("no-end-ack", {version()});
+    row("no-query-reply", {success()});
+    row("late-query-reply=60000", {success()});
+    row("wrong-query-reply", {hex("54564143 0000 0064"), success()});
+    row("stray-acks=5", {hex("44434143 0000 0000"), version(), hex("44434143 FFFF FF00"), success(),
+                         hex("5A5A4143 0000 0000"), success()});
+    row("vanish=5", {version()});
+    row("vanish-and-return=5", {version()});
     row("drop=1", {});
-    row("duplicate=1", {version, version, success, success});
-    row("reorder=1000", {version, success}); // seed 1 leaves these alone
-    row("lose-once=5", {version, hex("44434143 0005 00BE"), hex("44454143 0000 0002")});
-    row("duplicate-once=5", {version, success});
-    row("delay-once=5", {version, hex("44434143 0005 00BE"), hex("44454143 0000 0002")});
+    row("duplicate=1", {version(), version(), success(), success()});
+    row("reorder=1000", {version(), success()}); // seed 1 leaves these alone
+    row("lose-once=5", {version(), hex("44434143 0005 00BE"), hex("44454143 0000 0002")});
+    row("duplicate-once=5", {version(), success()});
+    row("delay-once=5", {version(), hex("44434143 0005 00BE"), hex("44454143 0000 0002")});
 }
 
 void SimFailures::happens()
@@ -173,7 +182,7 @@ void SimFailures::happensOncePerTransfer()
         QVERIFY(sender.dataFromTo(0, 3));
         QVERIFY(sender.dataFromTo(2, 5));
         QVERIFY(sender.end());
-        const QList<QByteArray> said = {hex("44434143 0002 00BE"), success};
+        const QList<QByteArray> said = {hex("44434143 0002 00BE"), success()};
         QCOMPARE(m_peer->take(), said);
         QVERIFY(m_engine->receivedFiles().constLast().data == file);
     }
@@ -187,7 +196,7 @@ void SimFailures::endsWhenCleared()
     QCOMPARE(m_peer->take(), QList<QByteArray>());
     m_engine->clearFailures();
     QVERIFY(m_peer->send("564E0000"));
-    QCOMPARE(m_peer->take(), QList<QByteArray>{version});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{version()});
 }
 
 void SimFailures::answersLate()
@@ -197,7 +206,7 @@ void SimFailures::answersLate()
     time.start();
     QVERIFY(m_peer->send("564E0000"));
     QCOMPARE(m_peer->take(), QList<QByteArray>());
-    QTRY_COMPARE(m_peer->received, QList<QByteArray>{version});
+    QTRY_COMPARE(m_peer->received, QList<QByteArray>{version()});
     QVERIFY(time.elapsed() >= 290);
 }
 
@@ -227,7 +236,7 @@ void SimFailures::vanishesAndReturns()
     QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 0005 00BE")});
     QVERIFY(sender.dataFromTo(5, 29));
     QVERIFY(sender.end());
-    QCOMPARE(m_peer->take(), QList<QByteArray>{success});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{success()});
     QVERIFY(m_engine->receivedFiles().constLast().data == file);
 }
 
@@ -311,7 +320,7 @@ void SimFailures::fileIsWholeOrRefused()
     const auto &received = m_engine->receivedFiles().constFirst();
     QVERIFY2(received.outcome == Outcome::Whole, qPrintable(simulated::fileText(received)));
     QVERIFY(received.data == file);
-    QVERIFY(said.contains(success));
+    QVERIFY(said.contains(success()));
 }
 
 void SimFailures::fileIsNeverWholeByMistake_data()
@@ -340,7 +349,7 @@ void SimFailures::fileIsNeverWholeByMistake()
         whole = true;
         QVERIFY(received.data == file);
     }
-    QCOMPARE(said.contains(success), whole);
+    QCOMPARE(said.contains(success()), whole);
 }
 
 QTEST_GUILESS_MAIN(SimFailures)

@@ -40,9 +40,22 @@ private:
 };
 
 namespace {
-const QByteArray success = hex("44454143 0000 0000");
-const QByteArray checksumError = hex("44454143 0000 0001");
-const QByteArray incomplete = hex("44454143 0000 0002");
+
+QByteArray success()
+{
+    return hex("44454143 0000 0000");
+}
+
+QByteArray checksumError()
+{
+    return hex("44454143 0000 0001");
+}
+
+QByteArray incomplete()
+{
+    return hex("44454143 0000 0002");
+}
+
 } // namespace
 
 void SimTransfers::init()
@@ -79,7 +92,7 @@ void SimTransfers::takesEveryKindAndSize()
     QVERIFY(sender.dataFromTo(0, sender.count() - 1));
     QCOMPARE(m_peer->take(), QList<QByteArray>());
     QVERIFY(sender.end());
-    QCOMPARE(m_peer->take(), QList<QByteArray>{success});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{success()});
     QCOMPARE(m_engine->violations(), QStringList());
     QCOMPARE(m_engine->receivedFiles().size(), 1);
     QVERIFY(last().outcome == Outcome::Whole);
@@ -97,7 +110,7 @@ void SimTransfers::takesExactlyTheseBytes()
     QVERIFY(m_peer->send("4453 5442 00000003"));
     QVERIFY(m_peer->send("4443 5442 00000000 0002 01020300"));
     QVERIFY(m_peer->send("4445 5442 00000402"));
-    QCOMPARE(m_peer->take(), QList<QByteArray>{success});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{success()});
     QCOMPARE(last().data, hex("01 02 03"));
     QCOMPARE(m_engine->violations(), QStringList());
 }
@@ -157,7 +170,7 @@ void SimTransfers::doesNotStoreUnfinishedFilesAsWhole()
     QVERIFY(second.data(0));
     m_peer->take();
     QVERIFY(second.end());
-    QCOMPARE(m_peer->take(), QList<QByteArray>{incomplete});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{incomplete()});
     QVERIFY(!last().stored);
 }
 
@@ -177,7 +190,7 @@ void SimTransfers::asksOnceForEachGap()
     QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 000C 00BE")});
     QVERIFY(sender.dataFromTo(12, 19));
     QVERIFY(sender.end());
-    QCOMPARE(m_peer->take(), QList<QByteArray>{success});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{success()});
     QVERIFY(last().data == file);
     QCOMPARE(last().gaps, quint32(2));
     QCOMPARE(last().resendRequests, quint32(2));
@@ -200,7 +213,7 @@ void SimTransfers::asksAgainWhenThePacketIsLostAgain()
     QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 0002 00BE")});
     QVERIFY(sender.dataFromTo(2, 9));
     QVERIFY(sender.end());
-    QCOMPARE(m_peer->take(), QList<QByteArray>{success});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{success()});
     QVERIFY(last().data == file);
 }
 
@@ -237,7 +250,7 @@ void SimTransfers::countsLostPacketsInTheChecksum()
     QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 0003 00BE")});
     QVERIFY(sender.dataFromTo(3, 12));
     QVERIFY(sender.end());
-    QCOMPARE(m_peer->take(), QList<QByteArray>{success});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{success()});
     QVERIFY(last().data == file);
 }
 
@@ -251,14 +264,14 @@ void SimTransfers::refusesBadFiles_data()
     const auto row = [](const char *name, const QByteArray &status, const Script &script) {
         QTest::newRow(name) << script << status;
     };
-    row("checksum too high by one", checksumError,
+    row("checksum too high by one", checksumError(),
         [](Sender &s) { return s.start() && s.dataFromTo(0, 2) && s.end(s.sum() + 1); });
-    row("checksum not computed", checksumError,
+    row("checksum not computed", checksumError(),
         [](Sender &s) { return s.start() && s.dataFromTo(0, 2) && s.end(0); });
-    row("last packet missing", incomplete,
+    row("last packet missing", incomplete(),
         [](Sender &s) { return s.start() && s.dataFromTo(0, 1) && s.end(); });
-    row("no packet at all", incomplete, [](Sender &s) { return s.start() && s.end(); });
-    row("last packet only", incomplete, [](Sender &s) { return s.start() && s.data(2) && s.end(); });
+    row("no packet at all", incomplete(), [](Sender &s) { return s.start() && s.end(); });
+    row("last packet only", incomplete(), [](Sender &s) { return s.start() && s.data(2) && s.end(); });
 }
 
 void SimTransfers::refusesBadFiles()
@@ -284,27 +297,27 @@ void SimTransfers::countsOffences_data()
         QTest::newRow(name) << datagrams << QString::fromLatin1(says) << status;
     };
     row("padding", {start, hex("4443 5442 00000000 0002 010203FF"), hex("4445 5442 00000501")},
-        "data packet 0 is padded with something else than zero", success);
+        "data packet 0 is padded with something else than zero", success());
     row("too short", {start, hex("4443 5442 00000000 0001 0102"), hex("4445 5442 00000102")},
-        "data packet 0 carries 2 bytes instead of 4", incomplete);
+        "data packet 0 carries 2 bytes instead of 4", incomplete());
     row("too long", {start, hex("4443 5442 00000000 0003 010203000000"), hex("4445 5442 00000402")},
-        "data packet 0 carries 6 bytes instead of 4", incomplete);
+        "data packet 0 carries 6 bytes instead of 4", incomplete());
     row("past the end", {start, data, hex("4443 5442 00000001 0001 0000"), end},
-        "data packet 1 of a file of 1 packets", incomplete);
-    row("repeated", {start, data, data, end}, "data packet 0 sent again without being asked for", success);
+        "data packet 1 of a file of 1 packets", incomplete());
+    row("repeated", {start, data, data, end}, "data packet 0 sent again without being asked for", success());
     row("other content", {start, hex("4443 5446 00000000 0002 01020300"), data, end},
-        "TF data packet within a transfer of TB", success);
+        "TF data packet within a transfer of TB", success());
     row("other end", {start, data, hex("4445 5446 00000402")}, "TF end packet without its start",
         hex("44454143 0000 0003"));
-    row("end repeated", {start, data, end, end}, "TB end packet sent again", success);
+    row("end repeated", {start, data, end, end}, "TB end packet sent again", success());
     row("wrong checksum", {start, data, hex("4445 5442 00000403")}, "checksum 0x00000403 does not fit",
-        checksumError);
+        checksumError());
     row("firmware with a checksum",
         {hex("4453 4657 00000003"), hex("4443 4657 00000000 0002 01020300"), hex("4445 4657 00000402")},
-        "FW end packet with a checksum", success);
+        "FW end packet with a checksum", success());
     row("bluetooth firmware with a checksum",
         {hex("4453 4246 00000003 0001"), hex("4443 4246 00000000 0002 01020300"), hex("4445 4246 00000402")},
-        "BF end packet with a checksum", success);
+        "BF end packet with a checksum", success());
 }
 
 void SimTransfers::countsOffences()
@@ -340,7 +353,7 @@ void SimTransfers::forgetsAnAbandonedTransfer()
     QVERIFY(second.start());
     QVERIFY(second.data(0));
     QVERIFY(second.end());
-    QCOMPARE(m_peer->take(), QList<QByteArray>{success});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{success()});
     QCOMPARE(m_engine->receivedFiles().size(), 2);
     QVERIFY(m_engine->receivedFiles().at(0).outcome == Outcome::Abandoned);
     QVERIFY(last().outcome == Outcome::Whole);
