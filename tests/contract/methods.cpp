@@ -3,7 +3,9 @@
 namespace zelta {
 namespace contract {
 
-const std::vector<const char *> methodSignatures{
+namespace {
+
+constexpr const char *rows[] = {
     "void sendMidiNote(uchar tone, uchar velocity)",
     "void sendSysEx(QList<int> packetValues)",
     "void sendDirectNrpn(uchar firstByte, uchar secondByte, uchar value)",
@@ -234,6 +236,10 @@ const std::vector<const char *> methodSignatures{
     "void setTomAuxChannel(uchar tomAuxChannel)",
     "void setKitVolumeChannel(uchar kitVolumeChannel)",
 };
+
+} // namespace
+
+const testsupport::Table<const char *> methodSignatures{rows};
 
 } // namespace contract
 } // namespace zelta

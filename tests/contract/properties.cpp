@@ -3,7 +3,9 @@
 namespace zelta {
 namespace contract {
 
-const std::vector<Property> properties{
+namespace {
+
+constexpr Property rows[] = {
     {"note", "uint", "noteChanged", IsFinal},
     {"afterTouchNote", "uint", "afterTouchNoteChanged", IsFinal},
     {"position", "uint", "positionChanged", IsFinal},
@@ -69,6 +71,10 @@ const std::vector<Property> properties{
     {"triggerBankProgress", "double", "triggerProgressChanged", NotFinal},
     {"btfwProgress", "double", "btfwProgressChanged", NotFinal},
 };
+
+} // namespace
+
+const testsupport::Table<Property> properties{rows};
 
 } // namespace contract
 } // namespace zelta

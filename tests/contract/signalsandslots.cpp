@@ -3,7 +3,9 @@
 namespace zelta {
 namespace contract {
 
-const std::vector<const char *> signalSignatures{
+namespace {
+
+constexpr const char *signalRows[] = {
     "triggerPot0Inc()",
     "triggerPot1Inc()",
     "triggerPot2Inc()",
@@ -62,19 +64,25 @@ const std::vector<const char *> signalSignatures{
     "intTriggerFirmwareUpdateFinished()",
 };
 
+constexpr const char *updateCompSlot =
+    "updateComp(ushort channelId, ushort inL, ushort inR, ushort grL, ushort grR, ushort outL, ushort "
+    "outR)";
+
+constexpr const char *updateOutsSlot =
+    "updateOuts(ushort mainL, ushort mainR, ushort monL, ushort monR, ushort headL, ushort headR, "
+    "ushort out1, ushort out2, ushort out3, ushort out4, ushort out5, ushort out6, ushort out7, "
+    "ushort out8, ushort spdifL, ushort spdifR, ushort usbL, ushort usbR)";
+
 // The meta-object knows quint16 and its like by the plain type that they stand for.
-const std::vector<const char *> slotSignatures{
+constexpr const char *slotRows[] = {
     "udpPacket(ushort id, ushort idx, ushort data)",
     "updateNote(uint note)",
     "updateAfterTouchNote(uint note)",
     "updatePadPosition(uint controller, uint position)",
     "updateBeat(ushort beat)",
     "updateSampleFlashSize(ushort lo, ushort hi)",
-    "updateComp(ushort channelId, ushort inL, ushort inR, ushort grL, ushort grR, ushort outL, ushort "
-    "outR)",
-    "updateOuts(ushort mainL, ushort mainR, ushort monL, ushort monR, ushort headL, ushort headR, "
-    "ushort out1, ushort out2, ushort out3, ushort out4, ushort out5, ushort out6, ushort out7, "
-    "ushort out8, ushort spdifL, ushort spdifR, ushort usbL, ushort usbR)",
+    updateCompSlot,
+    updateOutsSlot,
     "updateSwitch(ushort switchNumber, ushort value)",
     "updateTempo(ushort tempo)",
     "updateSoundTransferProgress(double progress)",
@@ -96,6 +104,11 @@ const std::vector<const char *> slotSignatures{
     "forwardTestCommand(QString high, QString low, QString value)",
     "forwardSysEx(QString sysEx)",
 };
+
+} // namespace
+
+const testsupport::Table<const char *> signalSignatures{signalRows};
+const testsupport::Table<const char *> slotSignatures{slotRows};
 
 } // namespace contract
 } // namespace zelta

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vector>
+#include "support/table.h"
 
 namespace zelta {
 namespace contract {
@@ -18,10 +18,10 @@ struct Property
     Finality finality;
 };
 
-extern const std::vector<Property> properties;
-extern const std::vector<const char *> signalSignatures;
-extern const std::vector<const char *> slotSignatures;
-extern const std::vector<const char *> methodSignatures; ///< with the type of the result in front
+extern const testsupport::Table<Property> properties;
+extern const testsupport::Table<const char *> signalSignatures;
+extern const testsupport::Table<const char *> slotSignatures;
+extern const testsupport::Table<const char *> methodSignatures; ///< with the type of the result in front
 
 } // namespace contract
 } // namespace zelta

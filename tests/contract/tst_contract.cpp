@@ -32,7 +32,7 @@ QString signatureWithResult(const QMetaMethod &method)
     return QLatin1String(method.typeName()) + QLatin1Char(' ') + signature(method);
 }
 
-QStringList texts(const std::vector<const char *> &literals)
+QStringList texts(const testsupport::Table<const char *> &literals)
 {
     QStringList result;
     for (const char *literal : literals)

@@ -3,9 +3,11 @@
 namespace zelta {
 namespace inbound {
 
+namespace {
+
 // Eight bytes: two letters for the kind, AC, two words.
 // clang-format off
-const std::vector<InboundRow> eventRows{
+constexpr InboundRow rows[] = {
     // BT: beat of the metronome in the first word.
     {"beat", "4254 4143 0001 0000", "beatChanged()", "beat=1"},
     {"beat, second word not looked at", "4254 4143 0003 FFFF", "beatChanged()", "beat=3"},
@@ -74,6 +76,10 @@ const std::vector<InboundRow> eventRows{
     {"DR in an event's length", "4452 4143 0046 0046", "udpPacketArrived(17490, 70, 70)", ""},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<InboundRow> eventRows{rows};
 
 } // namespace inbound
 } // namespace zelta

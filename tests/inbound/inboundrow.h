@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vector>
+#include "support/table.h"
 
 namespace zelta {
 namespace inbound {
@@ -15,11 +15,11 @@ struct InboundRow
     const char *earlier = "";    ///< datagrams that came before and are not looked at
 };
 
-extern const std::vector<InboundRow> eventRows;
-extern const std::vector<InboundRow> switchRows;
-extern const std::vector<InboundRow> padRows;
-extern const std::vector<InboundRow> meterRows;
-extern const std::vector<InboundRow> messageRows;
+extern const testsupport::Table<InboundRow> eventRows;
+extern const testsupport::Table<InboundRow> switchRows;
+extern const testsupport::Table<InboundRow> padRows;
+extern const testsupport::Table<InboundRow> meterRows;
+extern const testsupport::Table<InboundRow> messageRows;
 
 } // namespace inbound
 } // namespace zelta

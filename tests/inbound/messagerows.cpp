@@ -3,10 +3,12 @@
 namespace zelta {
 namespace inbound {
 
+namespace {
+
 // Test commands and SysEx travel as MIDI events, so their controllers are positions as well; the message
 // comes first, since it is recognised where the datagram is received.
 // clang-format off
-const std::vector<InboundRow> messageRows{
+constexpr InboundRow rows[] = {
     {"test command", "494D 4143 B90B 1263 | 494D 4143 B90B 3462 | 494D 4143 B90B 5606",
      "positionChanged() | positionChanged() | testCommand(\"12\", \"34\", \"56\") | positionChanged()", "position=0x0656"},
     {"test command in small hex letters", "494D 4143 B90B 7F63 | 494D 4143 B90B 0A62 | 494D 4143 B90B 7D06",
@@ -25,6 +27,10 @@ const std::vector<InboundRow> messageRows{
      "positionChanged() | sysEx(\"04f010410bb9631205f70000\")", "position=0x6312"},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<InboundRow> messageRows{rows};
 
 } // namespace inbound
 } // namespace zelta

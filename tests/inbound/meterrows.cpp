@@ -3,9 +3,11 @@
 namespace zelta {
 namespace inbound {
 
+namespace {
+
 // CR, section and six levels; DR and eighteen levels. Level 70 is 1.
 // clang-format off
-const std::vector<InboundRow> meterRows{
+constexpr InboundRow rows[] = {
     {"master compressor", "4352 0000 0007 000E 0015 001C 0023 002A", "masterCpChanged()",
      "masterCpInL=0.1 | masterCpInR=0.2 | masterCpGrL=0.3 | masterCpGrR=0.4 | masterCpOutL=0.5 | masterCpOutR=0.6"},
     {"monitor compressor", "4352 0001 0007 000E 0015 001C 0023 002A", "monitorCpChanged()",
@@ -67,6 +69,10 @@ const std::vector<InboundRow> meterRows{
     {"compressor report a byte long", "4352 0000 0046 0046 0046 0046 0046 0046 00", "", ""},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<InboundRow> meterRows{rows};
 
 } // namespace inbound
 } // namespace zelta

@@ -3,10 +3,12 @@
 namespace zelta {
 namespace inbound {
 
+namespace {
+
 // IM, AC, then a MIDI event with its bytes swapped in pairs: status, code index, second data byte, first data
 // byte. A pad event holds velocity or pressure, note, pad and zone, from the lowest byte up.
 // clang-format off
-const std::vector<InboundRow> padRows{
+constexpr InboundRow rows[] = {
     {"strike of note 38 at 100", "494D 4143 9909 6426", "noteChanged()", "note=0x00012664"},
     {"strike of note 53 at 1", "494D 4143 9909 0135", "noteChanged()", "note=0x02063501"},
     {"strike of note 36 at 127", "494D 4143 9909 7F24", "noteChanged()", "note=0x0000247F"},
@@ -59,6 +61,10 @@ const std::vector<InboundRow> padRows{
     {"pitch bend is ignored", "494D 4143 E90E 4000", "", ""},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<InboundRow> padRows{rows};
 
 } // namespace inbound
 } // namespace zelta

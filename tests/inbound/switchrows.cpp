@@ -3,9 +3,11 @@
 namespace zelta {
 namespace inbound {
 
+namespace {
+
 // Eight bytes: SW, AC, two letters for the switch, its state.
 // clang-format off
-const std::vector<InboundRow> switchRows{
+constexpr InboundRow rows[] = {
     {"power pressed", "5357 4143 5057 0001", "powerChanged()", "powerPressed=true"},
     {"foot 1 pressed", "5357 4143 4631 0001", "foot1Changed()", "foot1Pressed=true"},
     {"foot 2 pressed", "5357 4143 4632 0001", "foot2Changed()", "foot2Pressed=true"},
@@ -57,6 +59,10 @@ const std::vector<InboundRow> switchRows{
     {"power with its letters swapped", "5357 4143 5750 0001", "", ""},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<InboundRow> switchRows{rows};
 
 } // namespace inbound
 } // namespace zelta

@@ -134,8 +134,7 @@ void InboundTest::report_data()
     QTest::addColumn<QList<QByteArray>>("sent");
     QTest::addColumn<QStringList>("expectedSignals");
     QTest::addColumn<QStringList>("changed");
-    for (const std::vector<InboundRow> *rows :
-         {&eventRows, &switchRows, &padRows, &meterRows, &messageRows}) {
+    for (const Table<InboundRow> *rows : {&eventRows, &switchRows, &padRows, &meterRows, &messageRows}) {
         for (const InboundRow &row : *rows)
             QTest::newRow(row.name) << datagrams(row.earlier) << datagrams(row.sent)
                                     << parts(row.expectedSignals) << parts(row.changed);

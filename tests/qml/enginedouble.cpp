@@ -75,7 +75,7 @@ void EngineDouble::catchLog()
 
 QStringList EngineDouble::caughtWarnings()
 {
-    const QStringList warnings = m_log->warnings();
+    QStringList warnings = m_log->warnings();
     m_log.reset();
     return warnings;
 }

@@ -3,9 +3,11 @@
 namespace zelta {
 namespace wire {
 
+namespace {
+
 // Compressors: page 0x38 master, 0x3A headphones, 0x39 monitor; pads have a page for each parameter.
 // clang-format off
-const std::vector<WireRow> compressorRows{
+constexpr WireRow rows[] = {
     {"setMasterCpActive", "true", "on", "494D0003 0BB96338 0BB96218 0BB90601"},
     {"setMasterCpActive", "false", "off", "494D0003 0BB96338 0BB96218 0BB90600"},
     {"setMasterCpActive", "5", "any number but 0 is on", "494D0003 0BB96338 0BB96218 0BB90601"},
@@ -134,6 +136,10 @@ const std::vector<WireRow> compressorRows{
     {"requestPadUpdate", "200", "note not limited", "494D0003 0BB9632F 0BB962C8 0BB90600"},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<WireRow> compressorRows{rows};
 
 } // namespace wire
 } // namespace zelta

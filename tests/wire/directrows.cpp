@@ -3,9 +3,11 @@
 namespace zelta {
 namespace wire {
 
+namespace {
+
 // Notes, SysEx and free parameters; LEDs and the mix-input gain.
 // clang-format off
-const std::vector<WireRow> directRows{
+constexpr WireRow rows[] = {
     {"sendMidiNote", "60, 100", "note on, then note off", "494D0001 09993C64 | 494D0001 08893C00"},
     {"sendMidiNote", "60, 200", "velocity limited", "494D0001 09993C7F | 494D0001 08893C00"},
     {"sendMidiNote", "0, 0", "lowest", "494D0001 09990000 | 494D0001 08890000"},
@@ -57,6 +59,10 @@ const std::vector<WireRow> directRows{
      "494D0003 0BB9633F 0BB96221 0BB906C8"},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<WireRow> directRows{rows};
 
 } // namespace wire
 } // namespace zelta

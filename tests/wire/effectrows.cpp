@@ -3,9 +3,11 @@
 namespace zelta {
 namespace wire {
 
+namespace {
+
 // Effects: page 0x01 ambience, 0x02 instrument reverb, 0x03 room reverb, 0x04 multi-effect.
 // clang-format off
-const std::vector<WireRow> effectRows{
+constexpr WireRow rows[] = {
     {"setAmbienceLevel", "0", "lowest", "494D0003 0BB96301 0BB96200 0BB90600"},
     {"setAmbienceLevel", "70", "typical", "494D0003 0BB96301 0BB96200 0BB90646"},
     {"setAmbienceLevel", "127", "highest", "494D0003 0BB96301 0BB96200 0BB9067F"},
@@ -170,6 +172,10 @@ const std::vector<WireRow> effectRows{
     {"setMultiFxRouting", "255, 128", "not masked", "494D0004 0BB96304 0BB9620F 0BB92680 0BB906FF"},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<WireRow> effectRows{rows};
 
 } // namespace wire
 } // namespace zelta

@@ -3,9 +3,11 @@
 namespace zelta {
 namespace wire {
 
+namespace {
+
 // Metronome: page 0x37 but for click and click level, which are those of note 1, and the click routing.
 // clang-format off
-const std::vector<WireRow> metronomeRows{
+constexpr WireRow rows[] = {
     {"setMetronomeClick", "0", "lowest", "494D0003 0BB96317 0BB96201 0BB90600"},
     {"setMetronomeClick", "5", "typical", "494D0003 0BB96317 0BB96201 0BB90605"},
     {"setMetronomeClick", "127", "highest", "494D0003 0BB96317 0BB96201 0BB9067F"},
@@ -67,6 +69,10 @@ const std::vector<WireRow> metronomeRows{
     {"setMetronomeAccent", "5", "any number but 0 is on", "494D0003 0BB96337 0BB96268 0BB90601"},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<WireRow> metronomeRows{rows};
 
 } // namespace wire
 } // namespace zelta

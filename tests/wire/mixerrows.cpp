@@ -3,10 +3,12 @@
 namespace zelta {
 namespace wire {
 
+namespace {
+
 // Mixer levels, balances and routing: page 0x37 general, 0x38 master, 0x39 monitor, 0x3A headphone, 0x3B
 // direct outputs and S/PDIF.
 // clang-format off
-const std::vector<WireRow> mixerRows{
+constexpr WireRow rows[] = {
     {"setSnareStyle", "0", "first", "494D0003 0BB96337 0BB96204 0BB90600"},
     {"setSnareStyle", "1", "second", "494D0003 0BB96337 0BB96204 0BB90601"},
     {"setSnareStyle", "2", "last", "494D0003 0BB96337 0BB96204 0BB90602"},
@@ -130,6 +132,10 @@ const std::vector<WireRow> mixerRows{
     {"setDrumKitVolume", "255", "limited at the top", "494D0001 0BB9077F"},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<WireRow> mixerRows{rows};
 
 } // namespace wire
 } // namespace zelta

@@ -3,9 +3,11 @@
 namespace zelta {
 namespace wire {
 
+namespace {
+
 // Equalisers of the outputs: page 0x38 master, 0x3A headphones, 0x39 monitor. Mid2 is numbered below Mid1.
 // clang-format off
-const std::vector<WireRow> outputEqualizerRows{
+constexpr WireRow rows[] = {
     {"setMasterEqActive", "true", "on", "494D0003 0BB96338 0BB96255 0BB90601"},
     {"setMasterEqActive", "false", "off", "494D0003 0BB96338 0BB96255 0BB90600"},
     {"setMasterEqActive", "5", "any number but 0 is on", "494D0003 0BB96338 0BB96255 0BB90601"},
@@ -186,6 +188,10 @@ const std::vector<WireRow> outputEqualizerRows{
     {"setMonitorEqMid2Gain", "-40", "limited below", "494D0003 0BB96339 0BB96209 0BB90600"},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<WireRow> outputEqualizerRows{rows};
 
 } // namespace wire
 } // namespace zelta

@@ -3,9 +3,11 @@
 namespace zelta {
 namespace wire {
 
+namespace {
+
 // Equalisers of the pads: the page is the parameter, the lower half of the number the note.
 // clang-format off
-const std::vector<WireRow> padEqualizerRows{
+constexpr WireRow rows[] = {
     {"setPadEqActive", "36, true", "on", "494D0003 0BB96320 0BB96224 0BB90601"},
     {"setPadEqActive", "38, false", "off", "494D0003 0BB96320 0BB96226 0BB90600"},
     {"setPadEqActive", "0, true", "lowest note", "494D0003 0BB96320 0BB96200 0BB90601"},
@@ -65,6 +67,10 @@ const std::vector<WireRow> padEqualizerRows{
     {"setPadEqMid1Q", "38, -Infinity", "infinite below", "494D0003 0BB96327 0BB96226 0BB90600"},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<WireRow> padEqualizerRows{rows};
 
 } // namespace wire
 } // namespace zelta

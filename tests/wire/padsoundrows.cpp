@@ -3,9 +3,11 @@
 namespace zelta {
 namespace wire {
 
+namespace {
+
 // Instrument, envelope, second sound and mixer of a pad: the page is the parameter, the lower half the note.
 // clang-format off
-const std::vector<WireRow> padSoundRows{
+constexpr WireRow rows[] = {
     {"setSoundGroup", "3, 38", "typical", "494D0003 0BB96316 0BB96226 0BB90603"},
     {"setSoundGroup", "0, 0", "lowest", "494D0003 0BB96316 0BB96200 0BB90600"},
     {"setSoundGroup", "127, 127", "highest", "494D0003 0BB96316 0BB9627F 0BB9067F"},
@@ -145,6 +147,10 @@ const std::vector<WireRow> padSoundRows{
      "494D0004 0BB9630F 0BB962FF 0BB92681 0BB906C8"},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<WireRow> padSoundRows{rows};
 
 } // namespace wire
 } // namespace zelta

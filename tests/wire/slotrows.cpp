@@ -3,9 +3,11 @@
 namespace zelta {
 namespace wire {
 
+namespace {
+
 // Commands to the sample slots and memory.
 // clang-format off
-const std::vector<WireRow> slotRows{
+constexpr WireRow rows[] = {
     {"deleteIsSlot", "0", "lowest", "494D0003 0BB9633D 0BB96270 0BB90600"},
     {"deleteIsSlot", "5", "typical", "494D0003 0BB9633D 0BB96270 0BB90605"},
     {"deleteIsSlot", "127", "highest", "494D0003 0BB9633D 0BB96270 0BB9067F"},
@@ -34,6 +36,10 @@ const std::vector<WireRow> slotRows{
     {"deepErase", "", "no limit on repetition", "494D0003 0BB96337 0BB96256 0BB90678", 5},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<WireRow> slotRows{rows};
 
 } // namespace wire
 } // namespace zelta

@@ -3,9 +3,11 @@
 namespace zelta {
 namespace wire {
 
+namespace {
+
 // MIDI set-up, program change and the module's switches.
 // clang-format off
-const std::vector<WireRow> systemRows{
+constexpr WireRow rows[] = {
     {"setMidiInput", "0", "lowest", "494D0003 0BB96337 0BB96222 0BB90600"},
     {"setMidiInput", "1", "typical", "494D0003 0BB96337 0BB96222 0BB90601"},
     {"setMidiInput", "127", "highest", "494D0003 0BB96337 0BB96222 0BB9067F"},
@@ -90,6 +92,10 @@ const std::vector<WireRow> systemRows{
      "3031323334353637 3839616263646566"},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<WireRow> systemRows{rows};
 
 } // namespace wire
 } // namespace zelta

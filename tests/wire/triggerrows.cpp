@@ -3,9 +3,11 @@
 namespace zelta {
 namespace wire {
 
+namespace {
+
 // Trigger settings: note first; the page is the parameter, the lower half of the number the note.
 // clang-format off
-const std::vector<WireRow> triggerRows{
+constexpr WireRow rows[] = {
     {"sendTriggerBankPreset", "38, 3", "typical", "494D0003 0BB96340 0BB96226 0BB90603"},
     {"sendTriggerBankPreset", "0, 0", "lowest", "494D0003 0BB96340 0BB96200 0BB90600"},
     {"sendTriggerBankPreset", "127, 127", "highest", "494D0003 0BB96340 0BB9627F 0BB9067F"},
@@ -96,6 +98,10 @@ const std::vector<WireRow> triggerRows{
     {"sendTriggerTransferEnd", "200", "not limited", "494D0003 0BB9634F 0BB962C8 0BB90600"},
 };
 // clang-format on
+
+} // namespace
+
+const testsupport::Table<WireRow> triggerRows{rows};
 
 } // namespace wire
 } // namespace zelta

@@ -9,6 +9,8 @@
 #include <QSet>
 #include <QTest>
 
+#include <vector>
+
 using namespace testsupport;
 using namespace zelta::wire;
 
@@ -39,7 +41,7 @@ constexpr int fewestRows = 3;
 std::vector<WireRow> allRows()
 {
     std::vector<WireRow> rows;
-    for (const std::vector<WireRow> *table :
+    for (const Table<WireRow> *table :
          {&directRows, &metronomeRows, &mixerRows, &padEqualizerRows, &outputEqualizerRows, &compressorRows,
           &padSoundRows, &effectRows, &triggerRows, &systemRows, &slotRows})
         rows.insert(rows.end(), table->begin(), table->end());

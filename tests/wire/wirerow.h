@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vector>
+#include "support/table.h"
 
 namespace zelta {
 namespace wire {
@@ -15,17 +15,17 @@ struct WireRow
     int calls = 1;         ///< the datagrams come once per call
 };
 
-extern const std::vector<WireRow> directRows;
-extern const std::vector<WireRow> metronomeRows;
-extern const std::vector<WireRow> mixerRows;
-extern const std::vector<WireRow> padEqualizerRows;
-extern const std::vector<WireRow> outputEqualizerRows;
-extern const std::vector<WireRow> compressorRows;
-extern const std::vector<WireRow> padSoundRows;
-extern const std::vector<WireRow> effectRows;
-extern const std::vector<WireRow> triggerRows;
-extern const std::vector<WireRow> systemRows;
-extern const std::vector<WireRow> slotRows;
+extern const testsupport::Table<WireRow> directRows;
+extern const testsupport::Table<WireRow> metronomeRows;
+extern const testsupport::Table<WireRow> mixerRows;
+extern const testsupport::Table<WireRow> padEqualizerRows;
+extern const testsupport::Table<WireRow> outputEqualizerRows;
+extern const testsupport::Table<WireRow> compressorRows;
+extern const testsupport::Table<WireRow> padSoundRows;
+extern const testsupport::Table<WireRow> effectRows;
+extern const testsupport::Table<WireRow> triggerRows;
+extern const testsupport::Table<WireRow> systemRows;
+extern const testsupport::Table<WireRow> slotRows;
 
 } // namespace wire
 } // namespace zelta
