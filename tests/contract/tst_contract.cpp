@@ -189,7 +189,8 @@ void ContractTest::propertyValuesHaveTheirType()
 void ContractTest::signalsInOrder()
 {
     QStringList actual;
-    for (const QMetaMethod &method : methodsOfType(QMetaMethod::Signal)) {
+    const QList<QMetaMethod> methods = methodsOfType(QMetaMethod::Signal);
+    for (const QMetaMethod &method : methods) {
         actual += signature(method);
         QCOMPARE(QByteArray(method.typeName()), QByteArray("void"));
     }
@@ -199,7 +200,8 @@ void ContractTest::signalsInOrder()
 void ContractTest::slotsInOrder()
 {
     QStringList actual;
-    for (const QMetaMethod &method : methodsOfType(QMetaMethod::Slot)) {
+    const QList<QMetaMethod> methods = methodsOfType(QMetaMethod::Slot);
+    for (const QMetaMethod &method : methods) {
         actual += signature(method);
         QCOMPARE(QByteArray(method.typeName()), QByteArray("void"));
     }
@@ -209,7 +211,8 @@ void ContractTest::slotsInOrder()
 void ContractTest::methodsInOrder()
 {
     QStringList actual;
-    for (const QMetaMethod &method : methodsOfType(QMetaMethod::Method))
+    const QList<QMetaMethod> methods = methodsOfType(QMetaMethod::Method);
+    for (const QMetaMethod &method : methods)
         actual += signatureWithResult(method);
     compareSurface(actual, texts(methodSignatures));
 }
@@ -226,7 +229,8 @@ void ContractTest::everyMethodIsPublic()
 
 void ContractTest::everySlotIsPrivate()
 {
-    for (const QMetaMethod &method : methodsOfType(QMetaMethod::Slot))
+    const QList<QMetaMethod> methods = methodsOfType(QMetaMethod::Slot);
+    for (const QMetaMethod &method : methods)
         QVERIFY2(method.access() == QMetaMethod::Private, method.name().constData());
 }
 

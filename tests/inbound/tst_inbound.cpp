@@ -20,7 +20,8 @@ namespace {
 QStringList parts(const char *text)
 {
     QStringList result;
-    for (const QByteArray &part : QByteArray(text).split('|')) {
+    const QList<QByteArray> pieces = QByteArray(text).split('|');
+    for (const QByteArray &part : pieces) {
         if (!part.trimmed().isEmpty())
             result += QString::fromUtf8(part.trimmed());
     }
@@ -30,7 +31,8 @@ QStringList parts(const char *text)
 QList<QByteArray> datagrams(const char *text)
 {
     QList<QByteArray> result;
-    for (const QString &part : parts(text))
+    const QStringList pieces = parts(text);
+    for (const QString &part : pieces)
         result += hex(part.toLatin1().constData());
     return result;
 }
@@ -119,7 +121,8 @@ void InboundTest::stateAtTheStart()
 {
     const QConnectQmlPlugin module;
     QStringList unexpected;
-    for (const QString &text : propertyTexts(module)) {
+    const QStringList state = propertyTexts(module);
+    for (const QString &text : state) {
         if (!text.endsWith(QLatin1String("=0")) && !text.endsWith(QLatin1String("=false")))
             unexpected += text;
     }
@@ -185,7 +188,8 @@ void InboundTest::handOver()
     ConnectedModule connected;
     QVERIFY(connected.deliver({sent}));
     QStringList handOvers;
-    for (const QString &text : connected.recorder.texts()) {
+    const QStringList signalTexts = connected.recorder.texts();
+    for (const QString &text : signalTexts) {
         if (isHandOver(text))
             handOvers += text;
     }
@@ -279,8 +283,9 @@ void InboundTest::propertyIsSetWhenItsSignalComes()
     m_watched = &connected.module;
     m_watchedProperty = property;
     m_seen.clear();
-    connect(&connected.module, notify, this,
-            metaObject()->method(metaObject()->indexOfMethod("readWatched()")));
+    // What SIGNAL() makes of a signature.
+    const QByteArray signal = '2' + notify.methodSignature();
+    connect(&connected.module, signal.constData(), this, SLOT(readWatched()));
     QVERIFY(connected.deliver({sent}));
     QCOMPARE(m_seen, QVariantList{value});
 }

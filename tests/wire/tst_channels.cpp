@@ -63,7 +63,8 @@ void ChannelsTest::initTestCase()
 
 void ChannelsTest::compareSent(const QByteArray &datagrams)
 {
-    for (const QByteArray &datagram : datagrams.split('|'))
+    const QList<QByteArray> texts = datagrams.split('|');
+    for (const QByteArray &datagram : texts)
         QCOMPARE(m_peer.next().toHex(' '), QByteArray::fromHex(datagram).toHex(' '));
     QVERIFY(m_peer.nothingSentBy(m_module.data()));
     QVERIFY(!m_peer.hasPending());

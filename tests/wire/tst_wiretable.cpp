@@ -183,7 +183,8 @@ void WireTableTest::everyRowIsNamedOnce()
             twice += QString::fromLatin1(rowName(row));
         names.insert(rowName(row));
         QVERIFY2(*row.meaning, row.method);
-        for (const QByteArray &text : QByteArray(row.datagrams).split('|')) {
+        const QList<QByteArray> texts = QByteArray(row.datagrams).split('|');
+        for (const QByteArray &text : texts) {
             const QByteArray digits = text.simplified().replace(' ', "");
             QCOMPARE(QByteArray::fromHex(digits).toHex().toUpper(), digits);
         }
