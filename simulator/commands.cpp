@@ -60,7 +60,7 @@ bool readNumber(const QString &word, int largest, int *number)
 {
     bool isNumber = false;
     const bool hex = word.startsWith(QLatin1String("0x"));
-    *number = hex ? word.mid(2).toInt(&isNumber, 16) : word.toInt(&isNumber, 10);
+    *number = word.toInt(&isNumber, hex ? 16 : 10);
     return isNumber && *number >= 0 && *number <= largest && !word.startsWith(QLatin1Char('+'));
 }
 

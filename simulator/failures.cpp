@@ -69,7 +69,7 @@ bool FailureSet::add(const QString &text, QString *problem)
     if (equals < 0)
         return add(text, -1, problem);
     bool isNumber = false;
-    const int value = text.mid(equals + 1).toInt(&isNumber);
+    const int value = text.midRef(equals + 1).toInt(&isNumber);
     if (isNumber && value >= 0)
         return add(text.left(equals), value, problem);
     if (problem != nullptr)

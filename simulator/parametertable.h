@@ -6,7 +6,7 @@
 namespace simulated {
 
 // How a parameter's value reads.
-enum class ValueForm {
+enum class ValueForm : quint8 {
     Byte,      // one data byte
     Tempo,     // two data bytes, half-steps of a 14-bit word counted from 20 bpm
     Frequency, // two data bytes of seven bits

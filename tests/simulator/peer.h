@@ -19,7 +19,7 @@ public:
         : m_engine(engine)
     {
         m_socket.bind(QHostAddress(QHostAddress::LocalHost), 0);
-        QObject::connect(&m_socket, &QUdpSocket::readyRead, [this] {
+        QObject::connect(&m_socket, &QUdpSocket::readyRead, &m_socket, [this] {
             while (m_socket.hasPendingDatagrams()) {
                 QByteArray bytes(65536, '\0');
                 const qint64 size = m_socket.readDatagram(bytes.data(), bytes.size());

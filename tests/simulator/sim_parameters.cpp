@@ -274,7 +274,7 @@ void SimParameters::knowsEveryName()
     QFETCH(QStringList, names);
     QSet<int> named;
     for (const QString &entry : names) {
-        const int lsb = entry.left(2).toInt(nullptr, 16);
+        const int lsb = entry.leftRef(2).toInt(nullptr, 16);
         named.insert(lsb);
         QCOMPARE(simulated::parameterInfo(quint8(msb), quint8(lsb)).name, entry.mid(3));
     }
