@@ -533,7 +533,7 @@ Q_SIGNALS:
     void potPacketArrived(ushort id, ushort idx, ushort data);
     void notePacketArrived(ushort id, ushort idx, ushort data);
 
-    // A version became known. May be emitted by the transfer thread.
+    // A version became known. Always emitted by the GUI thread.
     void zeltaVersionChanged();
     void triggerVersionChanged();
     void soundbankVersionChanged();
