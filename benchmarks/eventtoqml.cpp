@@ -39,7 +39,7 @@ public:
     }
 
 Q_SIGNALS:
-    void arrived(uint note);
+    void arrived(uint note); // NOLINT(readability-inconsistent-declaration-parameter-name): moc names none
     void noteChanged();
 
 private:

@@ -24,18 +24,22 @@ constexpr int measuredEvents = 5000;
 constexpr int eventsInFlight = 200;
 constexpr double idealPerSecond = 10000.0;
 
-const QByteArray beatEvent = QByteArray::fromHex("5a5a414300010002");
+QByteArray beatEvent()
+{
+    return QByteArray::fromHex("5a5a414300010002");
+}
 
 // Keeps the module's socket filled, without overflowing it, until enough events came through.
 double moduleRate(EngineSocket &engine, const int &received)
 {
+    const QByteArray event = beatEvent();
     const int start = received;
     int sent = 0;
     QElapsedTimer timer;
     timer.start();
     while (received - start < measuredEvents) {
         while (sent - (received - start) < eventsInFlight) {
-            engine.send(beatEvent);
+            engine.send(event);
             ++sent;
         }
         QCoreApplication::processEvents();
@@ -75,11 +79,12 @@ double plainLoopRate()
     std::atomic<int> received{0};
     std::atomic<bool> stop{false};
     std::thread receiver(receivePlainly, pair[1], std::ref(received), std::cref(stop));
+    const QByteArray event = beatEvent();
     QElapsedTimer timer;
     timer.start();
     // The socket blocks its sender when it is full, so it never runs dry.
     for (int i = 0; i < measuredEvents; ++i) {
-        if (::send(pair[0], beatEvent.constData(), size_t(beatEvent.size()), 0) < 0)
+        if (::send(pair[0], event.constData(), size_t(event.size()), 0) < 0)
             qFatal("cannot send");
     }
     while (received < measuredEvents)

@@ -33,11 +33,11 @@ qint64 arrivalNs(msghdr &message)
 } // namespace
 
 StreamWatch::StreamWatch(const char *address)
+    : m_descriptor(::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0))
 {
     m_address.sin_family = AF_INET;
     m_address.sin_port = htons(enginePort);
     ::inet_pton(AF_INET, address, &m_address.sin_addr);
-    m_descriptor = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
     if (::bind(m_descriptor, reinterpret_cast<sockaddr *>(&m_address), sizeof(m_address)) != 0)
         qFatal("cannot bind %s", address);
     const int on = 1;

@@ -31,7 +31,7 @@ private:
     void watch();
     bool receive();
 
-    int m_descriptor = -1;
+    const int m_descriptor;
     sockaddr_in m_address{};
     qint64 m_start = 0;
     int m_count = 0;

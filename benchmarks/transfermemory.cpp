@@ -25,7 +25,8 @@ qint64 peakKiB()
     QFile file(QStringLiteral("/proc/self/status"));
     if (!file.open(QIODevice::ReadOnly))
         return -1;
-    for (const QByteArray &line : file.readAll().split('\n')) {
+    const QList<QByteArray> lines = file.readAll().split('\n');
+    for (const QByteArray &line : lines) {
         if (line.startsWith("VmHWM:"))
             return line.simplified().split(' ').at(1).toLongLong();
     }

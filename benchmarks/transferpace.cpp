@@ -104,7 +104,8 @@ double productMilliseconds(StreamWatch &engine, const Kind &kind, const QByteArr
 bool measure(StreamWatch &engine, const Kind &kind, const QByteArray &path, QConnectQmlPlugin &module)
 {
     const int packets = fileBytes / kind.chunkBytes;
-    const double pauses = double(packets / packetsPerPause) * kind.pauseMs;
+    const int pausesMs = packets / packetsPerPause * kind.pauseMs;
+    const double pauses = pausesMs;
     std::vector<double> measured;
     std::size_t next = 0;
     const auto name = [&](const char *partner) {

@@ -23,10 +23,11 @@ TransferStops::TransferStops(qconnectfirmware *engine)
     QObject::connect(engine, &qconnectfirmware::triggerTransferProgress, report);
     QObject::connect(engine, &qconnectfirmware::btfwTransferProgress, report);
     QObject::connect(engine, &qconnectfirmware::importSlotProgress, report);
-    QObject::connect(engine, &QThread::finished, [this] {
+    const auto over = [this] {
         m_stop = Stop::None;
         ::sem_post(&m_arrived);
-    });
+    };
+    QObject::connect(engine, &QThread::finished, engine, over, Qt::DirectConnection);
 }
 
 TransferStops::~TransferStops()

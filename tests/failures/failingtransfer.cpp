@@ -91,7 +91,7 @@ bool FailingTransfer::saw(const char *signal) const
 
 bool FailingTransfer::hasCompleted() const
 {
-    const QString last = m_expectation.signalsOf(m_kind, m_mode).last();
+    const QString last = m_expectation.signalsOf(m_kind, m_mode).constLast();
     return m_recorder->texts().contains(last);
 }
 
@@ -156,9 +156,9 @@ QString FailingTransfer::fileVerdict()
         // A success is the end acknowledged without error; imports report an end that nobody acknowledged
         // with the same status.
         const QStringList texts = m_recorder->texts();
-        const bool reported = texts.contains(m_kind.completed(0).last()) ||
-                              texts.contains(m_kind.completed(0, 1).last()) ||
-                              texts.contains(m_kind.completed(0, 2).last());
+        const bool reported = texts.contains(m_kind.completed(0).constLast()) ||
+                              texts.contains(m_kind.completed(0, 1).constLast()) ||
+                              texts.contains(m_kind.completed(0, 2).constLast());
         const bool acknowledged = texts.contains(QStringLiteral("udpPacketArrived(17477, 0, 0)"));
         return reported && acknowledged && !arrived ? QStringLiteral("a false success") : QString();
     }

@@ -21,9 +21,6 @@ namespace {
 
 const char variable[] = "ZELTACONNECT_ENGINE";
 
-// Why there is no private network, empty when there is one.
-QString noNetwork;
-
 const QHostAddress &engineHost()
 {
     static const QHostAddress host(QStringLiteral("172.20.21.22"));
@@ -35,6 +32,12 @@ const QHostAddress &engineHost()
 class FixedAddressTest : public QObject
 {
     Q_OBJECT
+
+public:
+    /// Takes why there is no private network, or nothing when there is one.
+    explicit FixedAddressTest(const QString &noNetwork)
+        : m_noNetwork(noNetwork)
+    {}
 
 private Q_SLOTS:
     void initTestCase();
@@ -50,12 +53,15 @@ private Q_SLOTS:
     void successfulBind();
     void cutAndRestored();
     void lossLosesOnlyWhatIsLost();
+
+private:
+    const QString m_noNetwork;
 };
 
 void FixedAddressTest::initTestCase()
 {
-    if (!noNetwork.isEmpty())
-        QSKIP(qPrintable(QStringLiteral("needs a network namespace of its own: ") + noNetwork));
+    if (!m_noNetwork.isEmpty())
+        QSKIP(qPrintable(QStringLiteral("needs a network namespace of its own: ") + m_noNetwork));
 }
 
 void FixedAddressTest::init()
@@ -271,9 +277,9 @@ void FixedAddressTest::lossLosesOnlyWhatIsLost()
 
 int main(int argc, char *argv[])
 {
-    noNetwork = enterPrivateNetwork();
+    const QString noNetwork = enterPrivateNetwork();
     QGuiApplication application(argc, argv);
-    FixedAddressTest test;
+    FixedAddressTest test(noNetwork);
     return QTest::qExec(&test, argc, argv);
 }
 

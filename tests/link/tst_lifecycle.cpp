@@ -6,6 +6,7 @@
 #include "support/logcatcher.h"
 #include "support/processresources.h"
 
+#include <QPointer>
 #include <QTest>
 
 #include <atomic>
@@ -165,10 +166,9 @@ void LifecycleTest::deferredDeletion()
     QVERIFY(peer.connectTo(module));
     QVERIFY(peer.settle(module));
     const int sockets = socketCount();
-    bool gone = false;
-    connect(module, &QObject::destroyed, this, [&gone] { gone = true; });
+    const QPointer<QConnectQmlPlugin> watched(module);
     module->deleteLater();
-    QTRY_VERIFY(gone);
+    QTRY_VERIFY(watched.isNull());
     QTRY_COMPARE(threadCount(), m_threads);
     QCOMPARE(socketCount(), sockets - 1);
 }

@@ -341,7 +341,8 @@ void MidiStreamTest::stateIsPerModule()
     SignalRecorder secondRecorder(&second);
     // The first one is left in the middle of a message; the second one knows nothing of it.
     QVERIFY(peer.sendTo(midi(QStringLiteral("f0044110")), peer.moduleAddress(), firstPort));
-    for (const QByteArray &part : stream(texts({"b90b1263", "b90b3462", "b90b5606"})))
+    const auto parts = stream(texts({"b90b1263", "b90b3462", "b90b5606"}));
+    for (const QByteArray &part : parts)
         QVERIFY(peer.send(part));
     QVERIFY(peer.settle(&second));
     QCOMPARE(messages(secondRecorder), texts({"testCommand(\"12\", \"34\", \"56\")"}));

@@ -2,11 +2,13 @@
 
 #include <QMutexLocker>
 
+#include <mutex>
+
 namespace testsupport {
 
 namespace {
 
-QMutex activeMutex;
+std::mutex activeMutex;
 LogCatcher *activeCatcher = nullptr;
 
 } // namespace
@@ -14,7 +16,7 @@ LogCatcher *activeCatcher = nullptr;
 LogCatcher::LogCatcher()
 {
     {
-        const QMutexLocker lock(&activeMutex);
+        const std::lock_guard<std::mutex> lock(activeMutex);
         activeCatcher = this;
     }
     m_previous = qInstallMessageHandler(&LogCatcher::handle);
@@ -23,13 +25,13 @@ LogCatcher::LogCatcher()
 LogCatcher::~LogCatcher()
 {
     qInstallMessageHandler(m_previous);
-    const QMutexLocker lock(&activeMutex);
+    const std::lock_guard<std::mutex> lock(activeMutex);
     activeCatcher = nullptr;
 }
 
 void LogCatcher::handle(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    const QMutexLocker activeLock(&activeMutex);
+    const std::lock_guard<std::mutex> activeLock(activeMutex);
     if (!activeCatcher)
         return;
     const QMutexLocker lock(&activeCatcher->m_mutex);

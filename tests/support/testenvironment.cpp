@@ -56,6 +56,7 @@ struct TestEnvironment
     }
 };
 
-const TestEnvironment testEnvironment;
+// Before main() and everything else that might ask for it.
+const TestEnvironment testEnvironment; // clazy:exclude=non-pod-global-static
 
 } // namespace

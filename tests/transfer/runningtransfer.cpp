@@ -41,7 +41,8 @@ QStringList RunningTransfer::expected(const FileStream &stream, quint16 status, 
 RunningTransfers startAllKinds(const TestFiles &files, const std::function<void(TransferPeer &)> &prepare)
 {
     RunningTransfers all;
-    for (const TransferKind &kind : quickKinds())
+    const QVector<TransferKind> kinds = quickKinds();
+    for (const TransferKind &kind : kinds)
         all.push_back(std::make_unique<RunningTransfer>(kind, files, prepare));
     return all;
 }

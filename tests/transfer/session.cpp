@@ -50,7 +50,8 @@ QStringList Session::seen() const
             result.append(QStringLiteral("%1 x%2").arg(counted).arg(count));
         count = 0;
     };
-    for (const QString &text : m_recorder->texts()) {
+    const QStringList texts = m_recorder->texts();
+    for (const QString &text : texts) {
         const QString name = text.section(QLatin1Char('('), 0, 0);
         if (name == QLatin1String("udpPacketArrived"))
             continue;

@@ -183,7 +183,8 @@ void tst_Acknowledgements::end()
     QFETCH(const int, status);
     QFETCH(const QStringList, more);
 
-    for (const TransferKind &kind : quickKinds()) {
+    const auto kinds = quickKinds();
+    for (const TransferKind &kind : kinds) {
         Session session;
         answerOldVersions(session.peer());
         session.peer().answerEnd({{quint16(answer.at(0)), quint16(answer.at(1)), quint16(answer.at(2))}});

@@ -26,7 +26,12 @@ const QString catalogueFolder = QStringLiteral("/home/.local/share/E-Drum");
 const QString soundBankCatalogue = QStringLiteral("/home/.local/share/E-Drum/soundBank.json");
 const QString triggerBankCatalogue = QStringLiteral("/home/.local/share/E-Drum/triggerBank.json");
 
-QString refusal;
+// Why there is no private /home, empty when there is one.
+QString &refusal()
+{
+    static QString text;
+    return text;
+}
 
 void writeProc(const char *path, const QByteArray &text)
 {
@@ -34,7 +39,7 @@ void writeProc(const char *path, const QByteArray &text)
     if (descriptor < 0)
         return;
     if (::write(descriptor, text.constData(), size_t(text.size())) != text.size())
-        refusal = QString::fromLatin1(path);
+        refusal() = QString::fromLatin1(path);
     ::close(descriptor);
 }
 
@@ -89,8 +94,8 @@ private:
 };
 
 #define SKIP_WITHOUT_PRIVATE_HOME()                                                                          \
-    if (!refusal.isEmpty())                                                                                  \
-    QSKIP(qPrintable(QStringLiteral("no private /home: ") + refusal))
+    if (!refusal().isEmpty())                                                                                \
+    QSKIP(qPrintable(QStringLiteral("no private /home: ") + refusal()))
 
 QByteArray tst_Catalogue::contentOf(const QString &path) const
 {
@@ -100,7 +105,7 @@ QByteArray tst_Catalogue::contentOf(const QString &path) const
 
 void tst_Catalogue::init()
 {
-    if (!refusal.isEmpty())
+    if (!refusal().isEmpty())
         return;
     QDir(QStringLiteral("/home/.local")).removeRecursively();
     QVERIFY(QDir().mkpath(catalogueFolder));
@@ -272,7 +277,7 @@ void tst_Catalogue::asQmlSeesThem()
 int main(int argc, char **argv)
 {
     // Before the first thread: a process with several cannot change its user namespace.
-    refusal = enterPrivateHome();
+    refusal() = enterPrivateHome();
     QCoreApplication application(argc, argv);
     tst_Catalogue test;
     return QTest::qExec(&test, argc, argv);

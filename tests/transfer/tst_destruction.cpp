@@ -133,7 +133,8 @@ void tst_Destruction::duringAResendPause()
 
 void tst_Destruction::duringTheEndWait()
 {
-    for (const TransferKind &kind : quickKinds()) {
+    const auto kinds = quickKinds();
+    for (const TransferKind &kind : kinds) {
         Session session;
         answerOldVersions(session.peer());
         session.peer().answerEnd({});
@@ -167,7 +168,7 @@ void tst_Destruction::afterAnAbort()
     session.peer().answerData(20, {{0x4443, 0, 0xE1}});
     kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(kind.chunkBytes * 2000)));
     session.plugin().requestSoundBankVersion();
-    QVERIFY(session.waitFor(kind.completed(0xE1).first()));
+    QVERIFY(session.waitFor(kind.completed(0xE1).constFirst()));
     QVERIFY(session.destroyPlugin() < promptMs);
     verifySilence(session);
     QVERIFY(!session.peer().received().contains(QByteArray("SN\0\0", 4)));
@@ -176,7 +177,7 @@ void tst_Destruction::afterAnAbort()
 void tst_Destruction::manyTimes()
 {
     const int threads = threadCount();
-    const TransferKind kind = quickKinds().last();
+    const TransferKind kind = quickKinds().constLast();
     const QString path = m_files.write(kind.fileName, kind.file(kind.chunkBytes * 200));
     for (int i = 0; i < 100; ++i) {
         Session session(Session::NoRecording);

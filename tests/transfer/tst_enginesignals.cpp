@@ -60,7 +60,8 @@ void tst_TransferEngine::cleanup()
 QStringList tst_TransferEngine::emitted() const
 {
     QStringList result;
-    for (const QString &text : m_recorder->texts()) {
+    const auto texts = m_recorder->texts();
+    for (const QString &text : texts) {
         if (!text.startsWith(QLatin1String("started(")) && !text.startsWith(QLatin1String("finished(")))
             result.append(text);
     }
@@ -138,7 +139,8 @@ void tst_TransferEngine::notOpened()
 
 void tst_TransferEngine::queries()
 {
-    for (const quint16 id : QVector<quint16>{0x534E, 0x544E, 0x484C})
+    const auto ids = QVector<quint16>{0x534E, 0x544E, 0x484C};
+    for (const quint16 id : ids)
         m_session->peer().answerQuery(id, {{id, 0x8000, 1}});
     m_engine->requestSoundBankVersion();
     m_engine->requestTriggerBankVersion();
@@ -155,7 +157,7 @@ void tst_TransferEngine::refusedForMemory()
     m_engine->sendTriggerBank(m_files.write(QStringLiteral("bank"), noise(512 * 1000)));
     m_engine->requestSoundBankVersion();
     QVERIFY(waitUntilIdle());
-    QCOMPARE(emitted().last(), done);
+    QCOMPARE(emitted().constLast(), done);
     QCOMPARE(emitted().count(done), 1);
     QVERIFY(!emitted().contains(QStringLiteral("importTBComplete(0)")));
 }

@@ -101,7 +101,8 @@ void tst_TransferFiles::withoutPermission()
 // The data ends before its announced end: an empty packet, no end packet; imports tell, the others do not.
 void tst_TransferFiles::shrinking()
 {
-    for (const TransferKind &kind : quickKinds()) {
+    const auto kinds = quickKinds();
+    for (const TransferKind &kind : kinds) {
         Session session;
         answerOldVersions(session.peer());
         const QByteArray content = kind.file(kind.chunkBytes * packetCount);
@@ -128,7 +129,8 @@ void tst_TransferFiles::shrinking()
 // What is added while the file is sent is sent as well; the engine knows the announced size and decides.
 void tst_TransferFiles::growing()
 {
-    for (const TransferKind &kind : quickKinds()) {
+    const auto kinds = quickKinds();
+    for (const TransferKind &kind : kinds) {
         Session session;
         answerOldVersions(session.peer());
         QByteArray content = kind.file(kind.chunkBytes * packetCount);

@@ -77,7 +77,8 @@ void tst_TransferHandlers::chainOfRequests()
     TransferPeer peer(qEnvironmentVariable("ZELTACONNECT_ENGINE"));
     qputenv("ZELTACONNECT_ENGINE", peer.endpoint().toLatin1());
     answerOldVersions(peer);
-    for (const quint16 id : QVector<quint16>{0x534E, 0x544E, 0x484C})
+    const auto ids = QVector<quint16>{0x534E, 0x544E, 0x484C};
+    for (const quint16 id : ids)
         peer.answerQuery(id, {{id, 2, 7}});
 
     qmlRegisterType<QConnectQmlPlugin>("ZeltaConnectTest", 1, 0, "ZeltaConnect");

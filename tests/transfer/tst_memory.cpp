@@ -25,7 +25,8 @@ qint64 memoryStatus(const QByteArray &name)
     QFile status(QStringLiteral("/proc/self/status"));
     if (!status.open(QIODevice::ReadOnly))
         return -1;
-    for (const QByteArray &line : status.readAll().split('\n')) {
+    const auto lines = status.readAll().split('\n');
+    for (const QByteArray &line : lines) {
         if (line.startsWith(name + ':'))
             return line.mid(name.size() + 1).simplified().split(' ').first().toLongLong();
     }

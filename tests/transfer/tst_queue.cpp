@@ -208,7 +208,8 @@ void tst_TransferQueue::handlersThatCallBack()
     QVERIFY(session.settle());
     const QStringList seen = session.seen();
     for (const TransferKind &kind : qAsConst(kinds)) {
-        for (const QString &signal : kind.completed(0))
+        const auto signals = kind.completed(0);
+        for (const QString &signal : signals)
             QVERIFY2(seen.contains(signal), qPrintable(signal));
     }
     // Calls 5, 10, ... 200 queued a sample each.
@@ -238,7 +239,7 @@ void tst_TransferQueue::handlerThatQueuesTheSame()
 void tst_TransferQueue::settingsDuringATransfer()
 {
     Session session;
-    const TransferKind bluetooth = quickKinds().last();
+    const TransferKind bluetooth = quickKinds().constLast();
     const QByteArray content = bluetooth.file(512 * 5000);
     bluetooth.send(session.plugin(), m_files.write(bluetooth.fileName, content));
     int settings = 0;

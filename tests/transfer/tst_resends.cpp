@@ -215,7 +215,7 @@ void tst_Resends::memoryFullDuringThePause()
                                  20000),
                  kind.name);
         if (kind.passesStatusOn)
-            QVERIFY2(running->session.waitFor(kind.completed(0xE1).first()), kind.name);
+            QVERIFY2(running->session.waitFor(kind.completed(0xE1).constFirst()), kind.name);
         else if (!kind.progress.isEmpty())
             QVERIFY2(QTest::qWaitFor(
                          [&] {

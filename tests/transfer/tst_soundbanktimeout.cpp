@@ -39,10 +39,10 @@ void tst_SoundBankTimeout::endAcknowledgement()
     soundBank.send(silent.plugin(), path);
     soundBank.send(late.plugin(), path);
 
-    QVERIFY(!late.waitFor(soundBank.completed(0).first(), endWaitMs - toleranceMs));
+    QVERIFY(!late.waitFor(soundBank.completed(0).constFirst(), endWaitMs - toleranceMs));
     late.peer().raise({0x4445, 0, 0});
-    QVERIFY(late.waitFor(soundBank.completed(0).first(), toleranceMs));
-    QVERIFY(silent.waitFor(soundBank.completed(0xFF).first(), 2 * toleranceMs));
+    QVERIFY(late.waitFor(soundBank.completed(0).constFirst(), toleranceMs));
+    QVERIFY(silent.waitFor(soundBank.completed(0xFF).constFirst(), 2 * toleranceMs));
     QVERIFY(clock.elapsed() >= endWaitMs);
     QCOMPARE(late.differenceWhenSettled(soundBank.progressed(1) + soundBank.completed(0)), QString());
     QCOMPARE(silent.differenceWhenSettled(soundBank.progressed(1) + soundBank.completed(0xFF)), QString());

@@ -104,7 +104,8 @@ void tst_VersionQueries::unaskedVersions()
     Session session;
     QVERIFY(session.settle());
     session.forgetSeen();
-    for (const quint16 id : QVector<quint16>{0x564E, 0x5456, 0x534E, 0x544E, 0x484C, 0x564E})
+    const auto ids = QVector<quint16>{0x564E, 0x5456, 0x534E, 0x544E, 0x484C, 0x564E};
+    for (const quint16 id : ids)
         session.peer().raise({id, 3, 1});
     session.peer().raise({0x4142, 9, 9});
     QVERIFY(session.waitFor(QStringLiteral("udpPacketArrived(16706, 9, 9)")));

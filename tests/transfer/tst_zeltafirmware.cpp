@@ -20,8 +20,10 @@ constexpr int endWaitMs = 15000;
 constexpr int queryWaitMs = 20000;
 constexpr int caseTimeoutMs = 90000;
 
-const QStringList failed{QStringLiteral("intFwUpdateFinished()"),
-                         QStringLiteral("intZeltaFirmwareUpdateFinished()")};
+QStringList failed()
+{
+    return {QStringLiteral("intFwUpdateFinished()"), QStringLiteral("intZeltaFirmwareUpdateFinished()")};
+}
 
 /// One transfer with an engine of its own.
 struct Case
@@ -75,8 +77,8 @@ void tst_ZeltaFirmware::initTestCase()
     start("same version", "4810QN-abc1.04 - ", {before.first()}, 0);
     start("older version", "4810QN-abc1.03 - ", {before.first()}, 0);
 
-    start("checksum error", m_kind.file(600), before + failed).peer().answerEnd({{endAck, 0, 2}});
-    start("no end acknowledgement", m_kind.file(600), before + failed, endWaitMs + afterEndMs)
+    start("checksum error", m_kind.file(600), before + failed()).peer().answerEnd({{endAck, 0, 2}});
+    start("no end acknowledgement", m_kind.file(600), before + failed(), endWaitMs + afterEndMs)
         .peer()
         .answerEnd({});
     start("refused", m_kind.file(600), before + done).peer().answerStart({{0x4443, 0, 0xE0}});
@@ -84,11 +86,11 @@ void tst_ZeltaFirmware::initTestCase()
     // The end is judged after the sleep: an error that comes late still counts, a success that comes late
     // does not.
     Session &lateError = start("error after another reply", m_kind.file(600),
-                               before + QStringList{QStringLiteral("soundbankVersionChanged()")} + failed);
+                               before + QStringList{QStringLiteral("soundbankVersionChanged()")} + failed());
     lateError.peer().answerEnd({{0x534E, 1, 1}});
     QTimer::singleShot(10000, this, [&lateError] { lateError.peer().raise({endAck, 0, 1}); });
     Session &lateSuccess =
-        start("success after the time-out", m_kind.file(600), before + failed, endWaitMs + afterEndMs);
+        start("success after the time-out", m_kind.file(600), before + failed(), endWaitMs + afterEndMs);
     lateSuccess.peer().answerEnd({});
     QTimer::singleShot(25000, this, [&lateSuccess] { lateSuccess.peer().raise({endAck, 0, 0}); });
 

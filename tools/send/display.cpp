@@ -21,8 +21,9 @@ int terminalColumns()
 void write(const QString &text)
 {
     const QByteArray bytes = text.toLocal8Bit();
-    std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout);
-    std::fflush(stdout);
+    // When nobody reads any more the file is still to be sent, and the exit status tells how that went.
+    static_cast<void>(std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout));
+    static_cast<void>(std::fflush(stdout));
 }
 
 } // namespace

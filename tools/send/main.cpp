@@ -8,15 +8,15 @@
 
 #include <QCoreApplication>
 #include <QLoggingCategory>
+#include <QTextStream>
 
-#include <cstdio>
 #include <optional>
 
 namespace {
 
 int complain(ExitStatus status, const QString &line)
 {
-    std::fputs(qPrintable(QStringLiteral("zelta-send: ") + line + QLatin1Char('\n')), stderr);
+    QTextStream(stderr) << "zelta-send: " << line << '\n';
     return int(status);
 }
 
@@ -52,8 +52,8 @@ int main(int argc, char *argv[])
         arguments.append(QString::fromLocal8Bit(argv[i]));
     const Options options = parseOptions(arguments);
     switch (options.action) {
-    case Options::Action::Help: std::fputs(qPrintable(helpText()), stdout); return 0;
-    case Options::Action::Version: std::puts("zelta-send " ZELTACONNECT_VERSION); return 0;
+    case Options::Action::Help: QTextStream(stdout) << helpText(); return 0;
+    case Options::Action::Version: QTextStream(stdout) << "zelta-send " ZELTACONNECT_VERSION "\n"; return 0;
     case Options::Action::Refuse:
         return complain(ExitStatus::Misused, options.error + QStringLiteral(" (see --help)"));
     case Options::Action::Send:

@@ -27,12 +27,20 @@ Session::Session(QObject *module, const Options &options, Display &display)
     , m_display(display)
     , m_timeUp(this)
     , m_noAnswer(this)
+    , m_lateAnswer(this)
     , m_clock(this)
 {
     m_timeUp.setSingleShot(true);
     m_noAnswer.setSingleShot(true);
     connect(&m_timeUp, &QTimer::timeout, this, [this] {
         finish(ExitStatus::NoEngine, QStringLiteral("gave up after %1 s").arg(m_options.timeoutS));
+    });
+    m_lateAnswer.setSingleShot(true);
+    connect(&m_lateAnswer, &QTimer::timeout, this, [this] {
+        if (m_transfer || m_probes == 0)
+            return;
+        m_probes = 0;
+        nextFile();
     });
     connect(&m_clock, &QTimer::timeout, this, [this] { m_display.busy(QStringLiteral("sending")); });
 }
@@ -78,7 +86,7 @@ void Session::greeted()
     m_noAnswer.stop();
     m_probes = 0;
     // Not from within the signal: the module is still at work on the answer.
-    QTimer::singleShot(0, this, &Session::nextFile);
+    QMetaObject::invokeMethod(this, &Session::nextFile, Qt::QueuedConnection);
 }
 
 void Session::onProbeAnswered()
@@ -125,12 +133,7 @@ void Session::nextFile()
     // An answer that is still to come would look as if the next file had ended. It is waited for no longer
     // than the module waits itself.
     if (m_probes > 0) {
-        QTimer::singleShot(answerWaitMs, this, [this] {
-            if (m_transfer || m_probes == 0)
-                return;
-            m_probes = 0;
-            nextFile();
-        });
+        m_lateAnswer.start(answerWaitMs);
         return;
     }
     FileToSend file;

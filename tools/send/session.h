@@ -47,6 +47,7 @@ private:
 
     QTimer m_timeUp;
     QTimer m_noAnswer;
+    QTimer m_lateAnswer;
     QTimer m_clock; // for what tells no progress
     int m_probes = 0;
     bool m_greeted = false;

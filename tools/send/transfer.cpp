@@ -118,15 +118,16 @@ void Transfer::engineIsIdle()
 {
     if (m_over)
         return;
-    if (m_begun)
+    if (m_begun) {
         finish(ExitStatus::Failed, QStringLiteral("broken off: the engine asked for data beyond the end, or "
                                                   "the file could not be read on"));
-    else if (!m_kind.isFirmware)
+    } else if (!m_kind.isFirmware) {
         finish(ExitStatus::BadFile, QStringLiteral("the module could not open the file"));
-    else if (m_versionSeen)
+    } else if (m_versionSeen) {
         finish(ExitStatus::NotNewer, QStringLiteral("not sent: the module has this version, or a newer one"));
-    else
+    } else {
         finish(ExitStatus::BadFile, QStringLiteral("not sent: the file carries no firmware version"));
+    }
 }
 
 void Transfer::onEvent(ushort id, ushort a, ushort b)
@@ -231,16 +232,17 @@ void Transfer::onWaveComplete(int /*slot*/, ushort status)
 // The module has closed the file and reports this status.
 void Transfer::conclude(ushort status)
 {
-    if (m_refusal != 0)
+    if (m_refusal != 0) {
         finish(ExitStatus::Failed,
                QStringLiteral("the engine refused the data (%1)").arg(hexWord(m_refusal)));
-    else if (!m_endSeen)
+    } else if (!m_endSeen) {
         finish(ExitStatus::Failed, QStringLiteral("the engine did not acknowledge the end"));
-    else if (m_endStatus != 0 || status != 0)
+    } else if (m_endStatus != 0 || status != 0) {
         finish(ExitStatus::Failed, QStringLiteral("checksum error: the file did not arrive whole (%1)")
                                        .arg(hexWord(m_endStatus != 0 ? m_endStatus : status)));
-    else
+    } else {
         finish(ExitStatus::Sent, QStringLiteral("sent"));
+    }
 }
 
 void Transfer::signOfLife()
