@@ -15,7 +15,8 @@ constexpr unsigned long retryPauseMs = 1000;
 bool answersPing(const QString &host)
 {
     QProcess ping;
-    ping.start(QStringLiteral("ping"), {QStringLiteral("-c"), QStringLiteral("1"), host}, QIODevice::ReadWrite);
+    ping.start(QStringLiteral("ping"), {QStringLiteral("-c"), QStringLiteral("1"), host},
+               QIODevice::ReadWrite);
     ping.waitForFinished(answerWaitMs);
     const QString output = QString::fromLocal8Bit(ping.readAll());
     ping.close();

@@ -67,8 +67,7 @@ void SocketTransceiver::enlargeReceiveBuffer()
 {
     // The forced form goes past the system's limit and needs privileges; the plain one is cut to the limit.
     if (::setsockopt(m_descriptor, SOL_SOCKET, SO_RCVBUFFORCE, &receiveBufferBytes,
-                     sizeof(receiveBufferBytes))
-        != 0)
+                     sizeof(receiveBufferBytes)) != 0)
         m_socket->setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, receiveBufferBytes);
 }
 
@@ -116,21 +115,22 @@ void SocketTransceiver::__func() // NOLINT(bugprone-reserved-identifier)
     }
 }
 
-// The socket object belongs to the GUI thread and re-arms its read notifier on every read, which it may only do
-// there. Reading from its descriptor needs no such thing: Qt switches the notifier off in the GUI thread as
-// soon as it sees that nobody reads there, and this thread is left alone with the data.
+// The socket object belongs to the GUI thread and re-arms its read notifier on every read, which it may only
+// do there. Reading from its descriptor needs no such thing: Qt switches the notifier off in the GUI thread
+// as soon as it sees that nobody reads there, and this thread is left alone with the data.
 bool SocketTransceiver::receiveDatagram(QByteArray &datagram)
 {
     datagram.resize(largestDatagram);
-    const ssize_t length = ::recv(m_descriptor, datagram.data(),
-                                  size_t(datagram.size()), MSG_DONTWAIT);
+    const ssize_t length = ::recv(m_descriptor, datagram.data(), size_t(datagram.size()), MSG_DONTWAIT);
     datagram.resize(length < 0 ? 0 : int(length));
     return length >= 0;
 }
 
 void SocketTransceiver::sortDatagram(const QByteArray &datagram, const QString &hex)
 {
-    const auto word = [&datagram](int index) { return wordAt(datagram, index); };
+    const auto word = [&datagram](int index) {
+        return wordAt(datagram, index);
+    };
     const int length = datagram.size();
 
     // Events carry their tag behind the kind, meters in front: that is how the engine sends them.
