@@ -10,6 +10,7 @@
 #include <QMetaProperty>
 
 #include <algorithm>
+#include <array>
 
 using namespace fuzz;
 
@@ -19,7 +20,18 @@ constexpr int largestDatagram = 65507;
 
 // A number below this in front of a datagram is its length; the others say what kind it is.
 constexpr int shortLengths = 64;
-enum Form { Event, MidiEvent, CompressorMeters, OutputMeters, Long, Again, TimePasses, Settled, FormCount };
+enum Form {
+    Event,
+    MidiEvent,
+    CompressorMeters,
+    OutputMeters,
+    Long,
+    Again,
+    TimePasses,
+    Settled,
+    OddLength,
+    FormCount
+};
 
 /// The datagrams of one input.
 class Traffic
@@ -61,7 +73,7 @@ void Traffic::take(Input &input)
         append(input.bytes(first));
         return;
     }
-    switch (first % FormCount) {
+    switch ((first - shortLengths) % FormCount) {
     case Event: {
         const QByteArray kind = input.bytes(2);
         append(kind + "AC" + input.bytes(4));
@@ -84,6 +96,13 @@ void Traffic::take(Input &input)
         settleAfter();
         passTime(timeUnit * input.byte());
         break;
+    case OddLength: {
+        static const std::array<QByteArray, 4> starts{"IMAC", "SWAC", "CR", "DR"};
+        const QByteArray start = starts.at(std::size_t(input.index(starts.size())));
+        const int length = input.index(shortLengths);
+        append((start + input.bytes(4)).leftJustified(length, '\x01', true));
+        break;
+    }
     default: settleAfter(); break;
     }
 }

@@ -43,6 +43,8 @@ TransferStops::Stop TransferStops::arrival()
         return m_stop;
     m_standing = false;
     if (!m_engine->isRunning()) {
+        // It does not run any more while it still tells of its end.
+        m_engine->QThread::wait();
         while (::sem_trywait(&m_arrived) == 0) {
         }
         return Stop::None;

@@ -16,6 +16,7 @@
 #include <thread>
 
 #include <netinet/in.h>
+#include <sanitizer/asan_interface.h>
 #include <semaphore.h>
 #include <sys/socket.h>
 #include <sys/syscall.h>
@@ -157,6 +158,12 @@ ZELTA_REPLACEMENT ssize_t recv(int descriptor, void *buffer, std::size_t size, i
     }
     const QByteArray datagram = incoming.takeFirst();
     const std::size_t length = std::min(size, std::size_t(datagram.size()));
-    std::memcpy(buffer, datagram.constData(), length);
+    auto *bytes = static_cast<char *>(buffer);
+    ASAN_UNPOISON_MEMORY_REGION(bytes, size);
+    std::memcpy(bytes, datagram.constData(), length);
+    // The buffer has room for the largest datagram, so a read past the end of this one would go unseen. The
+    // byte after it is the terminator that a byte array puts there.
+    if (length + 1 < size)
+        ASAN_POISON_MEMORY_REGION(bytes + length + 1, size - length - 1);
     return ssize_t(length);
 }
