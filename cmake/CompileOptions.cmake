@@ -8,6 +8,8 @@ endif()
 # The board has Qt 5.12: nothing that 5.12 already deprecates is used.
 target_compile_definitions(zeltaconnect-options INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x050C00)
+# On 32-bit systems, questions about a file of 2 GiB or more fail without this.
+target_compile_definitions(zeltaconnect-options INTERFACE _FILE_OFFSET_BITS=64)
 
 if(ZELTACONNECT_SANITIZE)
     add_compile_options(-fsanitize=${ZELTACONNECT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
