@@ -8,6 +8,8 @@ declare -A PACKAGES=(
         qml-module-qtquick-controls2 qml-module-qt-labs-folderlistmodel fonts-dejavu-core inetutils-ping"
     [wayland]="qtwayland5"
     [test]="qml-module-qttest inetutils-ping nftables"
+    # What tools/make-sysroot fetches comes on top.
+    [arm]="g++-arm-linux-gnueabihf qemu-user-static mmdebstrap"
     [analysis]="clang-14 clang-tidy-14 clang-format-14 clazy libclang-rt-14-dev"
 )
 

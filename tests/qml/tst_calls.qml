@@ -69,10 +69,13 @@ ModuleTestCase {
         const rows = []
         const eightBits = [["300", "2C"], ["256", "00"], ["-1", "FF"], ["3.7", "04"], ["2.5", "03"],
                            ["0.4", "00"], ["4294967301", "05"], ["1e10", "00"], ["NaN", "00"],
-                           ["Infinity", "00"], ["true", "01"], ["false", "00"], ["'12'", "0C"], ["'abc'", "00"]]
+                           ["true", "01"], ["false", "00"], ["'12'", "0C"], ["'abc'", "00"]]
         for (const [text, dataByte] of eightBits)
             rows.push({ tag: "uchar from " + text, call: "zelta.setMixInLevel(" + text + ")",
                         sent: parameter("37", "06", dataByte) })
+        // Qt leaves this one to the processor: the smallest of 64 bits on x86-64, the largest on ARM.
+        rows.push({ tag: "uchar from Infinity", call: "zelta.setMixInLevel(Infinity)",
+                    sent: parameter("37", "06", "00"), orSent: parameter("37", "06", "FF") })
         const signedEightBits = [["300", "6C"], ["-1", "3F"], ["3.7", "44"], ["200", "08"], ["NaN", "40"]]
         for (const [text, dataByte] of signedEightBits)
             rows.push({ tag: "signed char from " + text,
@@ -117,7 +120,8 @@ ModuleTestCase {
         engine.catchLog()
         eval(row.call)
         compare(engine.caughtWarnings(), [])
-        compare(engine.received(), [row.sent])
+        const received = engine.received()
+        compare(received, [received[0] === row.orSent ? row.orSent : row.sent])
     }
 
     function test_tooFewArguments() {

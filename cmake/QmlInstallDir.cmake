@@ -1,0 +1,19 @@
+# ZELTACONNECT_QML_INSTALL_DIR: where the module belongs on the machine it is for.
+
+if(NOT DEFINED ZELTACONNECT_QML_INSTALL_DIR)
+    if(CMAKE_CROSSCOMPILING)
+        # The board's qmake does not run here, so the place is the one where the board's Qt Quick module lies.
+        find_path(qtQmlDir QtQuick.2/qmldir NO_CACHE
+            PATHS "/usr/lib/${CMAKE_LIBRARY_ARCHITECTURE}/qt5/qml" /usr/lib/qt5/qml /usr/lib/qml /usr/qml)
+        if(qtQmlDir)
+            string(REPLACE "${CMAKE_SYSROOT}" "" qtQmlDir "${qtQmlDir}")
+        else()
+            set(qtQmlDir /usr/lib/qml)
+        endif()
+    else()
+        get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
+        execute_process(COMMAND "${qmake}" -query QT_INSTALL_QML
+            OUTPUT_VARIABLE qtQmlDir OUTPUT_STRIP_TRAILING_WHITESPACE)
+    endif()
+    set(ZELTACONNECT_QML_INSTALL_DIR "${qtQmlDir}" CACHE PATH "Where the Qt in use looks for QML modules")
+endif()
