@@ -1,8 +1,9 @@
 # A cross build needs moc and rcc that run on this machine, while the Qt it finds is the board's and brings the
 # board's own programs. Qt's configuration files leave targets alone that are already there, so these come first.
 #
-# The tools may be newer than the board's Qt as long as both write and read the same revision of moc's output,
-# which all of Qt 5.12 to 5.15 do; a mismatch stops the build with a clear message from Qt's headers.
+# moc may be newer than the board's Qt as long as both write and read the same revision of moc's output, which all
+# of Qt 5.12 to 5.15 do; a mismatch stops the build with a clear message from Qt's headers. What a newer rcc writes,
+# which only the demo needs, may ask a linker for functions that an older Qt has not; an SDK brings its own.
 
 if(NOT ZELTACONNECT_HOST_QT_BIN)
     set(hostQtBin "$ENV{OE_QMAKE_PATH_HOST_BINS}")
