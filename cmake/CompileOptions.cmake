@@ -11,6 +11,17 @@ target_compile_definitions(zeltaconnect-options INTERFACE
 # On 32-bit systems, questions about a file of 2 GiB or more fail without this.
 target_compile_definitions(zeltaconnect-options INTERFACE _FILE_OFFSET_BITS=64)
 
+# What is shipped checks its buffers and keeps its tables read-only; a module parses what a network sends it.
+# Sanitizers and unoptimised builds have better checks or none to optimise.
+if(NOT ZELTACONNECT_SANITIZE)
+    include(CheckPIESupported)
+    check_pie_supported(LANGUAGES CXX)
+    set(shipped "$<OR:$<CONFIG:Release>,$<CONFIG:RelWithDebInfo>,$<CONFIG:MinSizeRel>>")
+    target_compile_options(zeltaconnect-options INTERFACE
+        "$<${shipped}:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2;-fstack-protector-strong>")
+    target_link_options(zeltaconnect-options INTERFACE "$<${shipped}:LINKER:-z,relro,-z,now>")
+endif()
+
 if(ZELTACONNECT_SANITIZE)
     add_compile_options(-fsanitize=${ZELTACONNECT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
     add_link_options(-fsanitize=${ZELTACONNECT_SANITIZE})
