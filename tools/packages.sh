@@ -10,6 +10,7 @@ declare -A PACKAGES=(
     [test]="qml-module-qttest inetutils-ping nftables"
     # What tools/make-sysroot fetches comes on top.
     [arm]="g++-arm-linux-gnueabihf qemu-user-static mmdebstrap"
+    [package]="dpkg-dev lintian mmdebstrap iproute2"
     [analysis]="clang-14 clang-tidy-14 clang-format-14 clazy libclang-rt-14-dev"
 )
 
