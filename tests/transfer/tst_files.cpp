@@ -29,6 +29,8 @@ private Q_SLOTS:
     void withoutPermission();
     void shrinking();
     void growing();
+    void large_data();
+    void large();
     void deleted();
     void replaced();
     void names_data();
@@ -154,6 +156,40 @@ void tst_TransferFiles::growing()
                                     QStringList{Session::settled()}),
                  QString());
     }
+}
+
+void tst_TransferFiles::large_data()
+{
+    QTest::addColumn<qint64>("size");
+    QTest::addColumn<QByteArray>("announced");
+
+    QTest::newRow("2 GiB less 1") << Q_INT64_C(0x7FFFFFFF) << QByteArray("7fffffff");
+    QTest::newRow("2 GiB") << Q_INT64_C(0x80000000) << QByteArray("80000000");
+    QTest::newRow("3 GiB") << Q_INT64_C(0xC0000000) << QByteArray("c0000000");
+    QTest::newRow("4 GiB less 1") << Q_INT64_C(0xFFFFFFFF) << QByteArray("ffffffff");
+}
+
+// They are announced with their size and their data begins, on 32-bit systems too.
+void tst_TransferFiles::large()
+{
+    QFETCH(const qint64, size);
+    QFETCH(const QByteArray, announced);
+
+    const QString path = m_files.write(QStringLiteral("large.bin"), noise(1024));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    if (!file.resize(size))
+        QSKIP("the file system has no files of that size");
+
+    Session session;
+    session.plugin().sendTriggerBank(path);
+    QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 1; }, 10000));
+    session.destroyPlugin();
+    const auto received = session.peer().received();
+    QVERIFY(received.first().startsWith("DS"));
+    QCOMPARE(received.first().mid(4).toHex(), announced);
+    QVERIFY(received.at(1).contains(noise(1024).left(512)));
+    QVERIFY(received.at(2).contains(noise(1024).mid(512)));
 }
 
 // An open file stays readable until it is closed.
