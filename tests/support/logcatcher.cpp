@@ -41,7 +41,11 @@ void LogCatcher::handle(QtMsgType type, const QMessageLogContext &context, const
 QList<LogLine> LogCatcher::lines() const
 {
     const QMutexLocker lock(&m_mutex);
-    return m_lines;
+    // Not shared with what goes on growing here: Qt does not order the end of a copy in one thread before a
+    // change in another.
+    QList<LogLine> copy = m_lines;
+    copy.detach();
+    return copy;
 }
 
 QStringList LogCatcher::debugTexts(const char *category) const

@@ -73,7 +73,11 @@ int SignalRecorder::qt_metacall(QMetaObject::Call call, int id, void **arguments
 QList<RecordedSignal> SignalRecorder::recorded() const
 {
     const QMutexLocker lock(&m_mutex);
-    return m_recorded;
+    // Not shared with what goes on growing here: Qt does not order the end of a copy in one thread before a
+    // change in another.
+    QList<RecordedSignal> copy = m_recorded;
+    copy.detach();
+    return copy;
 }
 
 int SignalRecorder::count(const char *name) const

@@ -124,7 +124,12 @@ void TransferPeer::raiseAll(const EngineEvents &events)
 QVector<QByteArray> TransferPeer::received() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_received;
+    // Not shared with what goes on growing here: Qt looks whether a container is shared without ordering
+    // anything, so a copy that has just been read and dropped in another thread could be written over too
+    // early.
+    QVector<QByteArray> copy = m_received;
+    copy.detach();
+    return copy;
 }
 
 bool TransferPeer::waitForCount(int count, int timeoutMs) const
