@@ -30,6 +30,10 @@ RunningTransfer::RunningTransfer(const TransferKind &transferKind, const TestFil
 {
     answerOldVersions(session.peer());
     prepare(session.peer());
+}
+
+void RunningTransfer::start()
+{
     kind.send(session.plugin(), path);
 }
 
@@ -44,6 +48,8 @@ RunningTransfers startAllKinds(const TestFiles &files, const std::function<void(
     const QVector<TransferKind> kinds = quickKinds();
     for (const TransferKind &kind : kinds)
         all.push_back(std::make_unique<RunningTransfer>(kind, files, prepare));
+    for (const auto &running : all)
+        running->start();
     return all;
 }
 

@@ -16,6 +16,9 @@ public:
     /// prepare tells the engine what to do, before the file is sent.
     RunningTransfer(const TransferKind &transferKind, const TestFiles &files,
                     const std::function<void(TransferPeer &)> &prepare);
+    /// Sends the file. To be called when all is made ready: what the engine says is heard only in the event
+    /// loop.
+    void start();
 
     FileStream stream() const { return FileStream(session.peer().received(), kind.content); }
     /// Number of packets of the whole file.

@@ -85,6 +85,8 @@ void tst_Resends::everyOtherCode()
             peer.answerData(answeredPacket, {{dataAck, 5, quint16(code)}});
         }));
     }
+    for (const auto &running : all)
+        running->start();
     for (int i = 0; i < codes.size(); ++i) {
         const RunningTransfer &running = *all.at(std::size_t(i));
         const QByteArray code = QByteArray::number(codes.at(i), 16);
