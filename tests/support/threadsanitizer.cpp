@@ -1,0 +1,190 @@
+// Compiled into every test program that is built with the thread sanitizer, which follows only what it can
+// see: instrumented code and pthreads. Qt's library is not instrumented and its mutex waits on a bare futex,
+// so the sanitizer would take everything that Qt guards or hands over for a race. The functions below stand
+// in front of Qt's own for every call that is made from our code (Qt's calls among its own functions do not
+// pass here) and tell the sanitizer what each of them orders, no more. Nothing is hidden by that: what no
+// lock, no queued call and no end of a thread orders is still reported, and so are locks taken in different
+// orders.
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QMutex>
+#include <QThread>
+#include <QWaitCondition>
+
+#include <dlfcn.h>
+#include <sanitizer/tsan_interface.h>
+
+namespace {
+
+// Qt's own function of that symbol. A member function is called like a function that takes the object first.
+template<typename Function>
+Function *qtFunction(const char *symbol)
+{
+    return reinterpret_cast<Function *>(::dlsym(RTLD_NEXT, symbol));
+}
+
+void noteUnlock(QMutex *mutex)
+{
+    __tsan_mutex_pre_unlock(mutex, 0);
+    __tsan_mutex_post_unlock(mutex, 0);
+}
+
+void noteLock(QMutex *mutex, unsigned flags)
+{
+    __tsan_mutex_pre_lock(mutex, flags);
+    __tsan_mutex_post_lock(mutex, flags, 0);
+}
+
+unsigned creationFlags(const QMutex *mutex)
+{
+    return mutex->isRecursive() ? __tsan_mutex_write_reentrant : 0;
+}
+
+// A queued call: what its sender did before, its receiver sees. The event queue's lock orders more than that,
+// each posted event before all later ones of the receiving thread, hence one place for all.
+char handOver;
+
+bool beforeEvent(void **arguments)
+{
+    const auto *event = static_cast<const QEvent *>(arguments[1]);
+    if (event->type() == QEvent::MetaCall)
+        __tsan_acquire(&handOver);
+    return false; // the event is delivered
+}
+
+[[maybe_unused]] const bool watchingEvents =
+    QInternal::registerCallback(QInternal::EventNotifyCallback, &beforeEvent);
+
+// The end of a thread: what it did, whoever waited for it sees. Told in that thread, as the last that it
+// does.
+class ThreadEnds : public QObject
+{
+public:
+    void watch(QThread *thread)
+    {
+        connect(thread, &QThread::finished, this, &ThreadEnds::note,
+                Qt::ConnectionType(Qt::DirectConnection | Qt::UniqueConnection));
+    }
+
+private:
+    // NOLINTNEXTLINE(readability-convert-member-functions-to-static): a slot is found by its object
+    void note() { __tsan_release(QThread::currentThread()); }
+};
+
+} // namespace
+
+QMutex::~QMutex()
+{
+    static const auto original = qtFunction<void(QMutex *)>("_ZN6QMutexD1Ev");
+    __tsan_mutex_destroy(this, 0);
+    original(this);
+}
+
+void QMutex::lock() noexcept
+{
+    static const auto original = qtFunction<void(QMutex *)>("_ZN6QMutex4lockEv");
+    const unsigned flags = creationFlags(this);
+    __tsan_mutex_pre_lock(this, flags);
+    original(this);
+    __tsan_mutex_post_lock(this, flags, 0);
+}
+
+bool QMutex::tryLock(int timeout) noexcept
+{
+    static const auto original = qtFunction<bool(QMutex *, int)>("_ZN6QMutex7tryLockEi");
+    const unsigned flags = creationFlags(this) | __tsan_mutex_try_lock;
+    __tsan_mutex_pre_lock(this, flags);
+    const bool locked = original(this, timeout);
+    __tsan_mutex_post_lock(this, locked ? flags : flags | __tsan_mutex_try_lock_failed, 0);
+    return locked;
+}
+
+void QMutex::unlock() noexcept
+{
+    static const auto original = qtFunction<void(QMutex *)>("_ZN6QMutex6unlockEv");
+    __tsan_mutex_pre_unlock(this, 0);
+    original(this);
+    __tsan_mutex_post_unlock(this, 0);
+}
+
+bool QWaitCondition::wait(QMutex *mutex, QDeadlineTimer deadline)
+{
+    static const auto original = qtFunction<bool(QWaitCondition *, QMutex *, QDeadlineTimer)>(
+        "_ZN14QWaitCondition4waitEP6QMutex14QDeadlineTimer");
+    noteUnlock(mutex);
+    const bool woken = original(this, mutex, deadline);
+    noteLock(mutex, creationFlags(mutex));
+    return woken;
+}
+
+bool QWaitCondition::wait(QMutex *mutex, unsigned long time)
+{
+    static const auto original =
+        qtFunction<bool(QWaitCondition *, QMutex *, unsigned long)>("_ZN14QWaitCondition4waitEP6QMutexm");
+    noteUnlock(mutex);
+    const bool woken = original(this, mutex, time);
+    noteLock(mutex, creationFlags(mutex));
+    return woken;
+}
+
+// What comes before the start is known from pthread_create().
+void QThread::start(Priority priority)
+{
+    static const auto original = qtFunction<void(QThread *, Priority)>("_ZN7QThread5startENS_8PriorityE");
+    static auto *const ends = new ThreadEnds;
+    ends->watch(this);
+    original(this, priority);
+}
+
+bool QThread::wait(QDeadlineTimer deadline)
+{
+    static const auto original =
+        qtFunction<bool(QThread *, QDeadlineTimer)>("_ZN7QThread4waitE14QDeadlineTimer");
+    const bool ended = original(this, deadline);
+    if (ended)
+        __tsan_acquire(this);
+    return ended;
+}
+
+bool QThread::wait(unsigned long time)
+{
+    static const auto original = qtFunction<bool(QThread *, unsigned long)>("_ZN7QThread4waitEm");
+    const bool ended = original(this, time);
+    if (ended)
+        __tsan_acquire(this);
+    return ended;
+}
+
+// The way of every signal of ours.
+void QMetaObject::activate(QObject *sender, const QMetaObject *metaObject, int signalIndex, void **arguments)
+{
+    static const auto original = qtFunction<void(QObject *, const QMetaObject *, int, void **)>(
+        "_ZN11QMetaObject8activateEP7QObjectPKS_iPPv");
+    __tsan_release(&handOver);
+    original(sender, metaObject, signalIndex, arguments);
+}
+
+bool QMetaObject::invokeMethod(QObject *object, const char *member, Qt::ConnectionType type,
+                               QGenericReturnArgument result, QGenericArgument a0, QGenericArgument a1,
+                               QGenericArgument a2, QGenericArgument a3, QGenericArgument a4,
+                               QGenericArgument a5, QGenericArgument a6, QGenericArgument a7,
+                               QGenericArgument a8, QGenericArgument a9)
+{
+    using Argument = QGenericArgument;
+    static const auto original = qtFunction<bool(
+        QObject *, const char *, Qt::ConnectionType, QGenericReturnArgument, Argument, Argument, Argument,
+        Argument, Argument, Argument, Argument, Argument, Argument, Argument)>(
+        "_ZN11QMetaObject12invokeMethodEP7QObjectPKcN2Qt14ConnectionTypeE22QGenericReturnArgument"
+        "16QGenericArgumentS7_S7_S7_S7_S7_S7_S7_S7_S7_");
+    __tsan_release(&handOver);
+    return original(object, member, type, result, a0, a1, a2, a3, a4, a5, a6, a7, a8, a9);
+}
+
+void QCoreApplication::postEvent(QObject *receiver, QEvent *event, int priority)
+{
+    static const auto original =
+        qtFunction<void(QObject *, QEvent *, int)>("_ZN16QCoreApplication9postEventEP7QObjectP6QEventi");
+    __tsan_release(&handOver);
+    original(receiver, event, priority);
+}
