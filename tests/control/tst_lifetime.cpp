@@ -87,6 +87,8 @@ void LifetimeTest::standsWithoutAnEngine()
     QTRY_VERIFY(
         log.debugTexts("zeltaconnect.link").contains(QStringLiteral("not handled  \"4c4400030001\" ( 6 )")));
     QCOMPARE(recorder.texts(), QStringList());
+    // Where the module itself holds the engine's address, only the LED's packet is sent.
+    QCOMPARE(log.warnings(), QStringList{QStringLiteral("QIODevice::write (QUdpSocket): device not open")});
 }
 
 void LifetimeTest::goesWithItsParent()

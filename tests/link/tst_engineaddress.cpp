@@ -98,11 +98,11 @@ void EngineAddressTest::unreadable()
     const zelta::EngineAddress address = zelta::engineAddress();
     QCOMPARE(address.host, QHostAddress(QStringLiteral("172.20.21.22")));
     QCOMPARE(int(address.port), 19797);
-    QCOMPARE(log.warnings().size(), 1);
+    const QString warning =
+        QStringLiteral("ZELTACONNECT_ENGINE is \"%1\", which is not ADDRESS or ADDRESS:PORT "
+                       "(IPv4); using \"172.20.21.22\"");
+    QCOMPARE(log.warnings(), QStringList{warning.arg(QString::fromLatin1(value))});
     QCOMPARE(log.lines().size(), 1);
-    QVERIFY2(log.warnings().constFirst().contains(QString::fromLatin1(value)),
-             qPrintable(log.warnings().constFirst()));
-    QVERIFY(log.warnings().constFirst().contains(QLatin1String("ZELTACONNECT_ENGINE")));
 }
 
 void EngineAddressTest::datagramsGoToAddress()

@@ -121,6 +121,7 @@ void ModuleTest::otherVersionsAreRefused()
     QVERIFY2(errorTexts(component).constFirst().contains(QLatin1String("ZeltaConnect")),
              qPrintable(errorTexts(component).join(QLatin1Char('\n'))));
     // QQmlComponent says so once more when it is asked to create.
+    QCOMPARE(m_log->warnings(), QStringList{QStringLiteral("QQmlComponent: Component is not ready")});
     m_log->clear();
 }
 

@@ -1,5 +1,6 @@
 #include "support/logcatcher.h"
 
+#include <QDebug>
 #include <QMutexLocker>
 
 #include <mutex>
@@ -10,6 +11,11 @@ namespace {
 
 std::mutex activeMutex;
 LogCatcher *activeCatcher = nullptr;
+
+bool isWarning(const LogLine &line)
+{
+    return line.type == QtWarningMsg || line.type == QtCriticalMsg || line.type == QtFatalMsg;
+}
 
 } // namespace
 
@@ -25,8 +31,14 @@ LogCatcher::LogCatcher()
 LogCatcher::~LogCatcher()
 {
     qInstallMessageHandler(m_previous);
-    const std::lock_guard<std::mutex> lock(activeMutex);
-    activeCatcher = nullptr;
+    {
+        const std::lock_guard<std::mutex> lock(activeMutex);
+        activeCatcher = nullptr;
+    }
+    clear();
+    const QList<LogLine> unseen = copyOfLines();
+    for (const LogLine &line : unseen)
+        qWarning().noquote() << line.text;
 }
 
 void LogCatcher::handle(QtMsgType type, const QMessageLogContext &context, const QString &text)
@@ -38,7 +50,7 @@ void LogCatcher::handle(QtMsgType type, const QMessageLogContext &context, const
     activeCatcher->m_lines.append({type, QString::fromLatin1(context.category), text});
 }
 
-QList<LogLine> LogCatcher::lines() const
+QList<LogLine> LogCatcher::copyOfLines() const
 {
     const QMutexLocker lock(&m_mutex);
     // Not shared with what goes on growing here: Qt does not order the end of a copy in one thread before a
@@ -48,10 +60,18 @@ QList<LogLine> LogCatcher::lines() const
     return copy;
 }
 
+QList<LogLine> LogCatcher::lines() const
+{
+    const QList<LogLine> copy = copyOfLines();
+    const QMutexLocker lock(&m_mutex);
+    m_seen = copy.size();
+    return copy;
+}
+
 QStringList LogCatcher::debugTexts(const char *category) const
 {
     QStringList texts;
-    const QList<LogLine> all = lines();
+    const QList<LogLine> all = copyOfLines();
     for (const LogLine &line : all) {
         if (line.type == QtDebugMsg && (!category || line.category == QLatin1String(category)))
             texts += line.text;
@@ -64,7 +84,7 @@ QStringList LogCatcher::warnings() const
     QStringList texts;
     const QList<LogLine> all = lines();
     for (const LogLine &line : all) {
-        if (line.type == QtWarningMsg || line.type == QtCriticalMsg || line.type == QtFatalMsg)
+        if (isWarning(line))
             texts += line.text;
     }
     return texts;
@@ -73,7 +93,13 @@ QStringList LogCatcher::warnings() const
 void LogCatcher::clear()
 {
     const QMutexLocker lock(&m_mutex);
-    m_lines.clear();
+    QList<LogLine> unseen;
+    for (int i = m_seen; i < m_lines.size(); ++i) {
+        if (isWarning(m_lines.at(i)))
+            unseen.append(m_lines.at(i));
+    }
+    m_lines = unseen;
+    m_seen = 0;
 }
 
 } // namespace testsupport

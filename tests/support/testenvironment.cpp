@@ -1,6 +1,9 @@
 // Compiled into every test program: the environment that a test runs in, whoever starts it. Without it the
 // module would talk to the address of a real sound engine.
 
+#include <QLoggingCategory>
+#include <QString>
+
 #include <cerrno>
 #include <cstddef>
 #include <cstdlib>
@@ -49,6 +52,13 @@ struct TestEnvironment
         const std::string runtimeDir = "/tmp/zeltaconnect-tests-" + std::to_string(::getuid());
         ::mkdir(runtimeDir.c_str(), S_IRWXU);
         setDefault("XDG_RUNTIME_DIR", runtimeDir);
+
+        // What is logged outside of the tests looks like what Qt Test prints within; a warning is one here as
+        // there.
+        qSetMessagePattern(QStringLiteral("%{if-warning}QWARN  : %{endif}%{if-critical}QSYSTEM: %{endif}"
+                                          "%{if-fatal}QFATAL : %{endif}"
+                                          "%{if-category}%{category}: %{endif}%{message}"));
+        setDefault("QT_FORCE_STDERR_LOGGING", "1");
 
         const char *path = std::getenv("PATH");
         const std::string binDir = ZELTACONNECT_TEST_BIN_DIR;

@@ -89,8 +89,8 @@ constexpr WireRow rows[] = {
      "54435678 0009 0008 0007 0006 0005 0004 0003 0002 0001"},
     {"sendTriggerCurveData", "7, [1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11]", "further points ignored",
      "54430007 0001 0002 0003 0004 0005 0006 0007 0008 0009"},
-    {"sendTriggerCurveData", "7, [1, 2, 3, 4, 5, 6, 7, 8]", "too short, nothing is sent", ""},
-    {"sendTriggerCurveData", "7, []", "no points, nothing is sent", ""},
+    {"sendTriggerCurveData", "7, [1, 2, 3, 4, 5, 6, 7, 8]", "too short, nothing is sent", "", 1, "trigger curve 7 not sent: it has 8 of 9 points"},
+    {"sendTriggerCurveData", "7, []", "no points, nothing is sent", "", 1, "trigger curve 7 not sent: it has 0 of 9 points"},
 
     {"sendTriggerTransferEnd", "38", "typical", "494D0003 0BB9634F 0BB96226 0BB90600"},
     {"sendTriggerTransferEnd", "0", "lowest", "494D0003 0BB9634F 0BB96200 0BB90600"},

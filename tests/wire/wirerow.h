@@ -13,6 +13,7 @@ struct WireRow
     const char *meaning;
     const char *datagrams; ///< hex, in their order; '|' ends a datagram, an empty text stands for silence
     int calls = 1;         ///< the datagrams come once per call
+    const char *warning = nullptr; ///< what is logged instead of a datagram
 };
 
 extern const testsupport::Table<WireRow> directRows;
