@@ -27,6 +27,14 @@ if(ZELTACONNECT_SANITIZE)
     add_link_options(-fsanitize=${ZELTACONNECT_SANITIZE})
 endif()
 
+# The product alone is counted, whoever links it. Its threads count at the same time.
+add_library(zeltaconnect-counted INTERFACE)
+if(ZELTACONNECT_COVERAGE)
+    target_compile_options(zeltaconnect-counted INTERFACE --coverage -fprofile-update=atomic)
+    # A library and not an option: only that reaches the programs that link the static core.
+    target_link_libraries(zeltaconnect-counted INTERFACE gcov)
+endif()
+
 # Files that moc and CMake write are nobody's to tidy.
 file(WRITE "${PROJECT_BINARY_DIR}/.clang-tidy" "Checks: '-*,llvm-twine-local'\n")
 

@@ -11,6 +11,7 @@ declare -A PACKAGES=(
     # What tools/make-sysroot fetches comes on top.
     [arm]="g++-arm-linux-gnueabihf qemu-user-static mmdebstrap"
     [package]="dpkg-dev lintian mmdebstrap iproute2"
+    [coverage]="gcovr"
     [analysis]="clang-14 clang-tidy-14 clang-format-14 clazy libclang-rt-14-dev"
 )
 
