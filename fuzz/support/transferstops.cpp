@@ -39,9 +39,8 @@ TransferStops::~TransferStops()
 
 TransferStops::Stop TransferStops::arrival()
 {
-    if (m_standing && !(m_stop == Stop::Wait && m_answered))
+    if (m_standing)
         return m_stop;
-    m_standing = false;
     if (!m_engine->isRunning()) {
         // It does not run any more while it still tells of its end.
         m_engine->QThread::wait();
@@ -108,8 +107,11 @@ int TransferStops::wait(pthread_cond_t *condition, pthread_mutex_t *mutex)
 
 void TransferStops::signal(pthread_cond_t *condition)
 {
-    if (condition == m_condition)
+    if (condition == m_condition) {
         m_answered = true;
+        // The thread may be at its next stop before this one is looked at again.
+        m_standing = false;
+    }
     signalReally(condition);
 }
 

@@ -47,10 +47,10 @@ private:
     std::atomic<bool> m_leftAlone{false};
     sem_t m_arrived;
     sem_t m_go;
-    bool m_standing = false; // as the thread that leads sees it
+    bool m_standing = false; // as the thread that leads sees it, which is also the one that answers
 
-    // The wait that the thread stands in, guarded by its mutex.
-    pthread_cond_t *m_condition = nullptr;
+    // The wait that the thread stands in, guarded by its mutex; any condition is compared with it.
+    std::atomic<pthread_cond_t *> m_condition{nullptr};
     pthread_mutex_t *m_mutex = nullptr;
     bool m_answered = false;
     bool m_runOut = false;
