@@ -85,16 +85,22 @@ void takeEvent(Input &input)
                               Q_ARG(quint16, idx), Q_ARG(quint16, data));
 }
 
-// Waits for the transfers that were queued: a query queued behind them is the last thing to be sent.
+// Waits for the transfers that were queued: a query queued behind them is the last thing to be sent. A file
+// that aborts by itself, because it ends before where the engine wants it resent, leaves what is queued
+// behind it until something else is queued; so the query is repeated.
 void finishTransfers()
 {
     if (!transferQueued)
         return;
     transferQueued = false;
-    module().requestHHRawValue();
-    ++hihatRequests;
-    for (int i = 0; sentCount(hihatQuery) < hihatRequests; ++i) {
-        require(i < 10000000, "queued transfers come to an end");
+    constexpr int patience = 10000000;
+    constexpr int betweenQueries = 200000;
+    for (int i = 0; i == 0 || sentCount(hihatQuery) < hihatRequests; ++i) {
+        require(i < patience, "queued transfers come to an end");
+        if (i % betweenQueries == 0) {
+            module().requestHHRawValue();
+            ++hihatRequests;
+        }
         QThread::yieldCurrentThread();
     }
 }
