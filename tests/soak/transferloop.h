@@ -1,0 +1,57 @@
+#pragma once
+
+#include "soakengine.h"
+
+#include <QElapsedTimer>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QVector>
+
+class QConnectQmlPlugin;
+
+/// Sends one file after the other, of every kind and with every fault in turn, and looks whether what QML
+/// hears of it is what became of the file.
+class TransferLoop
+{
+public:
+    TransferLoop(QConnectQmlPlugin &plugin, SoakEngine &engine);
+    Q_DISABLE_COPY(TransferLoop)
+
+    void start();
+    /// Sends nothing more; true when no transfer is on its way.
+    bool finish();
+
+    int arrived() const { return m_arrived; }
+    int failed() const { return m_failed; }
+    QStringList problems() const { return m_problems; }
+
+private:
+    struct Fault
+    {
+        const char *mode; ///< nothing for none
+        bool arrives;
+    };
+
+    void sendNext();
+    void completed(int kind, int status);
+    void judge(const Fault &fault, int status);
+    void watch();
+
+    QConnectQmlPlugin &m_plugin;
+    SoakEngine &m_engine;
+    QTemporaryDir m_folder;
+    QString m_path;
+    QByteArray m_content;
+    QTimer m_watch;
+    QElapsedTimer m_since;
+    bool m_sending = false;
+    bool m_over = false;
+    int m_next = 0;
+    int m_filesBefore = 0;
+    int m_arrived = 0;
+    int m_failed = 0;
+    QStringList m_problems;
+
+    static const Fault faults[];
+};
