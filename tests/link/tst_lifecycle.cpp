@@ -2,6 +2,7 @@
 // threads are counted with QTRY_COMPARE.
 
 #include "support/connectedmodule.h"
+#include "support/eventstream.h"
 #include "support/hex.h"
 #include "support/logcatcher.h"
 #include "support/processresources.h"
@@ -9,42 +10,13 @@
 #include <QPointer>
 #include <QTest>
 
-#include <atomic>
 #include <memory>
-#include <thread>
 
 using namespace testsupport;
 
 namespace {
 
 constexpr int cycles = 200;
-
-// Sends events to the module from another thread until told to stop, as fast as the module reads them.
-class Stream
-{
-public:
-    explicit Stream(EnginePeer &peer)
-        : m_thread([this, &peer] {
-            while (!m_stop) {
-                peer.send(hex("544d4143 00780000"));
-                peer.send(hex("494d4143 99096426"));
-                peer.send(hex("4452") + QByteArray(36, '\x01'));
-                peer.send(hex("494d4143 f7050000"));
-                std::this_thread::sleep_for(std::chrono::microseconds(50));
-            }
-        })
-    {}
-    ~Stream()
-    {
-        m_stop = true;
-        m_thread.join();
-    }
-    Q_DISABLE_COPY(Stream)
-
-private:
-    std::atomic<bool> m_stop{false};
-    std::thread m_thread;
-};
 
 } // namespace
 
@@ -125,7 +97,7 @@ void LifecycleTest::destroyedWhileReceiving()
         auto module = std::make_unique<QConnectQmlPlugin>();
         QVERIFY(peer.connectTo(module.get()));
         {
-            const Stream stream(peer);
+            const EventStream stream(peer);
             QTRY_COMPARE(module->property("tempo").toInt(), 120);
             module.reset();
             QTRY_COMPARE(threadCount(), m_threads + 1); // the stream's own
@@ -147,7 +119,7 @@ void LifecycleTest::noSlotAfterDestructionBegan()
         const SignalRecorder recorder(module.get());
         QVERIFY(peer.settle(module.get()));
         // Much is on its way into the GUI thread, and more is coming, when the module goes.
-        const Stream stream(peer);
+        const EventStream stream(peer);
         QTRY_VERIFY(recorder.count() > 20);
         const int before = recorder.count();
         module.reset();

@@ -1,0 +1,153 @@
+// Many control objects, one after the other and two at once, made and destroyed while the engine talks
+// without a pause or a file is on its way. Nothing of them stays.
+
+#include "support/connectedmodule.h"
+#include "support/eventstream.h"
+#include "support/hex.h"
+#include "support/logcatcher.h"
+#include "support/processresources.h"
+#include "support/texts.h"
+#include "tests/transfer/session.h"
+
+#include <QTest>
+
+#include <memory>
+
+using namespace testsupport;
+
+namespace {
+
+#ifdef ZELTACONNECT_LONG_CASES
+constexpr int cycles = 5000;
+#else
+constexpr int cycles = 500;
+#endif
+constexpr int cyclesInTransfer = 200;
+constexpr int warmUpCycles = 50;
+// A module is some tens of kilobytes; less than a byte in a hundred of that may stay.
+constexpr long long allowedBytesPerCycle = 128;
+constexpr long long allowedBytes = 64 * 1024;
+
+} // namespace
+
+class LifecycleStormTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { m_threads = threadCount(); }
+    void init() { QTRY_COMPARE(threadCount(), m_threads); }
+
+    void underTraffic();
+    void inTheMiddleOfATransfer();
+    void twoAtOnce();
+
+private:
+    void verifyGone(int descriptors) const;
+
+    int m_threads = 0;
+};
+
+void LifecycleStormTest::verifyGone(int descriptors) const
+{
+    QTRY_COMPARE(threadCount(), m_threads);
+    QCOMPARE(descriptorCount(), descriptors);
+}
+
+void LifecycleStormTest::underTraffic()
+{
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    LogCatcher log;
+    const auto cycle = [&peer] {
+        auto module = std::make_unique<QConnectQmlPlugin>();
+        if (!peer.connectTo(module.get()))
+            return false;
+        const EventStream stream(peer);
+        const bool heard = QTest::qWaitFor([&] { return module->property("tempo").toInt() == 120; }, 5000);
+        module.reset();
+        return heard;
+    };
+    for (int i = 0; i < warmUpCycles; ++i)
+        QVERIFY(cycle());
+    QTRY_COMPARE(threadCount(), m_threads);
+
+    const int descriptors = descriptorCount();
+    const long long heap = heapBytes();
+    for (int i = 0; i < cycles; ++i) {
+        QVERIFY2(cycle(), qPrintable(QString::number(i)));
+        verifyGone(descriptors);
+        if (QTest::currentTestFailed())
+            return;
+        QCOMPARE(log.warnings(), QStringList());
+        log.clear(); // what it keeps is not the module's
+    }
+    QVERIFY2(heap < 0 || heapBytes() - heap < allowedBytes + allowedBytesPerCycle * cycles,
+             qPrintable(QStringLiteral("%1 bytes more").arg(heapBytes() - heap)));
+}
+
+void LifecycleStormTest::inTheMiddleOfATransfer()
+{
+    const TestFiles files;
+    const QString path = files.write(QStringLiteral("bank.bin"), noise(512 * 400));
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    const LogCatcher log;
+    int descriptors = 0;
+    for (int i = 0; i < cyclesInTransfer; ++i) {
+        {
+            QConnectQmlPlugin module;
+            QVERIFY(peer.connectTo(&module));
+            module.sendTriggerBank(path);
+            // The start, then the numbered packets. Each object goes at another one.
+            QVERIFY(peer.next().startsWith(hex("4453 5442")));
+            for (int packet = 0; packet <= i % 15; ++packet)
+                QVERIFY(peer.next().startsWith(hex("4443 5442")));
+        }
+        // Whatever was sent before the end has arrived; nothing comes after it.
+        peer.discardPending();
+        if (i == 0)
+            descriptors = descriptorCount();
+        verifyGone(descriptors);
+        if (QTest::currentTestFailed())
+            return;
+        QVERIFY(!peer.hasPending());
+    }
+    QCOMPARE(log.warnings(), QStringList());
+}
+
+void LifecycleStormTest::twoAtOnce()
+{
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    const int descriptors = descriptorCount();
+    for (int i = 0; i < 50; ++i) {
+        auto first = std::make_unique<QConnectQmlPlugin>();
+        auto second = std::make_unique<QConnectQmlPlugin>();
+        QVERIFY(peer.connectTo(second.get()));
+        QVERIFY(peer.settle(second.get()));
+        const SignalRecorder secondRecorder(second.get());
+        QVERIFY(peer.connectTo(first.get()));
+        const SignalRecorder firstRecorder(first.get());
+        QVERIFY(peer.send(hex("544d4143 00780000")));
+        QVERIFY(peer.settle(first.get()));
+        QCOMPARE(firstRecorder.texts(), texts({"tempoChanged()"}));
+        QCOMPARE(secondRecorder.texts(), QStringList());
+        QVERIFY(peer.nothingSentBy(second.get()));
+
+        // One goes; the other one neither hears less nor sends less.
+        first.reset();
+        QVERIFY(peer.connectTo(second.get()));
+        QVERIFY(peer.send(hex("544d4143 00790000")));
+        QVERIFY(peer.settle(second.get()));
+        QCOMPARE(secondRecorder.texts(), texts({"tempoChanged()"}));
+        QCOMPARE(second->property("tempo").toInt(), 121);
+        second.reset();
+        verifyGone(descriptors);
+        if (QTest::currentTestFailed())
+            return;
+    }
+}
+
+QTEST_MAIN(LifecycleStormTest)
+#include "tst_lifecyclestorm.moc"

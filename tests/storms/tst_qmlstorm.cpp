@@ -1,0 +1,183 @@
+// QML engines that are torn down while events of the sound engine wait in the queue of the interface's
+// thread.
+
+#include "support/connectedmodule.h"
+#include "support/eventstream.h"
+#include "support/hex.h"
+#include "support/logcatcher.h"
+#include "support/processresources.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QGuiApplication>
+#include <QPointer>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QTest>
+#include <QThread>
+
+#include <memory>
+
+using namespace testsupport;
+
+namespace {
+
+constexpr int rounds = 50;
+constexpr int events = 100;
+
+const char screenText[] = R"(
+import QtQml 2.12
+import ZeltaConnect 1.0
+QtObject {
+    property int heard: 0
+    property ZeltaConnect module: ZeltaConnect {
+        onTempoChanged: tally.count()
+        onNoteChanged: { tally.count(); setMasterOutLevel(note & 0x7f) }
+    }
+})";
+
+/// What the screen's handlers tell.
+class Tally : public QObject
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE void count() { ++m_count; }
+    Q_INVOKABLE void close()
+    {
+        if (m_screen)
+            m_screen->deleteLater();
+    }
+    int value() const { return m_count; }
+    void setScreen(QObject *screen) { m_screen = screen; }
+
+private:
+    int m_count = 0;
+    QPointer<QObject> m_screen;
+};
+
+/// Bytes that wait in the receive buffers of UDP sockets with that port.
+qint64 waitingBytes(quint16 port)
+{
+    QFile file(QStringLiteral("/proc/self/net/udp"));
+    if (!file.open(QIODevice::ReadOnly))
+        return -1;
+    const QByteArray suffix = ':' + QByteArray::number(port, 16).rightJustified(4, '0').toUpper();
+    qint64 waiting = 0;
+    const QList<QByteArray> lines = file.readAll().split('\n');
+    for (const QByteArray &line : lines) {
+        const QList<QByteArray> columns = line.simplified().split(' ');
+        if (columns.size() > 4 && columns.at(1).endsWith(suffix))
+            waiting += columns.at(4).split(':').value(1).toLongLong(nullptr, 16);
+    }
+    return waiting;
+}
+
+} // namespace
+
+class QmlStormTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { m_threads = threadCount(); }
+    void tornDownWithEventsPending();
+    void tornDownByAHandler();
+
+private:
+    int m_threads = 0;
+};
+
+void QmlStormTest::tornDownWithEventsPending()
+{
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    const LogCatcher log;
+    for (int round = 0; round < rounds; ++round) {
+        Tally tally;
+        auto engine = std::make_unique<QQmlEngine>();
+        QQmlEngine::setObjectOwnership(&tally, QQmlEngine::CppOwnership);
+        engine->globalObject().setProperty(QStringLiteral("tally"), engine->newQObject(&tally));
+        QQmlComponent component(engine.get());
+        component.setData(screenText, QUrl());
+        std::unique_ptr<QObject> root(component.create());
+        QVERIFY2(root, qPrintable(component.errorString()));
+        auto *module = root->property("module").value<QObject *>();
+        QVERIFY(peer.connectTo(module));
+        QVERIFY(peer.send(hex("544d4143 00780000")));
+        QTRY_COMPARE(tally.value(), 1);
+
+        // The receive thread takes them all in, and this one does not look.
+        for (int i = 0; i < events; ++i)
+            QVERIFY(peer.send(hex("494d4143 99096426")));
+        QDeadlineTimer deadline(5000);
+        while (waitingBytes(peer.modulePort()) != 0 && !deadline.hasExpired())
+            QThread::yieldCurrentThread();
+        QVERIFY(!deadline.hasExpired());
+        QCOMPARE(tally.value(), 1);
+
+        // The screen goes first, or outlives its engine.
+        if (round % 2 == 0) {
+            root.reset();
+            QCoreApplication::processEvents();
+            QCOMPARE(tally.value(), 1);
+        } else {
+            engine.reset();
+        }
+        QCoreApplication::processEvents();
+        root.reset();
+        const int before = tally.value();
+        QCoreApplication::processEvents();
+        QCOMPARE(tally.value(), before);
+        peer.discardPending();
+        engine.reset(); // it has a thread too
+        QTRY_COMPARE(threadCount(), m_threads);
+    }
+    QCOMPARE(log.warnings(), QStringList());
+}
+
+// The screen closes itself because of what it hears, with more to come.
+void QmlStormTest::tornDownByAHandler()
+{
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    const LogCatcher log;
+    for (int round = 0; round < rounds; ++round) {
+        auto engine = std::make_unique<QQmlEngine>();
+        Tally tally;
+        QQmlEngine::setObjectOwnership(&tally, QQmlEngine::CppOwnership);
+        engine->globalObject().setProperty(QStringLiteral("tally"), engine->newQObject(&tally));
+        QQmlComponent component(engine.get());
+        component.setData(
+            QByteArray(screenText)
+                .replace("onTempoChanged: tally.count()", "onTempoChanged: { tally.count(); tally.close() }"),
+            QUrl());
+        QObject *root = component.create();
+        QVERIFY2(root, qPrintable(component.errorString()));
+        const QPointer<QObject> module(root->property("module").value<QObject *>());
+        QVERIFY(peer.connectTo(module));
+        tally.setScreen(root);
+        {
+            const EventStream stream(peer);
+            QTRY_VERIFY(module.isNull());
+        }
+        const int before = tally.value();
+        QVERIFY(before > 0);
+        QCoreApplication::processEvents();
+        QCOMPARE(tally.value(), before);
+        engine.reset();
+        QTRY_COMPARE(threadCount(), m_threads);
+        peer.discardPending();
+    }
+    QCOMPARE(log.warnings(), QStringList());
+}
+
+int main(int argc, char **argv)
+{
+    QGuiApplication application(argc, argv);
+    qmlRegisterType<QConnectQmlPlugin>("ZeltaConnect", 1, 0, "ZeltaConnect");
+    QmlStormTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_qmlstorm.moc"
