@@ -49,8 +49,9 @@ QString modeText(const Case &item)
     if (item.mode == QLatin1String("drop") || item.mode == QLatin1String("reorder"))
         return QStringLiteral("%1=%2").arg(item.mode).arg(packetsOf(item.kind) * 2 / 3);
     // Late enough for the next task to be queued before: one that is queued after it starts the file anew.
+    // Early enough for a busy machine to tell the sender before it is through.
     if (item.mode.startsWith(QLatin1String("memory-full")))
-        return QStringLiteral("%1=%2").arg(item.mode).arg(packetsOf(item.kind) / 2);
+        return QStringLiteral("%1=%2").arg(item.mode).arg(packetsOf(item.kind) / 5);
     // When all else is over, so that the order is certain.
     if (item.mode == QLatin1String("late-query-reply"))
         return item.mode + (takesLong ? QStringLiteral("=50000") : QStringLiteral("=27000"));
