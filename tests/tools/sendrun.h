@@ -19,7 +19,7 @@ public:
     /// Adds --engine to the arguments.
     void start(const QStringList &arguments);
     /// Waits until the program has ended and returns its exit status, -1 when it does not or was killed.
-    int exitStatus(int timeoutMs = 60000);
+    int exitStatus(int timeoutMs = 100000);
     /// What it said, once it has ended.
     QString output();
     QString errors();
