@@ -17,6 +17,11 @@ void checkVersions(qconnectfirmware &engine, const QString &path, const QByteArr
     require(zelta == -1 || content.left(100).contains("4810QN-"), "a version needs its mark");
     const int trigger = engine.searchTriggerFwVersionInfo(path);
     require(trigger == -1 || content.startsWith("TGFW"), "a version of the trigger board needs its mark");
+
+    // What a short file lacks of its header counts as zeros, not as what lies behind it in memory.
+    const QString padded = writeFile(QStringLiteral("padded"), content.leftJustified(8, '\0'));
+    require(trigger == engine.searchTriggerFwVersionInfo(padded),
+            "a cut header reads as one filled with zeros");
 }
 
 void checkCatalogues(QConnectQmlPlugin &module, const QString &path, const QByteArray &content)
