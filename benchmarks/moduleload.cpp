@@ -109,6 +109,7 @@ Cost costOf(const char *document)
 double median(const std::vector<Cost> &costs, double Cost::*member)
 {
     std::vector<double> values;
+    values.reserve(costs.size());
     for (const Cost &cost : costs)
         values.push_back(cost.*member);
     std::sort(values.begin(), values.end());
