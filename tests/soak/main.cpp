@@ -118,9 +118,9 @@ void Soak::plantSomething()
 
 void Soak::progress(qint64 seconds)
 {
-    say(QStringLiteral(
-            "%1 s: %2 parameters, %3 meter reports, %4 hits, %5 files arrived, %6 failed as they had to, "
-            "%7 KiB")
+    say(QStringLiteral("%1 s: %2 parameters, %3 meter reports, %4 hits, %5 files arrived, %6 failed and were "
+                       "reported so, "
+                       "%7 KiB")
             .arg(seconds)
             .arg(m_module.sent())
             .arg(m_module.meters())
@@ -157,7 +157,7 @@ void Soak::judge()
                m_module.missingMeters(), droppedByModule);
     judgeCount(QStringLiteral("hits"), m_engine.hits(), m_module.hits(), m_module.missingHits(),
                droppedByModule);
-    say(QStringLiteral("files: %1 arrived, %2 failed as they had to")
+    say(QStringLiteral("files: %1 arrived, %2 failed and were reported so")
             .arg(m_transfers.arrived())
             .arg(m_transfers.failed()));
     say(QStringLiteral("dropped by the kernel: %1 to the engine, %2 to the module")

@@ -23,14 +23,16 @@ public:
     bool finish();
 
     int arrived() const { return m_arrived; }
+    /// Not arrived, and reported so.
     int failed() const { return m_failed; }
     QStringList problems() const { return m_problems; }
 
 private:
+    enum class End { Arrives, Fails, Either };
     struct Fault
     {
         const char *mode; ///< nothing for none
-        bool arrives;
+        End end;
     };
 
     void sendNext();
