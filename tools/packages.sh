@@ -12,7 +12,7 @@ declare -A PACKAGES=(
     [arm]="g++-arm-linux-gnueabihf qemu-user-static mmdebstrap"
     [package]="dpkg-dev lintian mmdebstrap iproute2"
     [coverage]="gcovr"
-    [analysis]="clang-14 clang-tidy-14 clang-format-14 clazy libclang-rt-14-dev"
+    [analysis]="clang-14 clang-tidy-14 clang-format-14 clazy libclang-rt-14-dev llvm-14"
 )
 
 # is_installed PACKAGE: asks dpkg alone, so that a complete machine costs no time.
