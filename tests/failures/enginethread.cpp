@@ -27,12 +27,13 @@ void EngineThread::run(const std::function<void()> &function)
     QMetaObject::invokeMethod(&m_context, function, Qt::BlockingQueuedConnection);
 }
 
-RemoteEngine::RemoteEngine(EngineThread &thread, const QString &address)
+RemoteEngine::RemoteEngine(EngineThread &thread, const QString &address, quint16 port)
     : m_thread(thread)
     , m_address(address)
+    , m_port(port)
 {
     m_thread.run([this] { listen(); });
-    qputenv("ZELTACONNECT_ENGINE", address.toLatin1());
+    qputenv("ZELTACONNECT_ENGINE", QStringLiteral("%1:%2").arg(address).arg(port).toLatin1());
 }
 
 void RemoteEngine::replace()
@@ -51,7 +52,7 @@ void RemoteEngine::listen()
     QElapsedTimer waiting;
     waiting.start();
     // The same test may run in another build tree on this machine.
-    while (!m_engine->listen(QHostAddress(m_address))) {
+    while (!m_engine->listen(QHostAddress(m_address), m_port)) {
         if (waiting.hasExpired(addressWaitMs))
             qFatal("%s: %s", qPrintable(m_address), qPrintable(m_engine->errorString()));
         QThread::msleep(20);
@@ -98,6 +99,11 @@ QStringList RemoteEngine::violations()
     QStringList violations;
     m_thread.run([&] { violations = m_engine->violations(); });
     return violations;
+}
+
+void RemoteEngine::setMeters(bool running)
+{
+    m_thread.run([&] { m_engine->setMeters(running); });
 }
 
 quint64 RemoteEngine::heard()

@@ -27,8 +27,8 @@ private:
 class RemoteEngine
 {
 public:
-    /// Listens at the address, port 19797, and makes it the engine of the control objects made from now on.
-    RemoteEngine(EngineThread &thread, const QString &address);
+    /// Listens at the address and makes it the engine of the control objects made from now on.
+    RemoteEngine(EngineThread &thread, const QString &address, quint16 port = SoundEngine::defaultPort);
     ~RemoteEngine();
     Q_DISABLE_COPY(RemoteEngine)
 
@@ -43,6 +43,8 @@ public:
 
     QVector<SoundEngine::ReceivedFile> files();
     QStringList violations();
+    /// Output meters, thirty a second, as soon as the engine knows the module.
+    void setMeters(bool running);
     /// Datagrams that have been heard.
     quint64 heard();
 
@@ -51,5 +53,6 @@ private:
 
     EngineThread &m_thread;
     const QString m_address;
+    const quint16 m_port;
     SoundEngine *m_engine = nullptr;
 };

@@ -3,21 +3,20 @@
 
 #include "crowd.h"
 #include "enginethread.h"
+#include "judgedtransfer.h"
 
-#include "control/qconnectqmlplugin.h"
-#include "support/signalrecorder.h"
 #include "transfer/session.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
-using Outcome = simulated::ReceivedFile::Outcome;
+#include <algorithm>
+
+using Result = JudgedTransfer::Result;
 
 namespace {
 
 constexpr int packets = 300;
 constexpr int chunkBytes = 512;
-constexpr int slot = 7;
 constexpr int timeoutMs = 60000;
 
 #ifdef ZELTACONNECT_LONG_CASES
@@ -30,71 +29,13 @@ constexpr int atOnce = 12;
 constexpr int addressBlock = 28;
 #endif
 
-enum class Result { Running, Arrived, Failed, FalseSuccess, FalseFailure, Silent };
-
-// A control object and its engine; transfers take turns here, because making a control object takes its time.
-struct Station
+// A wave sample: its checksum is checked, and its status is the engine's own.
+TransferKind waveSample()
 {
-    Station(EngineThread &thread, int number)
-        : engine(thread, QStringLiteral("127.20.%1.%2").arg(addressBlock).arg(number))
-        , recorder(&plugin)
-    {}
-
-    RemoteEngine engine;
-    QConnectQmlPlugin plugin;
-    testsupport::SignalRecorder recorder;
-};
-
-// One transfer with one disturbed packet. A wave sample: its checksum is checked, and its status is the
-// engine's own.
-class DisturbedTransfer : public CrowdMember
-{
-public:
-    DisturbedTransfer(Station &station, const QString &disturbance, const QString &path,
-                      const QByteArray &content)
-        : m_station(station)
-        , m_path(path)
-        , m_content(content)
-    {
-        station.engine.replace();
-        station.recorder.clear();
-        if (!station.engine.fail(disturbance))
-            qFatal("%s is no failure mode", qPrintable(disturbance));
-    }
-
-    void start() override
-    {
-        m_station.plugin.sendImportWaveSample(m_path, slot);
-        m_since.start();
-    }
-
-    bool isOver() override
-    {
-        return m_station.recorder.count("waveTransferComplete") > 0 || m_since.hasExpired(timeoutMs);
-    }
-
-    Result result()
-    {
-        if (m_station.recorder.count("waveTransferComplete") != 1)
-            return Result::Silent;
-        const QStringList texts = m_station.recorder.texts();
-        const bool acknowledged = texts.contains(QStringLiteral("udpPacketArrived(17477, 0, 0)"));
-        const bool reported =
-            texts.contains(QStringLiteral("waveTransferComplete(%1, 0)").arg(slot)) && acknowledged;
-        const QVector<SoundEngine::ReceivedFile> files = m_station.engine.files();
-        const bool arrived =
-            files.size() == 1 && files.first().outcome == Outcome::Whole && files.first().data == m_content;
-        if (reported)
-            return arrived ? Result::Arrived : Result::FalseSuccess;
-        return arrived ? Result::FalseFailure : Result::Failed;
-    }
-
-private:
-    Station &m_station;
-    const QString m_path;
-    const QByteArray m_content;
-    QElapsedTimer m_since;
-};
+    const QVector<TransferKind> kinds = quickKinds();
+    return *std::find_if(kinds.begin(), kinds.end(),
+                         [](const TransferKind &kind) { return kind.content == QByteArray("IW"); });
+}
 
 } // namespace
 
@@ -115,7 +56,8 @@ private:
 void tst_LossMatrix::initTestCase()
 {
     for (int number = 1; number <= qMin(atOnce, packets / everyNth); ++number)
-        m_stations.push_back(std::make_unique<Station>(m_thread, number));
+        m_stations.push_back(std::make_unique<Station>(
+            m_thread, QStringLiteral("127.20.%1.%2").arg(addressBlock).arg(number)));
 }
 
 void tst_LossMatrix::disturbed_data()
@@ -134,6 +76,7 @@ void tst_LossMatrix::disturbed()
 {
     QFETCH(const QString, disturbance);
     QFETCH(const int, leastOfFour);
+    const TransferKind kind = waveSample();
     const TestFiles files;
     const QByteArray content = noise(packets * chunkBytes);
     const QString path = files.write(QStringLiteral("sample.wav"), content);
@@ -145,12 +88,15 @@ void tst_LossMatrix::disturbed()
     runCrowd(
         packets / everyNth, atOnce,
         [&](int index, int place) {
+            Station &station = *m_stations.at(std::size_t(place));
+            auto transfer = std::make_unique<JudgedTransfer>(station, kind, path, content, timeoutMs);
             const QString mode = QStringLiteral("%1=%2").arg(disturbance).arg(packetOf(index));
-            return std::make_unique<DisturbedTransfer>(*m_stations.at(std::size_t(place)), mode, path,
-                                                       content);
+            if (!station.engine.fail(mode))
+                qFatal("%s is no failure mode", qPrintable(mode));
+            return transfer;
         },
         [&](int index, CrowdMember &member) {
-            outcomes[static_cast<DisturbedTransfer &>(member).result()].append(packetOf(index));
+            outcomes[static_cast<JudgedTransfer &>(member).result()].append(packetOf(index));
         });
 
     qInfo() << packets / everyNth << "packets" << disturbance

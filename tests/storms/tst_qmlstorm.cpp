@@ -8,7 +8,6 @@
 #include "support/processresources.h"
 
 #include <QDeadlineTimer>
-#include <QFile>
 #include <QGuiApplication>
 #include <QPointer>
 #include <QQmlComponent>
@@ -55,23 +54,6 @@ private:
     int m_count = 0;
     QPointer<QObject> m_screen;
 };
-
-/// Bytes that wait in the receive buffers of UDP sockets with that port.
-qint64 waitingBytes(quint16 port)
-{
-    QFile file(QStringLiteral("/proc/self/net/udp"));
-    if (!file.open(QIODevice::ReadOnly))
-        return -1;
-    const QByteArray suffix = ':' + QByteArray::number(port, 16).rightJustified(4, '0').toUpper();
-    qint64 waiting = 0;
-    const QList<QByteArray> lines = file.readAll().split('\n');
-    for (const QByteArray &line : lines) {
-        const QList<QByteArray> columns = line.simplified().split(' ');
-        if (columns.size() > 4 && columns.at(1).endsWith(suffix))
-            waiting += columns.at(4).split(':').value(1).toLongLong(nullptr, 16);
-    }
-    return waiting;
-}
 
 } // namespace
 

@@ -46,6 +46,10 @@ void LogCatcher::handle(QtMsgType type, const QMessageLogContext &context, const
     const std::lock_guard<std::mutex> activeLock(activeMutex);
     if (!activeCatcher)
         return;
+    if (type == QtInfoMsg && activeCatcher->m_previous) {
+        activeCatcher->m_previous(type, context, text);
+        return;
+    }
     const QMutexLocker lock(&activeCatcher->m_mutex);
     activeCatcher->m_lines.append({type, QString::fromLatin1(context.category), text});
 }

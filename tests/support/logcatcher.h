@@ -17,6 +17,8 @@ struct LogLine
 
 /// Catches what is logged, in any thread, as long as it lives. One at a time.
 ///
+/// What a test has to say itself, by qInfo(), is handed on at once.
+///
 /// Warnings that nobody has looked at when it goes are unexpected: they are handed on to whoever had the log
 /// before, that is to Qt Test, whose output fails the test.
 class LogCatcher

@@ -25,6 +25,9 @@ namespace {
 
 const char engineHost[] = "172.20.21.22";
 
+// The first line is for the second to find something.
+const char noLoss[] = "table ip loss\ndelete table ip loss\n";
+
 bool privateNetwork = false;
 
 QString systemError(const char *what)
@@ -161,9 +164,14 @@ QString EngineNetwork::setUp()
 void EngineNetwork::onEngineSide(const std::function<void()> &function)
 {
     std::thread([this, &function] {
-        if (::setns(m_namespace, CLONE_NEWNET) == 0)
+        if (enterEngineSide())
             function();
     }).join();
+}
+
+bool EngineNetwork::enterEngineSide() const
+{
+    return ::setns(m_namespace, CLONE_NEWNET) == 0;
 }
 
 int EngineNetwork::openEngineSocket(quint16 port)
@@ -193,25 +201,50 @@ QString EngineNetwork::restore()
     return ip(QStringLiteral("link set module0 up"));
 }
 
-QString EngineNetwork::loseDatagrams(int percent)
+QString EngineNetwork::cutEngine()
 {
-    const QByteArray rule =
-        "udp dport 1-65535 numgen random mod 100 < " + QByteArray::number(percent) + " drop\n";
-    QString error = loseNothing();
-    if (error.isEmpty()) {
-        onEngineSide([&] {
-            error = nft("table ip loss {\n"
-                        "chain in { type filter hook input priority 0; " +
-                        rule + "}\nchain out { type filter hook output priority 0; " + rule + "}\n}\n");
-        });
-    }
+    QString error;
+    onEngineSide([&error] { error = ip(QStringLiteral("link set engine0 down")); });
+    return error;
+}
+
+QString EngineNetwork::restoreEngine()
+{
+    QString error;
+    onEngineSide([&error] { error = ip(QStringLiteral("link set engine0 up")); });
+    return error;
+}
+
+QString EngineNetwork::loseDatagrams(int percent, Direction direction, quint16 firstPort, quint16 lastPort)
+{
+    const auto rules = [&](const char *portOfEngine) {
+        return QStringLiteral("table ip loss {\n"
+                              "chain in { type filter hook input priority 0; "
+                              "udp %1 %2-%3 numgen random mod 100 < %4 drop\n}\n}\n")
+            .arg(QLatin1String(portOfEngine))
+            .arg(firstPort)
+            .arg(lastPort)
+            .arg(percent)
+            .toLatin1();
+    };
+    QString error;
+    if (direction != Direction::ToModule)
+        error = nftOnEngineSide(rules("dport"));
+    if (error.isEmpty() && direction != Direction::ToEngine)
+        error = nft(rules("sport"));
     return error;
 }
 
 QString EngineNetwork::loseNothing()
 {
+    const QString error = nftOnEngineSide(noLoss);
+    return error.isEmpty() ? nft(noLoss) : error;
+}
+
+QString EngineNetwork::nftOnEngineSide(const QByteArray &rules)
+{
     QString error;
-    onEngineSide([&error] { error = nft("table ip loss\ndelete table ip loss\n"); });
+    onEngineSide([&] { error = nft(rules); });
     return error;
 }
 

@@ -39,15 +39,25 @@ public:
     QString cut();
     QString restore();
 
-    /// Makes the engine's side drop that many of 100 datagrams in each direction, at random. Needs nftables.
-    QString loseDatagrams(int percent);
+    /// The same at the engine's end: the module keeps its route, and nobody is there.
+    QString cutEngine();
+    QString restoreEngine();
+
+    enum class Direction { Both, ToEngine, ToModule };
+    /// Makes the receiving side drop that many of 100 datagrams, at random; the sender does not notice. Ports
+    /// are the engine's. Adds to what gets lost already. Needs nftables.
+    QString loseDatagrams(int percent, Direction direction = Direction::Both, quint16 firstPort = 1,
+                          quint16 lastPort = 65535);
     QString loseNothing();
 
     /// Runs a function in the engine's namespace, in a thread of its own, and waits for it.
     void onEngineSide(const std::function<void()> &function);
+    /// Moves the calling thread to the engine's side for good; what it opens from now on is there.
+    bool enterEngineSide() const;
 
 private:
     QString setUp();
+    QString nftOnEngineSide(const QByteArray &rules);
 
     int m_namespace = -1;
     QString m_error;

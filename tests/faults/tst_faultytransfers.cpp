@@ -1,0 +1,277 @@
+// Files on a network that loses datagrams, is cut or has an engine that starts anew. The file arrives, or QML
+// is told that it did not; and the next one arrives, with nothing started again.
+
+#include "faulttest.h"
+
+#include "failures/judgedtransfer.h"
+#include "support/logcatcher.h"
+#include "transfer/session.h"
+
+#include <QMap>
+#include <QTest>
+
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <memory>
+#include <vector>
+
+using namespace testsupport;
+using Direction = EngineNetwork::Direction;
+using Result = JudgedTransfer::Result;
+
+namespace {
+
+#ifdef ZELTACONNECT_LONG_CASES
+constexpr int rounds = 5;
+constexpr int outageMs = 10000;
+#else
+constexpr int rounds = 1;
+constexpr int outageMs = 1000;
+#endif
+// What takes a fifth of a second at least, so that it can be disturbed halfway.
+constexpr int disturbedPackets = 300;
+constexpr int disturbedBluetoothPackets = 3000;
+constexpr int chunkBytes = 512;
+constexpr int timeoutMs = 120000;
+constexpr quint16 firstPort = 20000;
+
+const QString &engineHost()
+{
+    static const QString host = QStringLiteral("172.20.21.22");
+    return host;
+}
+
+// The kinds whose end tells the status, without the sound bank, whose end may take ten minutes.
+std::vector<TransferKind> kinds()
+{
+    std::vector<TransferKind> kinds;
+    const QVector<TransferKind> all = quickKinds();
+    for (const TransferKind &kind : all) {
+        if (kind.content != QByteArray("SB") && kind.complete.contains(QStringLiteral("%1")))
+            kinds.push_back(kind);
+    }
+    return kinds;
+}
+
+struct Loss
+{
+    const char *name;
+    int percent;
+    Direction direction;
+    int packets; ///< fewer for more loss: the module rests for seconds before it sends packets again
+};
+
+constexpr std::array<Loss, 9> losses{{
+    {"1 of 100 to the engine", 1, Direction::ToEngine, 300},
+    {"5 of 100 to the engine", 5, Direction::ToEngine, 100},
+    {"20 of 100 to the engine", 20, Direction::ToEngine, 30},
+    {"1 of 100 to the module", 1, Direction::ToModule, 300},
+    {"5 of 100 to the module", 5, Direction::ToModule, 100},
+    {"20 of 100 to the module", 20, Direction::ToModule, 30},
+    {"1 of 100 both ways", 1, Direction::Both, 300},
+    {"5 of 100 both ways", 5, Direction::Both, 100},
+    {"20 of 100 both ways", 20, Direction::Both, 30},
+}};
+
+// What is sent again and again at a station of its own.
+struct Sending
+{
+    TransferKind kind;
+    QString path;
+    QByteArray content;
+    std::unique_ptr<Station> station;
+};
+using Sendings = std::vector<Sending>;
+using Outcomes = QMap<Result, int>;
+
+// One of each kind, to engines at ports one after the other.
+Sendings makeSendings(EngineThread &thread, const TestFiles &files, quint16 port, int packets,
+                      int bluetoothPackets)
+{
+    Sendings sendings;
+    for (const TransferKind &kind : kinds()) {
+        Sending sending;
+        sending.kind = kind;
+        sending.content =
+            kind.file((kind.content == QByteArray("BF") ? bluetoothPackets : packets) * chunkBytes, port);
+        sending.path = files.write(QStringLiteral("%1/%2").arg(port).arg(kind.fileName), sending.content);
+        sending.station = std::make_unique<Station>(thread, engineHost(), port++);
+        sendings.push_back(std::move(sending));
+    }
+    return sendings;
+}
+
+bool allAreOnTheirWay(const Sendings &sendings)
+{
+    return std::all_of(sendings.begin(), sendings.end(), [](const Sending &sending) {
+        const QString progress = sending.kind.progress.section(QLatin1Char('('), 0, 0);
+        return sending.station->recorder.count(progress.toLatin1().constData()) > disturbedPackets / 10;
+    });
+}
+
+// All at the same time, since most of it is waiting for an end that is not acknowledged. The disturbance
+// comes when all of them are under way. One outcome for each group.
+std::vector<Outcomes> sendAll(const std::vector<Sendings> &groups, const std::function<void()> &disturb = {})
+{
+    std::vector<std::vector<std::unique_ptr<JudgedTransfer>>> transfers(groups.size());
+    for (std::size_t group = 0; group < groups.size(); ++group) {
+        for (const Sending &sending : groups[group]) {
+            transfers[group].push_back(std::make_unique<JudgedTransfer>(
+                *sending.station, sending.kind, sending.path, sending.content, timeoutMs));
+            transfers[group].back()->start();
+        }
+    }
+    const auto isOver = [](const auto &transfer) {
+        return transfer->isOver();
+    };
+    const auto allAreOver = [&isOver](const auto &group) {
+        return std::all_of(group.begin(), group.end(), isOver);
+    };
+    const auto noneIsOver = [&isOver](const auto &group) {
+        return std::none_of(group.begin(), group.end(), isOver);
+    };
+    bool complete = true;
+    if (disturb) {
+        complete =
+            QTest::qWaitFor([&] { return std::all_of(groups.begin(), groups.end(), allAreOnTheirWay); }) &&
+            std::all_of(transfers.begin(), transfers.end(), noneIsOver);
+        disturb();
+    }
+    complete = QTest::qWaitFor([&] { return std::all_of(transfers.begin(), transfers.end(), allAreOver); },
+                               timeoutMs * 2) &&
+               complete;
+    std::vector<Outcomes> outcomes(groups.size());
+    for (std::size_t group = 0; group < groups.size(); ++group) {
+        for (const auto &transfer : transfers[group])
+            ++outcomes[group][complete ? transfer->result() : Result::Silent];
+    }
+    return outcomes;
+}
+
+void verifyHonest(const char *name, const Outcomes &outcomes)
+{
+    qInfo().nospace() << name << ": " << outcomes[Result::Arrived] << " arrived, " << outcomes[Result::Failed]
+                      << " failed and told so, " << outcomes[Result::FalseFailure]
+                      << " arrived with the acknowledgement lost";
+    QVERIFY2(outcomes[Result::FalseSuccess] == 0, name);
+    QVERIFY2(outcomes[Result::Silent] == 0, name);
+}
+
+void verifyAllArrive(const std::vector<Sendings> &groups)
+{
+    const std::vector<Outcomes> outcomes = sendAll(groups);
+    for (std::size_t group = 0; group < groups.size(); ++group) {
+        QCOMPARE(outcomes[group][Result::Arrived], int(groups[group].size()));
+        for (const Sending &sending : groups[group])
+            QCOMPARE(sending.station->engine.violations(), QStringList());
+    }
+}
+
+} // namespace
+
+class FaultyTransfersTest : public FaultTest
+{
+    Q_OBJECT
+
+public:
+    using FaultTest::FaultTest;
+
+private Q_SLOTS:
+    void datagramsGetLost();
+    void outage_data();
+    void outage();
+    void engineRestarts();
+};
+
+void FaultyTransfersTest::datagramsGetLost()
+{
+    EngineNetwork network;
+    QVERIFY2(network.errorString().isEmpty(), qPrintable(network.errorString()));
+    const LogCatcher log;
+    const TestFiles files;
+    FarEngineThread thread(network);
+    std::vector<Sendings> groups;
+    quint16 port = firstPort;
+    for (const Loss &loss : losses) {
+        groups.push_back(makeSendings(thread, files, port, loss.packets, loss.packets));
+        const auto next = quint16(port + groups.back().size());
+        const QString problem = network.loseDatagrams(loss.percent, loss.direction, port, quint16(next - 1));
+        if (!problem.isEmpty())
+            QSKIP(qPrintable(problem));
+        port = next;
+    }
+
+    std::array<Outcomes, losses.size()> totals;
+    for (int round = 0; round < rounds; ++round) {
+        const std::vector<Outcomes> outcomes = sendAll(groups);
+        for (std::size_t group = 0; group < outcomes.size(); ++group) {
+            for (auto outcome = outcomes[group].begin(); outcome != outcomes[group].end(); ++outcome)
+                totals.at(group)[outcome.key()] += outcome.value();
+        }
+    }
+    for (std::size_t group = 0; group < losses.size(); ++group) {
+        verifyHonest(losses.at(group).name, totals.at(group));
+        if (QTest::currentTestFailed())
+            return;
+    }
+    QCOMPARE(network.loseNothing(), QString());
+    verifyAllArrive(groups);
+    QCOMPARE(log.warnings(), QStringList());
+}
+
+void FaultyTransfersTest::outage_data()
+{
+    QTest::addColumn<bool>("atEngine");
+    QTest::newRow("cable out at the module") << false;
+    QTest::newRow("cable out at the engine") << true;
+}
+
+void FaultyTransfersTest::outage()
+{
+    QFETCH(const bool, atEngine);
+    EngineNetwork network;
+    QVERIFY2(network.errorString().isEmpty(), qPrintable(network.errorString()));
+    const LogCatcher log;
+    const TestFiles files;
+    FarEngineThread thread(network);
+    std::vector<Sendings> groups;
+    groups.push_back(makeSendings(thread, files, firstPort, disturbedPackets, disturbedBluetoothPackets));
+
+    const std::vector<Outcomes> outcomes = sendAll(groups, [&] {
+        QCOMPARE(atEngine ? network.cutEngine() : network.cut(), QString());
+        QTest::qWait(outageMs); // the outage itself
+        QCOMPARE(atEngine ? network.restoreEngine() : network.restore(), QString());
+    });
+    verifyHonest(QTest::currentDataTag(), outcomes.front());
+    verifyAllArrive(groups);
+    QCOMPARE(log.warnings(), QStringList());
+}
+
+// The new engine knows nothing of a file that is on its way.
+void FaultyTransfersTest::engineRestarts()
+{
+    EngineNetwork network;
+    QVERIFY2(network.errorString().isEmpty(), qPrintable(network.errorString()));
+    const LogCatcher log;
+    const TestFiles files;
+    FarEngineThread thread(network);
+    std::vector<Sendings> groups;
+    groups.push_back(makeSendings(thread, files, firstPort, disturbedPackets, disturbedBluetoothPackets));
+
+    const std::vector<Outcomes> outcomes = sendAll(groups, [&] {
+        for (const Sending &sending : groups.front())
+            sending.station->engine.replace();
+    });
+    verifyHonest("engine restarted", outcomes.front());
+    QCOMPARE(outcomes.front()[Result::Arrived], 0);
+    verifyAllArrive(groups);
+    QCOMPARE(log.warnings(), QStringList());
+}
+
+int main(int argc, char **argv)
+{
+    return runInPrivateNetwork<FaultyTransfersTest>(argc, argv);
+}
+
+#include "tst_faultytransfers.moc"
