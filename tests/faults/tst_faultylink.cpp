@@ -1,10 +1,11 @@
 // No route, datagrams of every size, and a flood: what the receiving side has to stand.
 
-#include "faulttest.h"
+#include "faultyline.h"
 #include "flood.h"
 
 #include "support/hex.h"
 #include "support/logcatcher.h"
+#include "support/privatenetworktest.h"
 #include "support/processresources.h"
 #include "support/signalrecorder.h"
 #include "support/texts.h"
@@ -51,12 +52,12 @@ QVector<int> sizes()
 
 } // namespace
 
-class FaultyLinkTest : public FaultTest
+class FaultyLinkTest : public PrivateNetworkTest
 {
     Q_OBJECT
 
 public:
-    using FaultTest::FaultTest;
+    using PrivateNetworkTest::PrivateNetworkTest;
 
 private Q_SLOTS:
     void noRoute();

@@ -1,10 +1,11 @@
 // Parameters, meters and hits while datagrams get lost, the cable is out or the engine starts anew. What is
 // lost is lost; nothing else is, and nothing has to be started again.
 
-#include "faulttest.h"
+#include "faultyline.h"
 
 #include "support/hex.h"
 #include "support/logcatcher.h"
+#include "support/privatenetworktest.h"
 #include "support/processresources.h"
 #include "support/signalrecorder.h"
 
@@ -90,12 +91,12 @@ struct Heard
 
 } // namespace
 
-class FaultyTrafficTest : public FaultTest
+class FaultyTrafficTest : public PrivateNetworkTest
 {
     Q_OBJECT
 
 public:
-    using FaultTest::FaultTest;
+    using PrivateNetworkTest::PrivateNetworkTest;
 
 private Q_SLOTS:
     void parametersGetLost_data() { addLossRows(); }

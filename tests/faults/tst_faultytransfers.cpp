@@ -1,10 +1,11 @@
 // Files on a network that loses datagrams, is cut or has an engine that starts anew. The file arrives, or QML
 // is told that it did not; and the next one arrives, with nothing started again.
 
-#include "faulttest.h"
+#include "faultyline.h"
 
 #include "failures/judgedtransfer.h"
 #include "support/logcatcher.h"
+#include "support/privatenetworktest.h"
 #include "transfer/session.h"
 
 #include <QMap>
@@ -170,12 +171,12 @@ void verifyAllArrive(const std::vector<Sendings> &groups)
 
 } // namespace
 
-class FaultyTransfersTest : public FaultTest
+class FaultyTransfersTest : public PrivateNetworkTest
 {
     Q_OBJECT
 
 public:
-    using FaultTest::FaultTest;
+    using PrivateNetworkTest::PrivateNetworkTest;
 
 private Q_SLOTS:
     void datagramsGetLost();

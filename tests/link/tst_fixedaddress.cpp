@@ -5,11 +5,11 @@
 #include "support/hex.h"
 #include "support/logcatcher.h"
 #include "support/networknamespace.h"
+#include "support/privatenetworktest.h"
 #include "support/processresources.h"
 #include "support/texts.h"
 
 #include <QElapsedTimer>
-#include <QGuiApplication>
 #include <QProcess>
 #include <QTest>
 
@@ -29,21 +29,14 @@ const QHostAddress &engineHost()
 
 } // namespace
 
-class FixedAddressTest : public QObject
+class FixedAddressTest : public PrivateNetworkTest
 {
     Q_OBJECT
 
 public:
-    /// Takes why there is no private network, or nothing when there is one.
-    explicit FixedAddressTest(const QString &noNetwork)
-        : m_noNetwork(noNetwork)
-    {}
+    using PrivateNetworkTest::PrivateNetworkTest;
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void cleanup();
-
     void everythingGoesToTheEngine();
     void unreadableAddressFallsBack();
     void emptyAddressIsTheFixedOne();
@@ -53,28 +46,7 @@ private Q_SLOTS:
     void successfulBind();
     void cutAndRestored();
     void lossLosesOnlyWhatIsLost();
-
-private:
-    const QString m_noNetwork;
 };
-
-void FixedAddressTest::initTestCase()
-{
-    if (!m_noNetwork.isEmpty())
-        QSKIP(qPrintable(QStringLiteral("needs a network namespace of its own: ") + m_noNetwork));
-}
-
-void FixedAddressTest::init()
-{
-    QVERIFY(inPrivateNetwork());
-    qunsetenv(variable);
-}
-
-// Even the mishap of a test must not leave the fixed address behind for anything that runs later.
-void FixedAddressTest::cleanup()
-{
-    qputenv(variable, ZELTACONNECT_TEST_ENGINE);
-}
 
 void FixedAddressTest::everythingGoesToTheEngine()
 {
@@ -281,10 +253,7 @@ void FixedAddressTest::lossLosesOnlyWhatIsLost()
 
 int main(int argc, char *argv[])
 {
-    const QString noNetwork = enterPrivateNetwork();
-    QGuiApplication application(argc, argv);
-    FixedAddressTest test(noNetwork);
-    return QTest::qExec(&test, argc, argv);
+    return runInPrivateNetwork<FixedAddressTest>(argc, argv);
 }
 
 #include "tst_fixedaddress.moc"

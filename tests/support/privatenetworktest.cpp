@@ -1,0 +1,31 @@
+#include "support/privatenetworktest.h"
+
+namespace testsupport {
+
+namespace {
+
+const char variable[] = "ZELTACONNECT_ENGINE";
+// Nobody listens there.
+const char harmlessAddress[] = "127.20.21.99";
+
+} // namespace
+
+void PrivateNetworkTest::initTestCase()
+{
+    if (!m_noNetwork.isEmpty())
+        QSKIP(qPrintable(QStringLiteral("needs a network namespace of its own: ") + m_noNetwork));
+}
+
+void PrivateNetworkTest::init()
+{
+    QVERIFY(inPrivateNetwork());
+    qunsetenv(variable);
+}
+
+// Even the mishap of a test must not leave the fixed address behind for anything that runs later.
+void PrivateNetworkTest::cleanup()
+{
+    qputenv(variable, harmlessAddress);
+}
+
+} // namespace testsupport
