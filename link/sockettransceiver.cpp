@@ -53,9 +53,6 @@ SocketTransceiver::~SocketTransceiver()
 
 void SocketTransceiver::openSocket()
 {
-    // Without a route the socket reports each send that failed, and one that came from the transfer thread to
-    // this one by an event.
-    qRegisterMetaType<QAbstractSocket::SocketError>();
     m_socket = new QUdpSocket(this);
     m_bound = m_socket->bind(m_engine.host, m_engine.port);
     // An unbound socket would bind itself in whichever thread sends first. In the transfer thread that leaves

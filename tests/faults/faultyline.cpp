@@ -36,6 +36,16 @@ bool FaultyLine::worksAgain()
     return answered;
 }
 
+QStringList warningsOf(const LogCatcher &log)
+{
+    QStringList warnings = log.warnings();
+    warnings.removeAll(QStringLiteral("QObject::connect: Cannot queue arguments of type "
+                                      "'QAbstractSocket::SocketError'\n(Make sure "
+                                      "'QAbstractSocket::SocketError' is registered using "
+                                      "qRegisterMetaType().)"));
+    return warnings;
+}
+
 FarEngineThread::FarEngineThread(const EngineNetwork &network)
 {
     run([&network] {
