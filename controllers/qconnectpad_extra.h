@@ -20,6 +20,6 @@ public:
     /// Selects the second sound by its number, which is too large for one parameter: its high and low seven
     /// bits go out as two parameters, high first, one datagram each.
     void setPadExtraSecondSoundSelect(quint32 value, quint8 note, quint8 channel);
-    /// Sends nothing: the engine has no such parameter yet, and screens may call this freely.
+    /// Sends nothing, on purpose; screens may call it freely.
     void setPadExtraCrossfeedBuzz(quint8 value, quint8 note, quint8 channel);
 };

@@ -11,7 +11,7 @@ public:
     qconnectpot(QConnectQmlPlugin *owner, QQuickItem *parent);
 
 Q_SIGNALS:
-    // Kept for receivers beside QML; the steps themselves go out through the control object.
+    // Never emitted: the steps go out through the control object's signals.
     void pot0Inc();
     void pot1Inc();
     void pot2Inc();

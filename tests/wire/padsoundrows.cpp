@@ -90,6 +90,12 @@ constexpr WireRow rows[] = {
     {"setPadExtraSecondSoundSelect", "16384, 38", "high part keeps bit 7",
      "494D0003 0BB96312 0BB96226 0BB90680 | "
      "494D0003 0BB96314 0BB96226 0BB90600"},
+    {"setPadExtraSecondSoundSelect", "300, 0", "lowest note",
+     "494D0003 0BB96312 0BB96200 0BB90602 | "
+     "494D0003 0BB96314 0BB96200 0BB9062C"},
+    {"setPadExtraSecondSoundSelect", "300, 200", "note not limited",
+     "494D0003 0BB96312 0BB962C8 0BB90602 | "
+     "494D0003 0BB96314 0BB962C8 0BB9062C"},
     {"setPadExtraSecondSoundSelect", "4294967295, 38", "upper bits lost",
      "494D0003 0BB96312 0BB96226 0BB906FF | "
      "494D0003 0BB96314 0BB96226 0BB9067F"},

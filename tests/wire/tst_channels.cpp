@@ -5,8 +5,11 @@
 #include <QGuiApplication>
 #include <QScopedPointer>
 #include <QTest>
+#include <QTimer>
 
 #include <functional>
+
+#include <time.h>
 
 using namespace testsupport;
 
@@ -30,6 +33,14 @@ constexpr ChannelRow channelRows[] = {
     {"16", 16, "C0", "A0", "90"},     {"0x4F", 0x4F, "FF", "DF", "CF"}, {"0x50", 0x50, "00", "E0", "D0"},
     {"0x7F", 0x7F, "2F", "0F", "FF"}, {"0x80", 0x80, "30", "10", "00"}, {"255", 255, "AF", "8F", "7F"},
 };
+
+// What this thread has used.
+qint64 processorTimeUs()
+{
+    timespec time{};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return qint64(time.tv_sec) * 1000000 + time.tv_nsec / 1000;
+}
 
 } // namespace
 
@@ -128,6 +139,12 @@ void ChannelsTest::statusByte_data()
     });
     rows("trigger", "494D0003 0BSS6341 0BSS6203 0BSS0628",
          [module](quint8 channel) { qconnecttrigger(module, nullptr).setTriggerGain(40, 3, channel); });
+    rows("trigger transfer end", "494D0003 0BSS634F 0BSS6226 0BSS0600",
+         [module](quint8 channel) { qconnecttrigger(module, nullptr).sendTriggerTransferEnd(38, channel); });
+    rows("MIDI test", "494D0003 0BSS6337 0BSS6251 0BSS0623",
+         [module](quint8 channel) { qconnectpad(module, nullptr).sendMidiAutoTest(channel); });
+    rows("pad equaliser, frequency", "494D0004 0BSS6326 0BSS625F 0BSS2668 0BSS0607",
+         [module](quint8 channel) { qconnectpad_eq(module, nullptr).setPadEqHighFreq(1000, 95, channel); });
     rows("MIDI set-up", "494D0003 0BSS6337 0BSS6225 0BSS0609",
          [module](quint8 channel) { qconnectmidi(module, nullptr).setSnareChannel(9, channel); });
     rows("LED brightness", "494D0003 0BSS6337 0BSS6240 0BSS065A",
@@ -177,12 +194,21 @@ void ChannelsTest::switchingOnSendsNothing()
     QVERIFY(!m_peer.hasPending());
 }
 
+// It looks at the clock until the time has passed: it neither sleeps, which may take longer, nor lets
+// anything else happen meanwhile.
 void ChannelsTest::transferEndTakesItsTime()
 {
+    bool somethingHappened = false;
+    QTimer::singleShot(0, this, [&somethingHappened] { somethingHappened = true; });
+    const qint64 workedUs = processorTimeUs();
     QElapsedTimer timer;
     timer.start();
     qconnecttrigger(m_module.data(), nullptr).sendTriggerTransferEnd(38, 9);
-    QVERIFY2(timer.elapsed() >= 100, qPrintable(QString::number(timer.elapsed())));
+    const qint64 elapsedMs = timer.elapsed();
+    QVERIFY2(elapsedMs >= 100 && elapsedMs < 5000, qPrintable(QString::number(elapsedMs)));
+    QVERIFY(!somethingHappened);
+    // Of a hundred milliseconds; the share of a busy machine.
+    QVERIFY2(processorTimeUs() - workedUs > 2000, qPrintable(QString::number(processorTimeUs() - workedUs)));
     // The marker left before the pause: it lies there without any waiting.
     QVERIFY(m_peer.hasPending());
     compareSent("494D0003 0BB9634F 0BB96226 0BB90600");
