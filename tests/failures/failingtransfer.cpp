@@ -160,7 +160,14 @@ QString FailingTransfer::fileVerdict()
                               texts.contains(m_kind.completed(0, 1).constLast()) ||
                               texts.contains(m_kind.completed(0, 2).constLast());
         const bool acknowledged = texts.contains(QStringLiteral("udpPacketArrived(17477, 0, 0)"));
-        return reported && acknowledged && !arrived ? QStringLiteral("a false success") : QString();
+        if (reported && acknowledged && !arrived)
+            return QStringLiteral("a false success");
+        // What comes twice is known by its number.
+        if (m_mode == QLatin1String("duplicate") && !arrived)
+            return QStringLiteral("the file did not arrive");
+        const QString end = m_kind.completed(0).constLast().section(QLatin1Char('('), 0, 0);
+        const int ends = m_recorder->count(end.toLatin1().constData());
+        return ends == 1 ? QString() : QStringLiteral("the end was told %1 times").arg(ends);
     }
     // What is taken whole but not acknowledged is whole all the same.
     const bool mayArrive = m_mode == QLatin1String("no-end-ack");

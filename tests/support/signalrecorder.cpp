@@ -4,6 +4,7 @@
 
 #include <QMetaMethod>
 #include <QMutexLocker>
+#include <QThread>
 
 namespace testsupport {
 
@@ -66,6 +67,7 @@ int SignalRecorder::qt_metacall(QMetaObject::Call call, int id, void **arguments
     if (!isFence(recorded)) {
         const QMutexLocker lock(&m_mutex);
         m_recorded.append(recorded);
+        m_foreign += QThread::currentThread() == thread() ? 0 : 1;
     }
     return -1;
 }
@@ -78,6 +80,12 @@ QList<RecordedSignal> SignalRecorder::recorded() const
     QList<RecordedSignal> copy = m_recorded;
     copy.detach();
     return copy;
+}
+
+int SignalRecorder::foreignCount() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_foreign;
 }
 
 int SignalRecorder::count(const char *name) const

@@ -33,6 +33,9 @@ public:
     int count() const { return recorded().size(); }
     int count(const char *name) const;
 
+    /// Number of signals that were emitted in another thread than this recorder's.
+    int foreignCount() const;
+
     /// One text per signal: "tempoChanged()", "udpPacketArrived(16706, 1, 2)", "sysEx(\"04f0\")".
     QStringList texts() const;
     /// texts() and clear() in one.
@@ -51,6 +54,7 @@ private:
     mutable QMutex m_mutex;
     std::vector<Source> m_sources;
     QList<RecordedSignal> m_recorded;
+    int m_foreign = 0;
 };
 
 } // namespace testsupport

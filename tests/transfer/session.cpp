@@ -71,6 +71,8 @@ QStringList Session::seen() const
 
 QString Session::difference(const QStringList &expected) const
 {
+    if (m_recorder->foreignCount() > 0)
+        return QStringLiteral("%1 signals came in another thread than QML's").arg(m_recorder->foreignCount());
     const QStringList actual = seen();
     return actual == expected ? QString()
                               : QStringLiteral("expected %1; got %2")

@@ -35,7 +35,7 @@ public:
     /// a value and seen. Whatever was to come before it has come then; seen() ends with settled().
     bool settle(int timeoutMs = 30000);
     static QString settled();
-    /// Empty when exactly these signals were seen, otherwise what differs.
+    /// Empty when exactly these signals were seen, all of them in the thread of QML, otherwise what differs.
     QString difference(const QStringList &expected) const;
     /// Settles and compares: these signals, then settled(), and nothing else.
     QString differenceWhenSettled(const QStringList &expected, int timeoutMs = 30000);

@@ -4,6 +4,7 @@
 
 #include "control/qconnectqmlplugin.h"
 
+#include <QElapsedTimer>
 #include <QTest>
 
 // The control object goes while its transfer engine is in one phase or another. Its destructor waits for the
@@ -155,8 +156,12 @@ void tst_Destruction::duringTheSleepAfterFirmware()
     kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(1000)));
     session.plugin().requestSoundBankVersion();
     QVERIFY(session.peer().waitForPrefix("DE", 5000));
+    QElapsedTimer sinceTheEnd;
+    sinceTheEnd.start();
     QVERIFY(session.waitFor(QStringLiteral("udpPacketArrived(17477, 0, 0)")));
     QVERIFY(session.destroyPlugin() < afterEndMs + promptMs);
+    // The sleep is finished first.
+    QVERIFY2(sinceTheEnd.elapsed() >= afterEndMs - 500, QByteArray::number(sinceTheEnd.elapsed()));
     verifySilence(session);
     QCOMPARE(session.peer().received().last().left(2), QByteArray("DE"));
 }

@@ -4,7 +4,10 @@
 #include "control/qconnectqmlplugin.h"
 #include "support/signalrecorder.h"
 
+#include <QPair>
 #include <QTest>
+
+#include <functional>
 
 // The signals of the transfer engine itself, transferDone() above all, which QML does not see. The engine
 // under test sends through a control object of its own.
@@ -28,6 +31,11 @@ private Q_SLOTS:
     void notOpened();
     void queries();
     void refusedForMemory();
+    void importRefusedForMemory();
+    void importPastTheEnd();
+    void memoryFullDuringAQuery();
+    void priority();
+    void priorityStaysWhileTheThreadRuns();
     void stop();
     void neverStarted();
 
@@ -160,6 +168,73 @@ void tst_TransferEngine::refusedForMemory()
     QCOMPARE(emitted().constLast(), done);
     QCOMPARE(emitted().count(done), 1);
     QVERIFY(!emitted().contains(QStringLiteral("importTBComplete(0)")));
+}
+
+void tst_TransferEngine::importRefusedForMemory()
+{
+    m_session->peer().answerData(10, {{0x4443, 0, 0x00E3}});
+    m_engine->sendImportWaveSample(m_files.write(QStringLiteral("a.wav"), noise(512 * 1000)), 8);
+    m_engine->requestSoundBankVersion();
+    QVERIFY(waitUntilIdle());
+    QStringList seen = emitted();
+    QCOMPARE(seen.takeLast(), done);
+    QCOMPARE(seen.takeLast(), QStringLiteral("importSlotComplete(8, 227)"));
+    QCOMPARE(seen.filter(QStringLiteral("importSlotProgress(8, ")), seen);
+}
+
+void tst_TransferEngine::importPastTheEnd()
+{
+    m_session->peer().answerData(10, {{0x4443, 0x0005, 0x01BE}});
+    m_engine->sendImportWaveSample(m_files.write(QStringLiteral("a.wav"), noise(512 * 1000)), 8);
+    QVERIFY(waitUntilIdle());
+    QStringList seen = emitted();
+    QCOMPARE(seen.takeLast(), done);
+    QCOMPARE(seen.takeLast(), QStringLiteral("importSlotComplete(8, 0)"));
+    QCOMPARE(seen.filter(QStringLiteral("importSlotProgress(8, ")), seen);
+}
+
+// The thread leaves as soon as the wait is over, and the query does not tell that it is.
+void tst_TransferEngine::memoryFullDuringAQuery()
+{
+    m_session->peer().answerQuery(0x534E, {{0x4443, 0, 0x00E1}, {0x534E, 1, 1}});
+    m_engine->requestSoundBankVersion();
+    m_engine->requestTriggerBankVersion();
+    QVERIFY(waitUntilIdle());
+    QCOMPARE(emitted(), QStringList());
+    QCOMPARE(m_session->peer().received(), QVector<QByteArray>{QByteArray("SN\0\0", 4)});
+}
+
+// Sound banks are the only ones to go before everything else.
+void tst_TransferEngine::priority()
+{
+    const QString path = m_files.write(QStringLiteral("file.b02"), noise(512 * 1000));
+    using Queue = std::function<void(qconnectfirmware &)>;
+    const QVector<QPair<Queue, QThread::Priority>> rows = {
+        {[&](qconnectfirmware &engine) { engine.sendSoundBank(path); }, QThread::TimeCriticalPriority},
+        {[&](qconnectfirmware &engine) { engine.sendTriggerBank(path); }, QThread::NormalPriority},
+        {[&](qconnectfirmware &engine) { engine.sendImportSoundBank(path, QStringLiteral("name"), 7); },
+         QThread::NormalPriority},
+        {[&](qconnectfirmware &engine) { engine.sendImportWaveSample(path, 8); }, QThread::NormalPriority},
+        {[&](qconnectfirmware &engine) { engine.sendBtFirmware(path); }, QThread::NormalPriority},
+        {[&](qconnectfirmware &engine) { engine.requestSoundBankVersion(); }, QThread::NormalPriority},
+        {[&](qconnectfirmware &engine) { engine.requestTriggerBankVersion(); }, QThread::NormalPriority},
+        {[&](qconnectfirmware &engine) { engine.requestHHRawValue(); }, QThread::NormalPriority},
+    };
+    for (int i = 0; i < rows.size(); ++i) {
+        qconnectfirmware engine(&m_session->plugin(), nullptr);
+        rows.at(i).first(engine);
+        QVERIFY2(engine.isRunning(), QByteArray::number(i));
+        QCOMPARE(engine.priority(), rows.at(i).second);
+    }
+}
+
+void tst_TransferEngine::priorityStaysWhileTheThreadRuns()
+{
+    m_engine->requestSoundBankVersion();
+    QVERIFY(m_session->peer().waitForCount(1, 5000));
+    m_engine->sendSoundBank(m_files.write(QStringLiteral("bank"), noise(100)));
+    QVERIFY(m_engine->isRunning());
+    QCOMPARE(m_engine->priority(), QThread::NormalPriority);
 }
 
 // No task starts any more, and stopping again is nothing.

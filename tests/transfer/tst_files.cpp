@@ -167,6 +167,8 @@ void tst_TransferFiles::large_data()
     QTest::newRow("2 GiB") << Q_INT64_C(0x80000000) << QByteArray("80000000");
     QTest::newRow("3 GiB") << Q_INT64_C(0xC0000000) << QByteArray("c0000000");
     QTest::newRow("4 GiB less 1") << Q_INT64_C(0xFFFFFFFF) << QByteArray("ffffffff");
+    QTest::newRow("4 GiB and 5, of which the low 32 bits")
+        << Q_INT64_C(0x100000005) << QByteArray("00000005");
 }
 
 // They are announced with their size and their data begins, on 32-bit systems too.

@@ -2,6 +2,7 @@
 
 #include "control/qconnectqmlplugin.h"
 
+#include <QElapsedTimer>
 #include <QTest>
 
 // The engine wants packets again. The stream pauses for four seconds before it starts over, so each case runs
@@ -24,7 +25,11 @@ private Q_SLOTS:
     void everyOtherCode();
     void twoRequestsTogether();
     void twoRequestsInTurn();
+    void pastTheEnd_data();
     void pastTheEnd();
+    void pastTheEndAfterAnError();
+    void pauseBeforeTheResend();
+    void requestDuringTheEndWait();
     void requestDuringThePause();
     void refusalDuringThePause();
     void memoryFullDuringThePause();
@@ -137,30 +142,103 @@ void tst_Resends::twoRequestsInTurn()
     }
 }
 
-// The number has 24 bits: 0x010005. There is nothing to read there, so an empty packet goes out and the
-// transfer is given up without an end packet.
+void tst_Resends::pastTheEnd_data()
+{
+    QTest::addColumn<quint16>("low");
+    QTest::addColumn<quint16>("high");
+    QTest::addColumn<QByteArray>("number");
+
+    QTest::newRow("24 bits") << quint16(0x0005) << quint16(0x01BE) << QByteArray("00010005");
+    // A place that 32 bits do not hold: it would be the beginning of the file.
+    QTest::newRow("4 GiB") << quint16(0x0000) << quint16(0x80BE) << QByteArray("00800000");
+}
+
+// There is nothing to read there, so an empty packet goes out and the transfer is given up without an end
+// packet.
 void tst_Resends::pastTheEnd()
 {
-    const RunningTransfers all = startAllKinds(m_files, [](TransferPeer &peer) {
-        peer.answerData(answeredPacket, {{dataAck, 0x0005, 0x01BE}});
+    QFETCH(const quint16, low);
+    QFETCH(const quint16, high);
+    QFETCH(const QByteArray, number);
+
+    const RunningTransfers all = startAllKinds(m_files, [&](TransferPeer &peer) {
+        peer.answerData(answeredPacket, {{dataAck, low, high}});
     });
+    const QByteArray numberAndLength = QByteArray::fromHex(number) + QByteArray(2, '\0');
     for (const auto &running : all) {
         const TransferKind &kind = running->kind;
-        const QByteArray lastPacket = "DC" + QByteArray(kind.content) + QByteArray("\0\1\0\5\0\0", 6);
-        QVERIFY2(running->session.peer().waitForPrefix(lastPacket, 20000), kind.name);
+        QVERIFY2(
+            running->session.peer().waitForPrefix("DC" + QByteArray(kind.content) + numberAndLength, 20000),
+            kind.name);
     }
     for (const auto &running : all) {
         const TransferKind &kind = running->kind;
+        // What is queued takes an abort back, so the sender has to be through with it.
+        QVERIFY2(running->session.peer().waitUntilSilent(), kind.name);
         QVERIFY2(running->session.settle(), kind.name);
         const FileStream stream = running->stream();
         QCOMPARE(jump(stream.numbers), stream.numbers.size() - 1);
-        QCOMPARE(stream.lastData.toHex(), "4443" + QByteArray(kind.content).toHex() + "000100050000");
+        QCOMPARE(stream.lastData.toHex(), "4443" + QByteArray(kind.content).toHex() + number + "0000");
         QVERIFY2(stream.ends.isEmpty(), kind.name);
         QStringList expected = kind.before + kind.progressed(stream.numbers.size());
         if (kind.passesStatusOn)
             expected += kind.completed(0);
         QCOMPARE(running->session.difference(expected << Session::settled()), QString());
     }
+}
+
+// An import that is given up without a word of the engine reports the one before.
+void tst_Resends::pastTheEndAfterAnError()
+{
+    const TransferKind sample = quickKinds().at(4);
+    RunningTransfer running(sample, m_files, [](TransferPeer &peer) { peer.answerEnd({{0x4445, 0, 5}}); });
+    const QString small = m_files.write(QStringLiteral("small/") + sample.fileName, sample.file(10));
+    sample.send(running.session.plugin(), small);
+    QCOMPARE(running.session.differenceWhenSettled(sample.progressed(1) + sample.completed(5)), QString());
+
+    running.session.forgetSeen();
+    running.session.peer().answerData(answeredPacket, {{dataAck, 0x0005, 0x01BE}});
+    running.start();
+    QVERIFY(running.session.waitFor(sample.completed(5).constFirst(), 20000));
+}
+
+// The engine needs the time to be ready for what comes again.
+void tst_Resends::pauseBeforeTheResend()
+{
+    constexpr qint64 resendPauseMs = 4000;
+    QVector<qint64> arrivals;
+    QElapsedTimer clock;
+    clock.start();
+    const TransferKind triggerBank = quickKinds().at(2);
+    RunningTransfer running(triggerBank, m_files, [&](TransferPeer &peer) {
+        peer.answerData(answeredPacket, {{dataAck, 5, 0xBE}});
+        peer.watch([&](const QByteArray &datagram) {
+            if (datagram.startsWith("DC"))
+                arrivals.append(clock.elapsed());
+        });
+    });
+    running.start();
+    QVERIFY(running.session.settle());
+    running.session.peer().watch({});
+    const int restart = jump(running.stream().numbers);
+    QVERIFY(restart > 0 && restart < arrivals.size());
+    const qint64 pauseMs = arrivals.at(restart) - arrivals.at(restart - 1);
+    QVERIFY2(pauseMs >= resendPauseMs - 50, QByteArray::number(pauseMs));
+}
+
+// A request that comes when all is sent is counted, and nothing is sent again.
+void tst_Resends::requestDuringTheEndWait()
+{
+    const TransferKind soundBank = quickKinds().at(1);
+    RunningTransfer running(soundBank, m_files, [](TransferPeer &peer) {
+        peer.answerEnd({{dataAck, 5, 0xBE}, {dataAck, 6, 0xBE}, {0x4445, 0, 0}});
+    });
+    running.start();
+    QVERIFY(running.session.settle());
+    const FileStream stream = running.stream();
+    QVERIFY(stream.isPlain(running.packets()));
+    QCOMPARE(stream.ends.size(), 1);
+    QCOMPARE(running.session.difference(running.expected(stream, 0, 2) << Session::settled()), QString());
 }
 
 // What is asked for during the pause is counted and nothing else.

@@ -25,6 +25,8 @@ private Q_SLOTS:
     void pauses_data();
     void pauses();
     void soundBankOf1025Bytes();
+    void progress_data();
+    void progress();
     void sampleOf3Bytes();
     void emptyFile();
 
@@ -165,6 +167,46 @@ void tst_TransferSizes::soundBankOf1025Bytes()
     QCOMPARE(datagrams.at(3).toHex(), QByteArray("4445534200020400"));
     QCOMPARE(datagrams.at(4).toHex(), QByteArray("484c0000"));
     QCOMPARE(progress, (QVector<double>{1024.0 / 1025.0, 1.0}));
+}
+
+void tst_TransferSizes::progress_data()
+{
+    QTest::addColumn<TransferKind>("kind");
+    QTest::addColumn<QByteArray>("property"); ///< nothing for a signal that carries it
+    QTest::addColumn<QVector<double>>("expected");
+
+    const QVector<TransferKind> kinds = quickKinds();
+    // Three chunks and a byte; of the sound bank's longer chunks, one and a half.
+    const QVector<double> fractions{512.0 / 1537, 1024.0 / 1537, 1536.0 / 1537, 1};
+    QTest::newRow("sound bank") << kinds.at(1) << QByteArray("soundBankProgress")
+                                << QVector<double>{1024.0 / 1537, 1};
+    QTest::newRow("trigger bank") << kinds.at(2) << QByteArray("triggerBankProgress") << fractions;
+    QTest::newRow("imported sound bank") << kinds.at(3) << QByteArray() << fractions;
+    QTest::newRow("imported wave sample") << kinds.at(4) << QByteArray() << fractions;
+    // The fourth of seventeen files, whatever there is of it.
+    QTest::newRow("bluetooth firmware") << kinds.at(5) << QByteArray("btfwProgress")
+                                        << QVector<double>{4.0 / 17, 4.0 / 17, 4.0 / 17, 4.0 / 17};
+}
+
+void tst_TransferSizes::progress()
+{
+    QFETCH(const TransferKind, kind);
+    QFETCH(const QByteArray, property);
+    QFETCH(const QVector<double>, expected);
+
+    Session session;
+    QVector<double> seen;
+    connect(&session.plugin(), &QConnectQmlPlugin::waveTransferProgress, this,
+            [&](int, double fraction) { seen.append(fraction); });
+    const auto note = [&] {
+        seen.append(session.plugin().property(property.constData()).toDouble());
+    };
+    connect(&session.plugin(), &QConnectQmlPlugin::soundProgressChanged, this, note);
+    connect(&session.plugin(), &QConnectQmlPlugin::triggerProgressChanged, this, note);
+    connect(&session.plugin(), &QConnectQmlPlugin::btfwProgressChanged, this, note);
+    kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(1537)));
+    QVERIFY(session.settle());
+    QCOMPARE(seen, expected);
 }
 
 void tst_TransferSizes::sampleOf3Bytes()

@@ -35,6 +35,7 @@ private:
         std::unique_ptr<Session> session;
         QStringList expected;
         int waitMs;
+        bool aborts = false; ///< leaves the next task queued
         qint64 settledMs = -1;
     };
     Session &start(const QByteArray &name, const QStringList &expected, int waitMs);
@@ -56,7 +57,7 @@ Session &tst_TransferTimeouts::start(const QByteArray &name, const QStringList &
 void tst_TransferTimeouts::initTestCase()
 {
     const QVector<TransferKind> kinds = quickKinds();
-    m_cases.reserve(32);
+    m_cases.reserve(40);
     m_clock.start();
 
     // The sound bank's wait of ten minutes is not for here.
@@ -76,12 +77,23 @@ void tst_TransferTimeouts::initTestCase()
     triggerBank.send(late.plugin(), m_files.write(triggerBank.fileName, triggerBank.file(600)));
     QTimer::singleShot(endWaitMs + 2000, this, [&late] { late.peer().raise({0x4445, 0, 1}); });
 
-    // Data acknowledgements end no wait; a memory-full word is an abort, though: the file behind stays
-    // queued.
+    // Data acknowledgements end no wait.
     Session &refused =
         start("refusals during the wait", triggerBank.progressed(2) + triggerBank.completed(0xFF), endWaitMs);
     refused.peer().answerEnd({{0x4443, 5, 0xBE}, {0x4443, 5, 0xE0}, {0x4443, 5, 0x01}, {0x4142, 1, 2}});
     triggerBank.send(refused.plugin(), m_files.path(triggerBank.fileName));
+
+    // Nor does a word that memory is full, but what is queued behind stays queued; imports pass the word on.
+    for (const TransferKind &kind : kinds) {
+        if (qstrcmp(kind.content, "SB") == 0)
+            continue;
+        const QStringList completed = kind.completed(kind.passesStatusOn ? 0xE2 : 0xFF);
+        Session &full = start(QByteArray("memory full: ") + kind.name,
+                              kind.before + kind.progressed(2) + completed, endWaitMs);
+        full.peer().answerEnd({{0x4443, 0, 0x00E2}});
+        m_cases.back().aborts = true;
+        kind.send(full.plugin(), m_files.path(kind.fileName));
+    }
 
     start("query: sound bank", {}, queryWaitMs).plugin().requestSoundBankVersion();
     start("query: trigger bank", {}, queryWaitMs).plugin().requestTriggerBankVersion();
@@ -133,6 +145,17 @@ void tst_TransferTimeouts::outcome()
         QVERIFY(session.waitFor(testCase.expected.first(), queryWaitMs + toleranceMs));
         QVERIFY(m_clock.elapsed() >= testCase.waitMs);
         QCOMPARE(session.differenceWhenSettled(testCase.expected), QString());
+        return;
+    }
+    if (testCase.aborts) {
+        QVERIFY(session.waitFor(testCase.expected.last(), endWaitMs + toleranceMs));
+        QVERIFY(session.peer().waitUntilSilent());
+        QCOMPARE(session.difference(testCase.expected), QString());
+        QVERIFY(!session.peer().received().contains(QByteArray("HL\0\0", 4)));
+        // It runs as soon as something is queued, before that.
+        session.plugin().requestTriggerBankVersion();
+        QVERIFY(session.waitFor(Session::settled()));
+        QCOMPARE(session.difference(testCase.expected + QStringList{Session::settled()}), QString());
         return;
     }
     QVERIFY(session.waitFor(Session::settled(), queryWaitMs + toleranceMs));

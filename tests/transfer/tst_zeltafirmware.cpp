@@ -33,6 +33,7 @@ struct Case
     QByteArray content;
     QStringList expected;
     int leastMs;
+    qint64 finishedMs = -1; ///< when QML was told that it is over
 };
 
 } // namespace
@@ -108,6 +109,8 @@ void tst_ZeltaFirmware::initTestCase()
 
     m_clock.start();
     for (Case &testCase : m_cases) {
+        connect(&testCase.session->plugin(), &QConnectQmlPlugin::intZeltaFirmwareUpdateFinished, this,
+                [this, &testCase] { testCase.finishedMs = m_clock.elapsed(); });
         const QString path =
             m_files.write(QString::fromLatin1(testCase.name) + QLatin1String("/fw.bin"), testCase.content);
         m_kind.send(testCase.session->plugin(), path);
@@ -129,6 +132,10 @@ void tst_ZeltaFirmware::outcome()
 
     QCOMPARE(session.differenceWhenSettled(testCase.expected, caseTimeoutMs), QString());
     QVERIFY(m_clock.elapsed() >= testCase.leastMs);
+    if (testCase.expected.contains(QStringLiteral("intZeltaFirmwareUpdateFinished()")))
+        QVERIFY2(testCase.finishedMs >= testCase.leastMs, QByteArray::number(testCase.finishedMs));
+    else
+        QCOMPARE(testCase.finishedMs, qint64(-1));
 
     const FileStream stream(session.peer().received(), "FW");
     const bool sent = testCase.expected.contains(QStringLiteral("intFwUpdateStarted()"));
