@@ -107,6 +107,7 @@ private Q_SLOTS:
     void signalsComeInTheGuiThread();
     void propertyIsSetWhenItsSignalComes_data();
     void propertyIsSetWhenItsSignalComes();
+    void totalFlashSizeComesFirst();
 
 public Q_SLOTS:
     void readWatched() { m_seen += m_watched->property(m_watchedProperty.constData()); }
@@ -288,6 +289,20 @@ void InboundTest::propertyIsSetWhenItsSignalComes()
     connect(&connected.module, signal.constData(), this, SLOT(readWatched()));
     QVERIFY(connected.deliver({sent}));
     QCOMPARE(m_seen, QVariantList{value});
+}
+
+// Who hears of the total still finds the other one as it was.
+void InboundTest::totalFlashSizeComesFirst()
+{
+    ConnectedModule connected;
+    QVector<uint> sizes;
+    connect(&connected.module, &QConnectQmlPlugin::totalSampleFlashSizeChanged, this, [&] {
+        sizes.append(connected.module.property("totalFlashSize").toUInt());
+        sizes.append(connected.module.property("flashSize").toUInt());
+    });
+    QVERIFY(connected.deliver({hex("46524143 0001 0002")}));
+    QCOMPARE(sizes, (QVector<uint>{131076, 0}));
+    QCOMPARE(connected.module.property("flashSize").toUInt(), 262144U);
 }
 
 QTEST_MAIN(InboundTest)

@@ -8,6 +8,7 @@
 #include "support/privatenetworktest.h"
 #include "support/processresources.h"
 #include "support/texts.h"
+#include "transfer/datapacket.h"
 
 #include <QElapsedTimer>
 #include <QProcess>
@@ -180,14 +181,15 @@ void FixedAddressTest::successfulBind()
     module->requestOutsUpdate();
     module->sendSysEx({1, 2, 3});
     QVERIFY(module->writeBinaryData(QByteArray("bytes")) < 0);
+    QVERIFY(module->writeBinaryData(DATA_PACKET(0x4453, 0x5442)) < 0);
     module->setLedEnabled(3, true);
     QTRY_VERIFY(!log.debugTexts("zeltaconnect.link").isEmpty());
     module->setLedEnabled(4, false);
     QTRY_COMPARE(log.debugTexts("zeltaconnect.link"),
                  texts({"not handled  \"4c4400030001\" ( 6 )", "not handled  \"4c4400040000\" ( 6 )"}));
-    // A stream-style write needs a connected socket, so each of the four said that it was not sent.
+    // A stream-style write needs a connected socket, so each of the five said that it was not sent.
     const QString notSent = QStringLiteral("QIODevice::write (QUdpSocket): device not open");
-    QCOMPARE(log.warnings(), QStringList({notSent, notSent, notSent, notSent}));
+    QCOMPARE(log.warnings(), QStringList({notSent, notSent, notSent, notSent, notSent}));
     QVERIFY(!sender.hasPending());
 
     module.reset();

@@ -57,6 +57,8 @@ private Q_SLOTS:
     void strangersBetweenParts_data();
     void strangersBetweenParts();
     void longMessage();
+    void endlessMessage();
+    void otherStatusAndCodeIndex();
     void orderAmongSignals();
     void stateIsPerModule();
 };
@@ -314,6 +316,46 @@ void MidiStreamTest::longMessage()
 }
 
 // The stream is decoded before the event is sorted.
+// Nobody sends four megabytes as one message. What was gathered is dropped, with a word, and the stream goes
+// on.
+void MidiStreamTest::endlessMessage()
+{
+    const LogCatcher log;
+    SocketTransceiver link;
+    const SignalRecorder recorder(&link);
+    const QString status = QStringLiteral("b9");
+    const QString codeIndex = QStringLiteral("0b");
+    link.parseDatagram(QStringLiteral("494d4143f0044110"), status, codeIndex);
+    // "04" continues a message: three more bytes, none of them its end.
+    const QString part = QStringLiteral("494d414301040302");
+    constexpr int limit = 4 * 1024 * 1024;
+    for (int bytes = 4; bytes < limit; bytes += 4)
+        link.parseDatagram(part, status, codeIndex);
+    QCOMPARE(log.warnings(), QStringList());
+    link.parseDatagram(part, status, codeIndex);
+    QCOMPARE(log.warnings(), texts({"SysEx message without end dropped after 4194304 bytes"}));
+    QCOMPARE(recorder.texts(), QStringList());
+    link.parseDatagram(QStringLiteral("494d4143f7050000"), status, codeIndex);
+    QCOMPARE(recorder.texts(), texts({"receivedSysEx(\"0401020305f70000\")"}));
+}
+
+// The status byte and the code index that mark a test command are the caller's.
+void MidiStreamTest::otherStatusAndCodeIndex()
+{
+    SocketTransceiver link;
+    const SignalRecorder recorder(&link);
+    const auto parse = [&link](const QStringList &events) {
+        for (const QString &event : events)
+            link.parseDatagram(QStringLiteral("494d4143") + event, QStringLiteral("b3"),
+                               QStringLiteral("1b"));
+    };
+    parse(texts({"b90b1263", "b90b3462", "b90b5606"}));
+    parse(texts({"b30b1263", "b30b3462", "b30b5606"}));
+    QCOMPARE(recorder.texts(), QStringList());
+    parse(texts({"b31b1263", "b31b3462", "b31b5606"}));
+    QCOMPARE(recorder.texts(), texts({"receivedTestCommand(\"12\", \"34\", \"56\")"}));
+}
+
 void MidiStreamTest::orderAmongSignals()
 {
     ConnectedModule engine;
