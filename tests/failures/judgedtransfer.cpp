@@ -40,7 +40,7 @@ JudgedTransfer::Result JudgedTransfer::result()
     // listens to what the engine sends.
     const bool acknowledged =
         !m_kind.passesStatusOn || texts.contains(QStringLiteral("udpPacketArrived(17477, 0, 0)"));
-    const bool reported = texts.contains(m_kind.completed(0).first()) && acknowledged;
+    const bool reported = texts.contains(m_kind.completed(0).constFirst()) && acknowledged;
     const QVector<SoundEngine::ReceivedFile> files = m_station.engine.files();
     const bool arrived =
         files.size() == 1 && files.first().outcome == Outcome::Whole && files.first().data == m_content;
