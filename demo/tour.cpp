@@ -19,6 +19,8 @@ constexpr int layoutTime = 50;
 constexpr int moveSteps = 6;
 constexpr int moveTime = 12;
 constexpr int scenePatience = 1500;
+// The engine may want some of the file again, which takes the module four seconds each time.
+constexpr int transferPatience = 30000;
 constexpr int scenePoll = 10;
 // A pad is brightest just after the stroke.
 constexpr int strikeGlow = 25;
@@ -87,7 +89,9 @@ void Tour::gesture(int page, int index)
 {
     const QVector<Gesture> gestures = gesturesOf(pageNames().at(page), m_options.files);
     if (index == gestures.size()) {
-        after(settleTime, [this, page] { awaitScene(page, padHits(), scenePatience); });
+        after(settleTime, [this, page] {
+            awaitScene(page, padHits(), transferring() ? transferPatience : scenePatience);
+        });
         return;
     }
     const Gesture &next = gestures.at(index);

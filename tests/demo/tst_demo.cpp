@@ -111,6 +111,8 @@ class tst_Demo : public QObject
 
 private Q_SLOTS:
     void tourReportsAndTakesPictures();
+    void transferEndsInWords_data();
+    void transferEndsInWords();
     void silentEngineIsAFailure();
     void windowEndsOnSigterm();
     void brokenModuleIsAFailure();
@@ -171,6 +173,46 @@ void tst_Demo::tourReportsAndTakesPictures()
         QVERIFY2(!pictures.contains(page), qPrintable(name));
         pictures.append(page);
     }
+}
+
+void tst_Demo::transferEndsInWords_data()
+{
+    QTest::addColumn<QString>("failure");
+    QTest::addColumn<QString>("words");
+
+    QTest::newRow("memory full") << QStringLiteral("memory-full-e1=3")
+                                 << QStringLiteral("Sound bank: the engine's memory is full");
+    QTest::newRow("refused") << QStringLiteral("refuse-e5=3")
+                             << QStringLiteral("Sound bank: the engine refused it (e5)");
+    QTest::newRow("damaged") << QStringLiteral("bad-checksum")
+                             << QStringLiteral("Sound bank: arrived damaged (1)");
+    QTest::newRow("sent again") << QStringLiteral("resend=3") << QStringLiteral("Sound bank: arrived whole");
+    // No signal of the module tells.
+    QTest::newRow("broken off") << QStringLiteral("resend-past-end=3")
+                                << QStringLiteral("Sound bank: broken off, ");
+}
+
+void tst_Demo::transferEndsInWords()
+{
+    QFETCH(const QString, failure);
+    QFETCH(const QString, words);
+    Program engine(QStringLiteral(ENGINE_PROGRAM),
+                   {QStringLiteral("--listen"), playingEngine(), QStringLiteral("--groove"),
+                    QStringLiteral("--fail"), failure},
+                   playingEngine());
+    QVERIFY2(engine.waitToSay(QStringLiteral("listening on")), qPrintable(engine.complained()));
+    QTemporaryDir folder;
+    QFile bank(folder.filePath(QStringLiteral("bank.bin")));
+    QVERIFY(bank.open(QIODevice::WriteOnly));
+    bank.write(QByteArray(1024 * 2000, 'b'));
+    bank.close();
+    Program demo(
+        QStringLiteral(DEMO_PROGRAM),
+        {QStringLiteral("--headless"), QStringLiteral("8"), QStringLiteral("--files"), folder.path()},
+        playingEngine());
+    QVERIFY(demo.waitToEnd());
+    QVERIFY2(demo.said().contains(QStringLiteral("transfer:    ") + words), qPrintable(demo.said()));
+    QCOMPARE(demo.exitCode(), 0);
 }
 
 void tst_Demo::silentEngineIsAFailure()
