@@ -29,6 +29,7 @@ Function original(const char *name)
 __attribute__((constructor)) void keepFromChildren()
 {
     ::unsetenv("LD_PRELOAD");
+    ::unsetenv("LD_LIBRARY_PATH");
 }
 
 } // namespace
