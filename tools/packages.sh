@@ -7,10 +7,10 @@ declare -A PACKAGES=(
     [run]="qml-module-qtqml qml-module-qtquick2 qml-module-qtquick-window2 qml-module-qtquick-templates2
         qml-module-qtquick-controls2 qml-module-qt-labs-folderlistmodel fonts-dejavu-core inetutils-ping"
     [wayland]="qtwayland5"
-    [test]="qml-module-qttest inetutils-ping nftables"
+    [test]="qml-module-qttest inetutils-ping iproute2 nftables"
     # What tools/make-sysroot fetches comes on top.
-    [arm]="g++-arm-linux-gnueabihf qemu-user-static mmdebstrap"
-    [package]="dpkg-dev lintian mmdebstrap iproute2"
+    [arm]="g++-arm-linux-gnueabihf qemu-user-static mmdebstrap fakechroot fakeroot"
+    [package]="dpkg-dev lintian mmdebstrap iproute2 uidmap"
     [coverage]="gcovr"
     [analysis]="clang-14 clang-tidy-14 clang-format-14 clazy libclang-rt-14-dev llvm-14"
 )

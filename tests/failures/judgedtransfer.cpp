@@ -36,15 +36,17 @@ JudgedTransfer::Result JudgedTransfer::result()
     if (endSignals() != 1)
         return Result::Silent;
     const QStringList texts = m_station.recorder.texts();
-    // Imports tell the engine's last word, which is 0 when it has said nothing. Whoever wants to know more
+    const bool reported = texts.contains(m_kind.completed(0).constFirst());
+    // Imports tell the engine's last word, which is 0 when it has said nothing. Whoever wants to be sure
     // listens to what the engine sends.
     const bool acknowledged =
         !m_kind.passesStatusOn || texts.contains(QStringLiteral("udpPacketArrived(17477, 0, 0)"));
-    const bool reported = texts.contains(m_kind.completed(0).constFirst()) && acknowledged;
     const QVector<SoundEngine::ReceivedFile> files = m_station.engine.files();
     const bool arrived =
         files.size() == 1 && files.first().outcome == Outcome::Whole && files.first().data == m_content;
-    if (reported)
+    if (reported && acknowledged)
         return arrived ? Result::Arrived : Result::FalseSuccess;
+    if (reported && !arrived)
+        return Result::Unproven;
     return arrived ? Result::FalseFailure : Result::Failed;
 }

@@ -31,7 +31,8 @@ class JudgedTransfer : public CrowdMember
 public:
     enum class Result {
         Arrived,
-        Failed,       ///< and told so
+        Failed,   ///< and told so
+        Unproven, ///< an import that failed with status 0, which counts only with the engine's word for it
         FalseSuccess, ///< told to have arrived
         FalseFailure, ///< it has arrived, but the module could not know
         Silent,       ///< not told anything, or told twice

@@ -101,8 +101,11 @@ void tst_LossMatrix::disturbed()
 
     qInfo() << packets / everyNth << "packets" << disturbance
             << "- arrived:" << outcomes[Result::Arrived].size()
-            << "failed and told so:" << outcomes[Result::Failed];
+            << "failed and told so:" << outcomes[Result::Failed]
+            << "failed without a word of the engine:" << outcomes[Result::Unproven];
     QCOMPARE(outcomes[Result::FalseSuccess], QList<int>());
+    QCOMPARE(outcomes[Result::Unproven], QList<int>());
+    QCOMPARE(outcomes[Result::Unproven], QList<int>());
     QCOMPARE(outcomes[Result::FalseFailure], QList<int>());
     QCOMPARE(outcomes[Result::Silent], QList<int>());
     QVERIFY(outcomes[Result::Arrived].size() * 4 >= packets / everyNth * leastOfFour);

@@ -64,9 +64,6 @@ class FaultyLinkTest : public PrivateNetworkTest
 {
     Q_OBJECT
 
-public:
-    using PrivateNetworkTest::PrivateNetworkTest;
-
 private Q_SLOTS:
     void noRoute();
     void reportsOfEverySize_data();
@@ -223,7 +220,9 @@ void FaultyLinkTest::flood()
     tick.stop();
     qInfo() << flood.sent() << "datagrams of rubbish in" << lasting.elapsed() << "ms," << heard << "of"
             << sent << "good events heard, interface at most" << worstMs << "ms late";
-    QVERIFY(flood.sent() > 0);
+    // A part of what was meant will do where everything takes long.
+    QVERIFY(flood.sent() > floodRate * floodMs / 1000 / 20);
+    QVERIFY(heard > 0);
     QVERIFY(inOrder);
     QVERIFY2(worstMs < hangMs, qPrintable(QString::number(worstMs)));
     QVERIFY(!line.peer.hasPending());

@@ -30,9 +30,9 @@ constexpr int outageMs = 10000;
 constexpr int rounds = 1;
 constexpr int outageMs = 1000;
 #endif
-// What takes a fifth of a second at least, so that it can be disturbed halfway.
-constexpr int disturbedPackets = 300;
-constexpr int disturbedBluetoothPackets = 3000;
+// What takes half a second and more, so that it can be disturbed halfway on a busy machine too.
+constexpr int disturbedPackets = 1000;
+constexpr int disturbedBluetoothPackets = 5000;
 constexpr int chunkBytes = 512;
 constexpr int timeoutMs = 120000;
 constexpr quint16 firstPort = 20000;
@@ -107,7 +107,7 @@ bool allAreOnTheirWay(const Sendings &sendings)
 {
     return std::all_of(sendings.begin(), sendings.end(), [](const Sending &sending) {
         const QString progress = sending.kind.progress.section(QLatin1Char('('), 0, 0);
-        return sending.station->recorder.count(progress.toLatin1().constData()) > disturbedPackets / 10;
+        return sending.station->recorder.count(progress.toLatin1().constData()) > 30;
     });
 }
 
@@ -135,7 +135,8 @@ std::vector<Outcomes> sendAll(const std::vector<Sendings> &groups, const std::fu
     bool complete = true;
     if (disturb) {
         complete =
-            QTest::qWaitFor([&] { return std::all_of(groups.begin(), groups.end(), allAreOnTheirWay); }) &&
+            QTest::qWaitFor([&] { return std::all_of(groups.begin(), groups.end(), allAreOnTheirWay); },
+                            timeoutMs) &&
             std::all_of(transfers.begin(), transfers.end(), noneIsOver);
         disturb();
     }
@@ -153,7 +154,8 @@ std::vector<Outcomes> sendAll(const std::vector<Sendings> &groups, const std::fu
 void verifyHonest(const char *name, const Outcomes &outcomes)
 {
     qInfo().nospace() << name << ": " << outcomes[Result::Arrived] << " arrived, " << outcomes[Result::Failed]
-                      << " failed and told so, " << outcomes[Result::FalseFailure]
+                      << " failed and told so, " << outcomes[Result::Unproven]
+                      << " failed without a word of the engine, " << outcomes[Result::FalseFailure]
                       << " arrived with the acknowledgement lost";
     QVERIFY2(outcomes[Result::FalseSuccess] == 0, name);
     QVERIFY2(outcomes[Result::Silent] == 0, name);
@@ -175,9 +177,6 @@ class FaultyTransfersTest : public PrivateNetworkTest
 {
     Q_OBJECT
 
-public:
-    using PrivateNetworkTest::PrivateNetworkTest;
-
 private Q_SLOTS:
     void datagramsGetLost();
     void outage_data();
@@ -187,6 +186,9 @@ private Q_SLOTS:
 
 void FaultyTransfersTest::datagramsGetLost()
 {
+    const QString noLoss = EngineNetwork::noLossReason();
+    if (!noLoss.isEmpty())
+        QSKIP(qPrintable(noLoss));
     EngineNetwork network;
     QVERIFY2(network.errorString().isEmpty(), qPrintable(network.errorString()));
     const LogCatcher log;
@@ -197,9 +199,7 @@ void FaultyTransfersTest::datagramsGetLost()
     for (const Loss &loss : losses) {
         groups.push_back(makeSendings(thread, files, port, loss.packets, loss.packets));
         const auto next = quint16(port + groups.back().size());
-        const QString problem = network.loseDatagrams(loss.percent, loss.direction, port, quint16(next - 1));
-        if (!problem.isEmpty())
-            QSKIP(qPrintable(problem));
+        QCOMPARE(network.loseDatagrams(loss.percent, loss.direction, port, quint16(next - 1)), QString());
         port = next;
     }
 

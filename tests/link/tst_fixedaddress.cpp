@@ -34,9 +34,6 @@ class FixedAddressTest : public PrivateNetworkTest
 {
     Q_OBJECT
 
-public:
-    using PrivateNetworkTest::PrivateNetworkTest;
-
 private Q_SLOTS:
     void everythingGoesToTheEngine();
     void unreadableAddressFallsBack();
@@ -229,9 +226,10 @@ void FixedAddressTest::lossLosesOnlyWhatIsLost()
     QVERIFY(peer.isOpen());
     QConnectQmlPlugin module;
     QVERIFY(peer.connectTo(&module));
-    const QString noLoss = network.loseDatagrams(30);
+    const QString noLoss = EngineNetwork::noLossReason();
     if (!noLoss.isEmpty())
         QSKIP(qPrintable(noLoss));
+    QCOMPARE(network.loseDatagrams(30), QString());
 
     // Few enough for any socket's buffer.
     for (int i = 0; i < 200; ++i)

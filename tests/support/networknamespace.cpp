@@ -215,6 +215,13 @@ QString EngineNetwork::restoreEngine()
     return error;
 }
 
+QString EngineNetwork::noLossReason()
+{
+    return nft("table ip probe {\n"
+               "chain in { type filter hook input priority 0; numgen random mod 2 < 1 drop\n}\n}\n"
+               "delete table ip probe\n");
+}
+
 QString EngineNetwork::loseDatagrams(int percent, Direction direction, quint16 firstPort, quint16 lastPort)
 {
     const auto rules = [&](const char *portOfEngine) {

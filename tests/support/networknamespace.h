@@ -43,6 +43,9 @@ public:
     QString cutEngine();
     QString restoreEngine();
 
+    /// Why datagrams cannot be made to get lost on this machine, or nothing when they can.
+    static QString noLossReason();
+
     enum class Direction { Both, ToEngine, ToModule };
     /// Makes the receiving side drop that many of 100 datagrams, at random; the sender does not notice. Ports
     /// are the engine's. Adds to what gets lost already. Needs nftables.

@@ -10,12 +10,6 @@ const char harmlessAddress[] = "127.20.21.99";
 
 } // namespace
 
-void PrivateNetworkTest::initTestCase()
-{
-    if (!m_noNetwork.isEmpty())
-        QSKIP(qPrintable(QStringLiteral("needs a network namespace of its own: ") + m_noNetwork));
-}
-
 void PrivateNetworkTest::init()
 {
     QVERIFY(inPrivateNetwork());

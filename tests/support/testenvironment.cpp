@@ -45,8 +45,10 @@ struct TestEnvironment
             waitForTurn(ZELTACONNECT_TEST_ENGINE);
         // Not a default: an address that the user exported must not bring two test programs together.
         ::setenv("ZELTACONNECT_ENGINE", ZELTACONNECT_TEST_ENGINE, 1);
-        setDefault("QT_QPA_PLATFORM", "offscreen");
-        setDefault("QT_LOGGING_RULES", "*.debug=false;default.debug=true;zeltaconnect.*.debug=true");
+        // Nor must what he has set for his own screen and log change what is tested.
+        ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        ::setenv("QT_LOGGING_RULES", "*.debug=false;default.debug=true;zeltaconnect.*.debug=true", 1);
+        ::unsetenv("QT_MESSAGE_PATTERN");
         setDefault("LC_ALL", "C.UTF-8");
 
         const std::string runtimeDir = "/tmp/zeltaconnect-tests-" + std::to_string(::getuid());
