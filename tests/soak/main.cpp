@@ -208,5 +208,12 @@ int main(int argc, char **argv)
         QTextStream(stderr) << "zelta-soak: --seconds and --rate must be numbers from 1\n";
         return 2;
     }
+    const QStringList plants{QString(), QStringLiteral("lost-parameter"), QStringLiteral("wrong-meter"),
+                             QStringLiteral("descriptors")};
+    if (!plants.contains(parser.value(plantOption))) {
+        QTextStream(stderr) << "zelta-soak: nothing is known of --plant " << parser.value(plantOption)
+                            << '\n';
+        return 2;
+    }
     return Soak(rate, parser.value(plantOption)).run(seconds) ? 0 : 1;
 }

@@ -23,13 +23,15 @@ quint64 droppedDatagrams(quint16 port)
     QFile file(QStringLiteral("/proc/self/net/udp"));
     if (!file.open(QIODevice::ReadOnly))
         return 0;
+    // As the kernel writes them: 127.20.30.1, and any.
     const QByteArray suffix = ':' + QByteArray::number(port, 16).rightJustified(4, '0').toUpper();
+    const QList<QByteArray> sockets{"011E147F" + suffix, "00000000" + suffix};
     quint64 dropped = 0;
     const QList<QByteArray> lines = file.readAll().split('\n');
     for (const QByteArray &line : lines) {
         const QList<QByteArray> columns = line.simplified().split(' ');
         // sl, local address, ..., drops
-        if (columns.size() > 12 && columns.at(1).endsWith(suffix))
+        if (columns.size() > 12 && sockets.contains(columns.at(1)))
             dropped += columns.constLast().toULongLong();
     }
     return dropped;
