@@ -209,6 +209,50 @@ ModuleTestCase {
         compare(engine.received(), [])
     }
 
+    // Any file will do: the engine hears its kind, its size, and what belongs to the kind.
+    function test_files_data() {
+        return [
+            { tag: "sound bank", call: "zelta.sendSoundBank(path)", start: /^44535342[0-9A-F]{8}$/ },
+            { tag: "trigger bank", call: "zelta.sendTriggerBank(path)", start: /^44535442[0-9A-F]{8}$/ },
+            { tag: "bank to a slot", call: "zelta.sendImportSoundBank(path, 'Kit A', 0x1234)",
+              start: /^44534953[0-9A-F]{8}12344B6974204100$/ },
+            { tag: "bank to no slot", call: "zelta.sendImportSoundBank(path, 'Kit A', -1)",
+              start: /^44534953[0-9A-F]{8}$/ },
+            { tag: "sample to a slot", call: "zelta.sendImportWaveSample(path, 5)",
+              start: /^44534957[0-9A-F]{8}00057473745F63616C6C732E716D6C00$/ },
+            { tag: "bluetooth file", call: "zelta.sendBtFw(path)", start: /^44534246[0-9A-F]{8}$/ },
+        ]
+    }
+
+    function test_files(row) {
+        const path = Qt.resolvedUrl("tst_calls.qml").toString().replace("file://", "")
+        eval(row.call)
+        let started = false
+        tryVerify(function() {
+            started = started || engine.received().some(datagram => row.start.test(datagram))
+            return started
+        })
+    }
+
+    // None of these begins: there is no version in the file, or no file.
+    function test_filesThatAreNoFirmware() {
+        const path = Qt.resolvedUrl("tst_calls.qml").toString().replace("file://", "")
+        zelta.sendZeltaFirmware(path)
+        zelta.sendTriggerFirmware(path)
+        zelta.sendSoundBank("/no/such/file")
+        compare(zelta.backupSoundBankList("/no/such/file"), -1)
+        compare(zelta.backupTriggerBankList("/no/such/file"), -1)
+        // The one question comes behind all of them.
+        zelta.requestSoundBankVersion()
+        let all = []
+        tryVerify(function() {
+            all = all.concat(engine.received())
+            return all.length > 0
+        })
+        compare(all, ["534E0000"])
+        compare(fired(), [])
+    }
+
     function test_notForScreens_data() {
         return [
             { tag: "unknown method", call: "zelta.setNothing(1)" },

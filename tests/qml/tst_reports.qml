@@ -23,6 +23,21 @@ ModuleTestCase {
               fired: ["sampleFlashSizeChanged: 1", "totalSampleFlashSizeChanged: 1"],
               values: { flashSize: 4294836224, totalFlashSize: 4294967294 } },
 
+            // What the transfer engine understands is passed on as it came, too.
+            { tag: "engine version", sent: "564E4143 0001 0004",
+              fired: ["udpPacketArrived: 1", "zeltaVersionChanged: 1"], values: { zeltaFwVersion: "V 1.04" } },
+            { tag: "trigger board version", sent: "54564143 0001 0004",
+              fired: ["triggerVersionChanged: 1", "udpPacketArrived: 1"], values: { triggerFwVersion: "V 65540" } },
+            { tag: "sound bank version", sent: "534E4143 0001 0004",
+              fired: ["soundbankVersionChanged: 1", "udpPacketArrived: 1"], values: { soundBankVersion: "V 1.04" } },
+            { tag: "trigger bank version", sent: "544E4143 0001 0004",
+              fired: ["triggerbankVersionChanged: 1", "udpPacketArrived: 1"],
+              values: { triggerBankVersion: "V 65540" } },
+            { tag: "pedal's raw value", sent: "484C4143 0201 0000",
+              fired: ["hihatRawValueChanged: 1", "udpPacketArrived: 1"], values: {} },
+            { tag: "acknowledged end", sent: "44454143 0000 0000", fired: ["udpPacketArrived: 1"], values: {} },
+            { tag: "wanted data", sent: "44434143 0005 00BE", fired: ["udpPacketArrived: 1"], values: {} },
+
             { tag: "strike", sent: "494D4143 9909 6426", fired: ["noteChanged: 1", "notePacketArrived: 1"],
               values: { note: 0x12664, afterTouchNote: 0 } },
             { tag: "strike twice", sent: "494D4143 9909 6426 | 494D4143 9909 6426",
