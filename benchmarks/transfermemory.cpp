@@ -1,5 +1,5 @@
 // The most memory that the process ever holds, with a transfer of 256 MiB and with one of 1 MiB. Bluetooth
-// files have the shortest pauses; even so the large one takes a minute.
+// files have the shortest pauses; even so the large one takes a minute, and there are five of each.
 
 #include "benchmarks/ratio.h"
 #include "benchmarks/streamwatch.h"
@@ -11,6 +11,8 @@
 #include <QProcess>
 #include <QTemporaryFile>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 
 namespace {
@@ -19,6 +21,7 @@ constexpr qint64 mebibyte = 1024 * 1024;
 constexpr qint64 smallFile = mebibyte;
 constexpr qint64 largeFile = 256 * mebibyte;
 constexpr double mostMoreKiB = 1024;
+constexpr std::size_t rounds = 5;
 
 qint64 peakKiB()
 {
@@ -72,10 +75,16 @@ int main(int argc, char *argv[])
         return sendFile(QByteArray(argv[1]).toLongLong());
 
     benchmark::printHeading(QStringLiteral("Memory of a transfer"));
-    const double small = peakOfTransfer(smallFile);
-    const double large = peakOfTransfer(largeFile);
+    std::array<double, rounds> small{};
+    std::array<double, rounds> large{};
+    for (std::size_t round = 0; round < rounds; ++round) {
+        small[round] = peakOfTransfer(smallFile);
+        large[round] = peakOfTransfer(largeFile);
+    }
+    std::sort(small.begin(), small.end());
+    std::sort(large.begin(), large.end());
     const bool met =
         benchmark::judgeDifference({QStringLiteral("256 MiB file - 1 MiB file"), mostMoreKiB, true},
-                                   QStringLiteral("KiB"), large, small);
+                                   QStringLiteral("KiB"), large[rounds / 2], small[rounds / 2]);
     return met ? 0 : 1;
 }

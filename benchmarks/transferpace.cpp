@@ -144,7 +144,7 @@ int main(int argc, char *argv[])
     const Kind kinds[] = {
         {"bluetooth file", 0x4246, 512, 1, 1.07, 9, &QConnectQmlPlugin::sendBtFw},
         {"sound bank", 0x5342, 1024, 7, 1.015, 5, &QConnectQmlPlugin::sendSoundBank},
-        {"trigger bank", 0x5442, 512, 15, 1.01, 3, &QConnectQmlPlugin::sendTriggerBank},
+        {"trigger bank", 0x5442, 512, 15, 1.01, 5, &QConnectQmlPlugin::sendTriggerBank},
     };
     benchmark::printHeading(QStringLiteral("Transfer of 4 MiB"));
     bool met = true;
