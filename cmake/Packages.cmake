@@ -16,7 +16,7 @@ string(TIMESTAMP packageDate "%a, %d %b %Y %H:%M:%S +0000" UTC)
 set(packageFiles "${PROJECT_BINARY_DIR}/packaging")
 
 # install_compressed FILE DESTINATION COMPONENT: without name and time in the archive, so that a package that is
-# built again is the same.
+# built again with the same SOURCE_DATE_EPOCH is the same.
 function(install_compressed file destination component)
     get_filename_component(name "${file}" NAME)
     set(packed "${packageFiles}/${component}/${name}.gz")
