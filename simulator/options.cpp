@@ -4,7 +4,7 @@
 #include "soundengine.h"
 
 #include <QCommandLineParser>
-#include <QFileInfo>
+#include <QTemporaryFile>
 
 namespace simulated {
 
@@ -108,8 +108,9 @@ OptionsResult parseOptions(const QStringList &arguments, Options *options, QStri
     options->scenario = parser.value(scenario);
     options->groove = parser.isSet(groove) || (!parser.isSet(noGroove) && !parser.isSet(scenario));
     options->storeDirectory = parser.value(store);
-    const QFileInfo directory(options->storeDirectory);
-    if (parser.isSet(store) && (!directory.isDir() || !directory.isWritable()))
+    // Permissions are not all: root has them in places where nothing can be written.
+    if (parser.isSet(store) &&
+        !QTemporaryFile(options->storeDirectory + QStringLiteral("/try-XXXXXX")).open())
         return bad(QStringLiteral("--store: \"%1\" is no directory that can be written to")
                        .arg(options->storeDirectory));
 

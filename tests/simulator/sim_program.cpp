@@ -157,6 +157,8 @@ void SimProgram::refusesToStart_data()
     row("no scenario", {s("--scenario"), s("/nowhere/verse.scenario")},
         "scenario /nowhere/verse.scenario: No such file or directory");
     row("scenario is a directory", {s("--scenario"), s("/")}, "scenario /: ");
+    row("store where nothing can be written", {s("--store"), s("/proc")},
+        "--store: \"/proc\" is no directory that can be written to");
     row("no store", {s("--store"), s("/nowhere")},
         "--store: \"/nowhere\" is no directory that can be written to");
     row("address of another machine", {s("--listen"), s("192.0.2.1:19797")},

@@ -46,6 +46,7 @@ private Q_SLOTS:
     void initTestCase();
     void outcome_data();
     void outcome();
+    void handlersThatCallBack();
 
 private:
     Session &start(const QByteArray &name, const QByteArray &content, const QStringList &expected,
@@ -55,6 +56,9 @@ private:
     const TransferKind m_kind = zeltaFirmwareKind();
     std::vector<Case> m_cases;
     QElapsedTimer m_clock;
+    // One whose handlers ask for something at every turn.
+    std::unique_ptr<Session> m_asking;
+    int m_questions = 0;
 };
 
 Session &tst_ZeltaFirmware::start(const QByteArray &name, const QByteArray &content,
@@ -106,6 +110,23 @@ void tst_ZeltaFirmware::initTestCase()
     start("no reply to the query, file of version 0", "4810QN-abcA.B - ", {}, queryWaitMs)
         .peer()
         .answerQuery(versionQuery, {});
+
+    m_asking = std::make_unique<Session>();
+    answerOldVersions(m_asking->peer());
+    m_asking->peer().answerQuery(0x534E, {{0x534E, 1, 1}});
+    QConnectQmlPlugin &asking = m_asking->plugin();
+    const auto ask = [this, &asking] {
+        ++m_questions;
+        asking.requestSoundBankVersion();
+        asking.setMetronomeTempo(120);
+    };
+    connect(&asking, &QConnectQmlPlugin::zeltaVersionChanged, this, ask);
+    connect(&asking, &QConnectQmlPlugin::intFwUpdateStarted, this, ask);
+    connect(&asking, &QConnectQmlPlugin::intZeltaFirmwareUpdateStarted, this, ask);
+    connect(&asking, &QConnectQmlPlugin::updateZeltaFwComplete, this, ask);
+    connect(&asking, &QConnectQmlPlugin::intFwUpdateFinished, this, ask);
+    connect(&asking, &QConnectQmlPlugin::intZeltaFirmwareUpdateFinished, this, ask);
+    m_kind.send(asking, m_files.write(QStringLiteral("asking/fw.bin"), m_kind.file(600)));
 
     m_clock.start();
     for (Case &testCase : m_cases) {
@@ -160,6 +181,16 @@ void tst_ZeltaFirmware::outcome()
     QVERIFY(stream.content(512) == padded);
     QCOMPARE(stream.starts.first().toHex(),
              "44534657" + QByteArray::number(testCase.content.size(), 16).rightJustified(8, '0'));
+}
+
+void tst_ZeltaFirmware::handlersThatCallBack()
+{
+    QVERIFY(m_asking->waitFor(QStringLiteral("intZeltaFirmwareUpdateFinished()"), caseTimeoutMs));
+    QVERIFY(m_asking->settle());
+    // The version is told twice, each of the others once.
+    QCOMPARE(m_questions, 7);
+    QCOMPARE(m_asking->peer().received().count(QByteArray("SN\0\0", 4)), 7);
+    QCOMPARE(m_asking->plugin().zeltaFwVersion(), QStringLiteral("V 1.05"));
 }
 
 QTEST_GUILESS_MAIN(tst_ZeltaFirmware)
