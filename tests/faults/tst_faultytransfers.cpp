@@ -75,6 +75,8 @@ constexpr std::array<Loss, 9> losses{{
     {"20 of 100 both ways", 20, Direction::Both, 30},
 }};
 
+enum class Disturbance { CutAtModule, CutAtEngine, Restart };
+
 // What is sent again and again at a station of its own.
 struct Sending
 {
@@ -173,15 +175,16 @@ void verifyAllArrive(const std::vector<Sendings> &groups)
 
 } // namespace
 
+Q_DECLARE_METATYPE(Disturbance)
+
 class FaultyTransfersTest : public PrivateNetworkTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void datagramsGetLost();
-    void outage_data();
-    void outage();
-    void engineRestarts();
+    void disturbed_data();
+    void disturbed();
 };
 
 void FaultyTransfersTest::datagramsGetLost()
@@ -221,16 +224,17 @@ void FaultyTransfersTest::datagramsGetLost()
     QCOMPARE(warningsOf(log), QStringList());
 }
 
-void FaultyTransfersTest::outage_data()
+void FaultyTransfersTest::disturbed_data()
 {
-    QTest::addColumn<bool>("atEngine");
-    QTest::newRow("cable out at the module") << false;
-    QTest::newRow("cable out at the engine") << true;
+    QTest::addColumn<Disturbance>("disturbance");
+    QTest::newRow("cable out at the module") << Disturbance::CutAtModule;
+    QTest::newRow("cable out at the engine") << Disturbance::CutAtEngine;
+    QTest::newRow("engine restarted") << Disturbance::Restart;
 }
 
-void FaultyTransfersTest::outage()
+void FaultyTransfersTest::disturbed()
 {
-    QFETCH(const bool, atEngine);
+    QFETCH(const Disturbance, disturbance);
     EngineNetwork network;
     QVERIFY2(network.errorString().isEmpty(), qPrintable(network.errorString()));
     const LogCatcher log;
@@ -240,32 +244,27 @@ void FaultyTransfersTest::outage()
     groups.push_back(makeSendings(thread, files, firstPort, disturbedPackets, disturbedBluetoothPackets));
 
     const std::vector<Outcomes> outcomes = sendAll(groups, [&] {
-        QCOMPARE(atEngine ? network.cutEngine() : network.cut(), QString());
-        QTest::qWait(outageMs); // the outage itself
-        QCOMPARE(atEngine ? network.restoreEngine() : network.restore(), QString());
+        switch (disturbance) {
+        case Disturbance::CutAtModule:
+            QCOMPARE(network.cut(), QString());
+            QTest::qWait(outageMs); // the outage itself
+            QCOMPARE(network.restore(), QString());
+            break;
+        case Disturbance::CutAtEngine:
+            QCOMPARE(network.cutEngine(), QString());
+            QTest::qWait(outageMs);
+            QCOMPARE(network.restoreEngine(), QString());
+            break;
+        case Disturbance::Restart:
+            for (const Sending &sending : groups.front())
+                sending.station->engine.replace();
+            break;
+        }
     });
     verifyHonest(QTest::currentDataTag(), outcomes.front());
-    verifyAllArrive(groups);
-    QCOMPARE(warningsOf(log), QStringList());
-}
-
-// The new engine knows nothing of a file that is on its way.
-void FaultyTransfersTest::engineRestarts()
-{
-    EngineNetwork network;
-    QVERIFY2(network.errorString().isEmpty(), qPrintable(network.errorString()));
-    const LogCatcher log;
-    const TestFiles files;
-    FarEngineThread thread(network);
-    std::vector<Sendings> groups;
-    groups.push_back(makeSendings(thread, files, firstPort, disturbedPackets, disturbedBluetoothPackets));
-
-    const std::vector<Outcomes> outcomes = sendAll(groups, [&] {
-        for (const Sending &sending : groups.front())
-            sending.station->engine.replace();
-    });
-    verifyHonest("engine restarted", outcomes.front());
-    QCOMPARE(outcomes.front()[Result::Arrived], 0);
+    // A new engine knows nothing of a file that is on its way.
+    if (disturbance == Disturbance::Restart)
+        QCOMPARE(outcomes.front()[Result::Arrived], 0);
     verifyAllArrive(groups);
     QCOMPARE(warningsOf(log), QStringList());
 }
