@@ -217,9 +217,12 @@ QString EngineNetwork::restoreEngine()
 
 QString EngineNetwork::noLossReason()
 {
-    return nft("table ip probe {\n"
-               "chain in { type filter hook input priority 0; numgen random mod 2 < 1 drop\n}\n}\n"
-               "delete table ip probe\n");
+    const QString error =
+        nft("table ip probe {\n"
+            "chain in { type filter hook input priority 0; numgen random mod 2 < 1 drop\n}\n}\n"
+            "delete table ip probe\n");
+    return error.isEmpty() ? error
+                           : QStringLiteral("no datagram can be made to get lost here: %1").arg(error);
 }
 
 QString EngineNetwork::loseDatagrams(int percent, Direction direction, quint16 firstPort, quint16 lastPort)
