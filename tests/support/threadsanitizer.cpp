@@ -12,6 +12,11 @@
 #include <QThread>
 #include <QWaitCondition>
 
+#include <array>
+#include <atomic>
+#include <cstddef>
+#include <utility>
+
 #include <dlfcn.h>
 #include <sanitizer/tsan_interface.h>
 
@@ -55,6 +60,28 @@ bool beforeEvent(void **arguments)
 
 [[maybe_unused]] const bool watchingEvents =
     QInternal::registerCallback(QInternal::EventNotifyCallback, &beforeEvent);
+
+// What is sent along is copied when the sender has already called, by code of ours if the type is no type of
+// Qt's, and only then posted. A type's constructor is a bare function, hence one function per type.
+using Constructor = QMetaType::Constructor;
+constexpr std::size_t typesAtMost = 64;
+std::array<Constructor, typesAtMost> constructors;
+std::atomic<std::size_t> typesSeen{0};
+
+template<std::size_t index>
+void *constructArgument(void *where, const void *original)
+{
+    void *const copy = constructors[index](where, original);
+    __tsan_release(&handOver);
+    return copy;
+}
+
+template<std::size_t... indexes>
+Constructor constructorAt(std::size_t index, std::index_sequence<indexes...> /*all*/)
+{
+    static constexpr Constructor all[] = {&constructArgument<indexes>...};
+    return all[index];
+}
 
 // The end of a thread: what it did, whoever waited for it sees. Told in that thread, as the last that it
 // does.
@@ -163,6 +190,22 @@ void QMetaObject::activate(QObject *sender, const QMetaObject *metaObject, int s
         "_ZN11QMetaObject8activateEP7QObjectPKS_iPPv");
     __tsan_release(&handOver);
     original(sender, metaObject, signalIndex, arguments);
+}
+
+int QMetaType::registerNormalizedType(const ::QByteArray &name, Destructor destructor,
+                                      Constructor constructor, int size, TypeFlags flags,
+                                      const QMetaObject *metaObject)
+{
+    static const auto original =
+        qtFunction<int(const ::QByteArray &, Destructor, Constructor, int, TypeFlags, const QMetaObject *)>(
+            "_ZN9QMetaType22registerNormalizedTypeERK10QByteArrayPFvPvEPFS3_S3_PKvEi6QFlagsINS_8TypeFlagEEPK"
+            "11QMetaObject");
+    const std::size_t index = typesSeen++;
+    if (index >= typesAtMost) // reported as a race, then, if ever it is sent along
+        return original(name, destructor, constructor, size, flags, metaObject);
+    constructors[index] = constructor;
+    const Constructor observed = constructorAt(index, std::make_index_sequence<typesAtMost>());
+    return original(name, destructor, observed, size, flags, metaObject);
 }
 
 bool QMetaObject::invokeMethod(QObject *object, const char *member, Qt::ConnectionType type,
