@@ -67,10 +67,11 @@ namespace zelta {
 quint32 chunkChecksum(const QByteArray &chunk)
 {
     quint32 sum = 0;
-    for (int i = 0; i < chunk.size(); ++i) {
-        const quint32 byte = quint8(chunk.at(i));
-        sum += i % 2 == 0 ? byte << 8 : byte;
-    }
+    const int wholeWords = chunk.size() - chunk.size() % 2;
+    for (int i = 0; i < wholeWords; i += 2)
+        sum += qFromBigEndian<quint16>(chunk.constData() + i);
+    if (wholeWords < chunk.size())
+        sum += quint32(quint8(chunk.back())) << 8;
     return sum;
 }
 

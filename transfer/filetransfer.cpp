@@ -3,6 +3,7 @@
 #include "control/qconnectqmlplugin.h"
 #include "transfer/datapacket.h"
 #include "transfer/inputfile.h"
+#include "transfer/pause.h"
 
 #include <QFile>
 #include <QMutexLocker>
@@ -120,7 +121,7 @@ quint32 qconnectfirmware::sendData(QFile &file, qint64 announcedSize, const Firm
     qint64 size = announcedSize;
     while (!atEnd() && !m_abortRequested && !m_stopRequested) {
         DATA_PACKET packet(zelta::dataPacketKind, traits.content);
-        if (!prepareData(file, traits.chunkBytes))
+        if (!prepareData(file, task, traits.chunkBytes))
             continue;
 
         QByteArray chunk = file.read(traits.chunkBytes);
@@ -141,20 +142,24 @@ quint32 qconnectfirmware::sendData(QFile &file, qint64 announcedSize, const Firm
         ++m_currentPacket;
         m_taskMutex.unlock();
 
-        if (m_currentPacket % packetsPerPause == 0)
-            msleep(traits.pauseMs);
         // The file may grow. Asking the file system for every packet would make the stream slower than its
         // pauses, so it is asked where the known size is exceeded.
         if (file.pos() > size)
             size = qMax(size, file.size());
         if (size > 0)
-            reportProgress(task, qreal(file.pos()) / qreal(size));
+            m_untoldProgress.push_back(qreal(file.pos()) / qreal(size));
+        if (m_currentPacket % packetsPerPause == 0) {
+            const zelta::Pause pause(std::chrono::milliseconds(traits.pauseMs));
+            reportProgress(task);
+            pause.finish();
+        }
     }
+    reportProgress(task);
     return checksum;
 }
 
 // Goes back to where the engine wants the data from, if it asked. Returns false when it wants no more.
-bool qconnectfirmware::prepareData(QFile &file, int chunkBytes)
+bool qconnectfirmware::prepareData(QFile &file, const FirmwareDesc &task, int chunkBytes)
 {
     QMutexLocker locker(&m_retransmitMutex);
     if (m_retransmitRequested) {
@@ -165,6 +170,7 @@ bool qconnectfirmware::prepareData(QFile &file, int chunkBytes)
         m_currentPacket = m_retransmitFrom;
         pushLogLine(QStringLiteral("retransmit at %1").arg(m_currentPacket));
         locker.unlock();
+        reportProgress(task);
         sleep(retransmitPauseS);
         locker.relock();
         // Requests that came during the pause were about the stream before it.
@@ -177,18 +183,23 @@ bool qconnectfirmware::prepareData(QFile &file, int chunkBytes)
     return true;
 }
 
-void qconnectfirmware::reportProgress(const FirmwareDesc &task, qreal fraction)
+// Tells of every packet since the last time. To wake the thread that hears of it takes longer than to send a
+// packet, so it is done where the stream stands still.
+void qconnectfirmware::reportProgress(const FirmwareDesc &task)
 {
-    switch (task.kind) {
-    case zelta::SoundBankTask: Q_EMIT soundTransferProgress(fraction); break;
-    case zelta::TriggerBankTask: Q_EMIT triggerTransferProgress(fraction); break;
-    case zelta::ImportSoundBankTask:
-    case zelta::ImportWaveSampleTask: Q_EMIT importSlotProgress(task.slot, fraction); break;
-    case zelta::BtFirmwareTask:
-        Q_EMIT btfwTransferProgress(task.slot <= lastBtFileIndex ? (task.slot + 1) / btFileCount : 0.0);
-        break;
-    default: break;
+    for (const qreal fraction : m_untoldProgress) {
+        switch (task.kind) {
+        case zelta::SoundBankTask: Q_EMIT soundTransferProgress(fraction); break;
+        case zelta::TriggerBankTask: Q_EMIT triggerTransferProgress(fraction); break;
+        case zelta::ImportSoundBankTask:
+        case zelta::ImportWaveSampleTask: Q_EMIT importSlotProgress(task.slot, fraction); break;
+        case zelta::BtFirmwareTask:
+            Q_EMIT btfwTransferProgress(task.slot <= lastBtFileIndex ? (task.slot + 1) / btFileCount : 0.0);
+            break;
+        default: break;
+        }
     }
+    m_untoldProgress.clear();
 }
 
 void qconnectfirmware::sendEnd(const zelta::TaskTraits &traits, quint32 checksum)

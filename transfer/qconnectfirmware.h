@@ -12,6 +12,7 @@
 #include <QWaitCondition>
 
 #include <atomic>
+#include <vector>
 
 class QConnectQmlPlugin;
 class QFile;
@@ -167,8 +168,8 @@ private:
     void reportStart(int kind, const Versions &versions);
     quint32 sendData(QFile &file, qint64 announcedSize, const FirmwareDesc &task,
                      const zelta::TaskTraits &traits);
-    bool prepareData(QFile &file, int chunkBytes);
-    void reportProgress(const FirmwareDesc &task, qreal fraction);
+    bool prepareData(QFile &file, const FirmwareDesc &task, int chunkBytes);
+    void reportProgress(const FirmwareDesc &task);
     void sendEnd(const zelta::TaskTraits &traits, quint32 checksum);
 
     // Completion, transfer thread.
@@ -220,6 +221,8 @@ private:
     std::atomic<int> m_soundBankVersion{0};
     std::atomic<int> m_triggerBankVersion{0};
 
-    quint32 m_currentPacket = 0; ///< number of the next data packet; transfer thread only
-    QStringList m_logLines;      ///< room for the log of one file; transfer thread only
+    // Of the transfer thread.
+    quint32 m_currentPacket = 0;         ///< number of the next data packet
+    std::vector<qreal> m_untoldProgress; ///< of the packets that no signal has told of
+    QStringList m_logLines;              ///< room for the log of one file
 };
