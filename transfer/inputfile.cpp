@@ -13,7 +13,7 @@ bool openForReading(QFile &file, QIODevice::OpenMode textMode)
         return false;
     struct stat status = {};
     const QByteArray name = QFile::encodeName(file.fileName());
-    if (::stat(name.constData(), &status) == 0 && S_ISFIFO(status.st_mode))
+    if (::stat(name.constData(), &status) == 0 && !S_ISREG(status.st_mode))
         return false;
     return file.open(QIODevice::ReadOnly | textMode);
 }

@@ -172,6 +172,7 @@ void tst_Catalogue::unreadable_data()
     QTest::newRow("folder") << m_files.path(QString());
     QVERIFY(::mkfifo(QFile::encodeName(m_files.path(QStringLiteral("pipe"))).constData(), 0600) == 0);
     QTest::newRow("pipe") << m_files.path(QStringLiteral("pipe"));
+    QTest::newRow("device without an end") << QStringLiteral("/dev/zero");
 }
 
 void tst_Catalogue::unreadable()
