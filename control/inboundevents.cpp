@@ -3,25 +3,7 @@
 #include "link/eventkind.h"
 #include "link/logging.h"
 
-using zelta::eventKind;
-
 namespace {
-
-constexpr quint16 flashSizeEvent = eventKind('F', 'R');
-constexpr quint16 beatEvent = eventKind('B', 'T');
-constexpr quint16 potEvent = eventKind('C', 'O');
-constexpr quint16 switchEvent = eventKind('S', 'W');
-constexpr quint16 tempoEvent = eventKind('T', 'M');
-constexpr quint16 midiEvent = eventKind('I', 'M');
-
-constexpr quint16 powerSwitch = eventKind('P', 'W');
-constexpr quint16 foot1Switch = eventKind('F', '1');
-constexpr quint16 foot2Switch = eventKind('F', '2');
-constexpr quint16 aux3Switch = eventKind('A', '3');
-constexpr quint16 aux4Switch = eventKind('A', '4');
-constexpr quint16 headphoneDetect = eventKind('H', 'P');
-constexpr quint16 mixInDetect = eventKind('M', 'I');
-constexpr quint16 homeButton = eventKind('H', 'M');
 
 enum MeterSection : quint16 { MasterSection = 0, MonitorSection = 1, HeadphoneSection = 2 };
 
@@ -48,12 +30,12 @@ bool assign(T &field, T value)
 void QConnectQmlPlugin::udpPacket(quint16 id, quint16 idx, quint16 data)
 {
     switch (id) {
-    case flashSizeEvent: updateSampleFlashSize(data, idx); break;
-    case beatEvent: updateBeat(idx); break;
-    case potEvent: Q_EMIT potPacketArrived(id, idx, data); break;
-    case switchEvent: updateSwitch(idx, data); break;
-    case tempoEvent: updateTempo(idx); break;
-    case midiEvent: Q_EMIT notePacketArrived(id, idx, data); break;
+    case zelta::flashSizeEvent: updateSampleFlashSize(data, idx); break;
+    case zelta::beatEvent: updateBeat(idx); break;
+    case zelta::potEvent: Q_EMIT potPacketArrived(id, idx, data); break;
+    case zelta::switchEvent: updateSwitch(idx, data); break;
+    case zelta::tempoEvent: updateTempo(idx); break;
+    case zelta::midiEvent: Q_EMIT notePacketArrived(id, idx, data); break;
     default: Q_EMIT udpPacketArrived(id, idx, data); break;
     }
 }
@@ -146,35 +128,35 @@ void QConnectQmlPlugin::updateSwitch(quint16 switchNumber, quint16 value)
     zelta::SwitchStates &switches = m_state.switches;
     const bool pressed = value != 0;
     switch (switchNumber) {
-    case powerSwitch:
+    case zelta::powerSwitch:
         if (assign(switches.power, pressed))
             Q_EMIT powerChanged();
         break;
-    case foot1Switch:
+    case zelta::foot1Switch:
         if (assign(switches.foot1, pressed))
             Q_EMIT foot1Changed();
         break;
-    case foot2Switch:
+    case zelta::foot2Switch:
         if (assign(switches.foot2, pressed))
             Q_EMIT foot2Changed();
         break;
-    case aux3Switch:
+    case zelta::aux3Switch:
         if (assign(switches.aux3, pressed))
             Q_EMIT aux3Changed();
         break;
-    case aux4Switch:
+    case zelta::aux4Switch:
         if (assign(switches.aux4, pressed))
             Q_EMIT aux4Changed();
         break;
-    case headphoneDetect:
+    case zelta::headphoneDetect:
         if (assign(switches.hpDetect, pressed))
             Q_EMIT hpDetectChanged();
         break;
-    case mixInDetect:
+    case zelta::mixInDetect:
         if (assign(switches.mixInDetect, pressed))
             Q_EMIT mixInDetectChanged();
         break;
-    case homeButton:
+    case zelta::homeButton:
         if (assign(switches.homeButton, pressed))
             Q_EMIT homeButtonChanged(0);
         break;

@@ -1,11 +1,7 @@
 #include "controllers/qconnecthead_cp.h"
 
-namespace {
-
-constexpr quint8 headPage = 0x3A;
-
-} // namespace
+#include "link/parameterpages.h"
 
 qconnecthead_cp::qconnecthead_cp(QConnectQmlPlugin *owner, QQuickItem *parent)
-    : OutputCompressor(headPage, owner, parent)
+    : OutputCompressor(zelta::headphonePage, owner, parent)
 {}

@@ -1,11 +1,7 @@
 #include "controllers/qconnecthead_eq.h"
 
-namespace {
-
-constexpr quint8 headPage = 0x3A;
-
-} // namespace
+#include "link/parameterpages.h"
 
 qconnecthead_eq::qconnecthead_eq(QConnectQmlPlugin *owner, QQuickItem *parent)
-    : OutputEqualizer(headPage, owner, parent)
+    : OutputEqualizer(zelta::headphonePage, owner, parent)
 {}

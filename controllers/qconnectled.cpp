@@ -1,6 +1,7 @@
 #include "controllers/qconnectled.h"
 
 #include "control/qconnectqmlplugin.h"
+#include "link/parameterpages.h"
 #include "link/rawpacket.h"
 
 #include <QtEndian>
@@ -10,7 +11,7 @@ namespace {
 // In the memory of a little-endian board these are the letters L and D, which is what the device looks for.
 constexpr quint16 ledKind = 0x444C;
 
-constexpr zelta::NrpnNumber ledBrightness{0x37, 0x40};
+constexpr zelta::NrpnNumber ledBrightness{zelta::generalPage, 0x40};
 
 } // namespace
 

@@ -1,11 +1,7 @@
 #include "controllers/qconnectmaster_cp.h"
 
-namespace {
-
-constexpr quint8 masterPage = 0x38;
-
-} // namespace
+#include "link/parameterpages.h"
 
 qconnectmaster_cp::qconnectmaster_cp(QConnectQmlPlugin *owner, QQuickItem *parent)
-    : OutputCompressor(masterPage, owner, parent)
+    : OutputCompressor(zelta::masterPage, owner, parent)
 {}

@@ -1,11 +1,7 @@
 #include "controllers/qconnectmaster_eq.h"
 
-namespace {
-
-constexpr quint8 masterPage = 0x38;
-
-} // namespace
+#include "link/parameterpages.h"
 
 qconnectmaster_eq::qconnectmaster_eq(QConnectQmlPlugin *owner, QQuickItem *parent)
-    : OutputEqualizer(masterPage, owner, parent)
+    : OutputEqualizer(zelta::masterPage, owner, parent)
 {}

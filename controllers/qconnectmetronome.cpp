@@ -1,6 +1,7 @@
 #include "controllers/qconnectmetronome.h"
 
 #include "controllers/encodings.h"
+#include "link/parameterpages.h"
 
 namespace {
 
@@ -8,15 +9,15 @@ namespace {
 constexpr zelta::NrpnNumber clickSound{0x17, 0x01};
 constexpr zelta::NrpnNumber clickLevel{0x1A, 0x01};
 constexpr zelta::NrpnNumber clickRouting{0x0F, 0x01};
-constexpr zelta::NrpnNumber active{0x37, 0x63};
-constexpr zelta::NrpnNumber tempo{0x37, 0x64};
-constexpr zelta::NrpnNumber timeSignatureNum{0x37, 0x65};
-constexpr zelta::NrpnNumber timeSignatureDen{0x37, 0x66};
-constexpr zelta::NrpnNumber interval{0x37, 0x67};
-constexpr zelta::NrpnNumber accent{0x37, 0x68};
-constexpr zelta::NrpnNumber tap{0x37, 0x6A};
-constexpr zelta::NrpnNumber tapNote1{0x37, 0x6B};
-constexpr zelta::NrpnNumber tapNote2{0x37, 0x6C};
+constexpr zelta::NrpnNumber active{zelta::generalPage, 0x63};
+constexpr zelta::NrpnNumber tempo{zelta::generalPage, 0x64};
+constexpr zelta::NrpnNumber timeSignatureNum{zelta::generalPage, 0x65};
+constexpr zelta::NrpnNumber timeSignatureDen{zelta::generalPage, 0x66};
+constexpr zelta::NrpnNumber interval{zelta::generalPage, 0x67};
+constexpr zelta::NrpnNumber accent{zelta::generalPage, 0x68};
+constexpr zelta::NrpnNumber tap{zelta::generalPage, 0x6A};
+constexpr zelta::NrpnNumber tapNote1{zelta::generalPage, 0x6B};
+constexpr zelta::NrpnNumber tapNote2{zelta::generalPage, 0x6C};
 
 } // namespace
 

@@ -1,16 +1,18 @@
 #include "controllers/qconnectmidi.h"
 
+#include "link/parameterpages.h"
+
 namespace {
 
-constexpr zelta::NrpnNumber midiChannel{0x37, 0x20};
-constexpr zelta::NrpnNumber localControl{0x37, 0x21};
-constexpr zelta::NrpnNumber midiInput{0x37, 0x22};
-constexpr zelta::NrpnNumber usbMidi{0x37, 0x23};
-constexpr zelta::NrpnNumber hiHatPedalChannel{0x37, 0x24};
-constexpr zelta::NrpnNumber snareChannel{0x37, 0x25};
-constexpr zelta::NrpnNumber rideChannel{0x37, 0x26};
-constexpr zelta::NrpnNumber tomAuxChannel{0x37, 0x27};
-constexpr zelta::NrpnNumber kitVolumeChannel{0x37, 0x28};
+constexpr zelta::NrpnNumber midiChannel{zelta::generalPage, 0x20};
+constexpr zelta::NrpnNumber localControl{zelta::generalPage, 0x21};
+constexpr zelta::NrpnNumber midiInput{zelta::generalPage, 0x22};
+constexpr zelta::NrpnNumber usbMidi{zelta::generalPage, 0x23};
+constexpr zelta::NrpnNumber hiHatPedalChannel{zelta::generalPage, 0x24};
+constexpr zelta::NrpnNumber snareChannel{zelta::generalPage, 0x25};
+constexpr zelta::NrpnNumber rideChannel{zelta::generalPage, 0x26};
+constexpr zelta::NrpnNumber tomAuxChannel{zelta::generalPage, 0x27};
+constexpr zelta::NrpnNumber kitVolumeChannel{zelta::generalPage, 0x28};
 
 } // namespace
 

@@ -1,11 +1,7 @@
 #include "controllers/qconnectmonitor_cp.h"
 
-namespace {
-
-constexpr quint8 monitorPage = 0x39;
-
-} // namespace
+#include "link/parameterpages.h"
 
 qconnectmonitor_cp::qconnectmonitor_cp(QConnectQmlPlugin *owner, QQuickItem *parent)
-    : OutputCompressor(monitorPage, owner, parent)
+    : OutputCompressor(zelta::monitorPage, owner, parent)
 {}

@@ -1,11 +1,7 @@
 #include "controllers/qconnectmonitor_eq.h"
 
-namespace {
-
-constexpr quint8 monitorPage = 0x39;
-
-} // namespace
+#include "link/parameterpages.h"
 
 qconnectmonitor_eq::qconnectmonitor_eq(QConnectQmlPlugin *owner, QQuickItem *parent)
-    : OutputEqualizer(monitorPage, owner, parent)
+    : OutputEqualizer(zelta::monitorPage, owner, parent)
 {}

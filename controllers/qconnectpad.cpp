@@ -4,14 +4,11 @@
 #include "controllers/encodings.h"
 #include "controllers/padmap.h"
 #include "link/eventkind.h"
+#include "link/parameterpages.h"
 
 #include <optional>
 
 namespace {
-
-constexpr quint16 midiEvent = zelta::eventKind('I', 'M');
-constexpr quint16 aux3Switch = zelta::eventKind('A', '3');
-constexpr quint16 aux4Switch = zelta::eventKind('A', '4');
 
 // Status byte on MIDI channel 10 and code index of the events that pads cause.
 constexpr quint16 noteOnEvent = 0x9909;
@@ -31,7 +28,7 @@ constexpr quint8 noteOnCodeIndex = 0x09;
 constexpr quint8 noteOffStatus = 0x80;
 constexpr quint8 noteOnStatus = 0x90;
 
-constexpr zelta::NrpnNumber autoTest{0x37, 0x51};
+constexpr zelta::NrpnNumber autoTest{zelta::generalPage, 0x51};
 constexpr quint8 autoTestStart = 0x23;
 constexpr zelta::NrpnNumber mixInputGainLeft{0x3C, 0x21};
 constexpr zelta::NrpnNumber mixInputGainRight{0x3F, 0x21};
@@ -54,7 +51,7 @@ qconnectpad::qconnectpad(QConnectQmlPlugin *owner, QQuickItem *parent)
 
 void qconnectpad::handleNote(quint16 id, quint16 idx, quint16 data)
 {
-    if (id != midiEvent)
+    if (id != zelta::midiEvent)
         return;
     const auto data1 = quint8(data & 0xFF);
     const auto data2 = quint8(data >> 8);
@@ -77,9 +74,9 @@ void qconnectpad::handleStrike(quint8 note, quint8 velocity)
     if (velocity == 0 || struck->zone >= hitZones)
         return;
     if (struck->pad == aux3Pad)
-        pressAuxSwitch(aux3Switch);
+        pressAuxSwitch(zelta::aux3Switch);
     else if (struck->pad == aux4Pad)
-        pressAuxSwitch(aux4Switch);
+        pressAuxSwitch(zelta::aux4Switch);
 }
 
 void qconnectpad::handleAfterTouch(quint8 note, quint8 pressure)

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr quint16 potEvent = zelta::eventKind('C', 'O');
-
 using StepSignal = void (QConnectQmlPlugin::*)();
 
 struct PotSignals
@@ -35,7 +33,7 @@ qconnectpot::qconnectpot(QConnectQmlPlugin *owner, QQuickItem *parent)
 
 void qconnectpot::handle(quint16 id, quint16 idx, quint16 data)
 {
-    if (id != potEvent || idx >= pots.size())
+    if (id != zelta::potEvent || idx >= pots.size())
         return;
     const PotSignals &pot = pots.at(idx);
     Q_EMIT(owner()->*(data == 0 ? pot.down : pot.up))();

@@ -3,6 +3,7 @@
 #include "control/qconnectqmlplugin.h"
 #include "controllers/encodings.h"
 #include "link/eventkind.h"
+#include "link/parameterpages.h"
 
 #include <QtEndian>
 
@@ -10,9 +11,9 @@
 
 namespace {
 
-constexpr zelta::NrpnNumber fixedHiHat{0x37, 0x03};
-constexpr zelta::NrpnNumber bluetooth{0x37, 0x41};
-constexpr zelta::NrpnNumber autoOffDelay{0x37, 0x42};
+constexpr zelta::NrpnNumber fixedHiHat{zelta::generalPage, 0x03};
+constexpr zelta::NrpnNumber bluetooth{zelta::generalPage, 0x41};
+constexpr zelta::NrpnNumber autoOffDelay{zelta::generalPage, 0x42};
 
 constexpr quint8 bluetoothDisabled = 0x3F;
 constexpr quint8 bluetoothEnabled = 0x40;

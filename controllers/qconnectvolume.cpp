@@ -1,35 +1,36 @@
 #include "controllers/qconnectvolume.h"
 
 #include "controllers/encodings.h"
+#include "link/parameterpages.h"
 
 namespace {
 
-// The page groups the parameters by output: 0x37 the engine's general levels, 0x38 master, 0x39 monitor,
-// 0x3A headphone, 0x3B direct outputs and S/PDIF. The equalisers and compressors of the outputs share them.
-constexpr zelta::NrpnNumber snareStyle{0x37, 0x04};
-constexpr zelta::NrpnNumber xFadeBalance{0x37, 0x05};
-constexpr zelta::NrpnNumber mixInLevel{0x37, 0x06};
-constexpr zelta::NrpnNumber synthMasterLevel{0x37, 0x07};
-constexpr zelta::NrpnNumber playbackRouting{0x37, 0x0F};
-constexpr zelta::NrpnNumber usbInLevel{0x37, 0x10};
-constexpr zelta::NrpnNumber songLevel{0x37, 0x5F};
-constexpr zelta::NrpnNumber masterOutBalance{0x38, 0x06};
-constexpr zelta::NrpnNumber masterOutLevel{0x38, 0x07};
-constexpr zelta::NrpnNumber monitorOutBalance{0x39, 0x06};
-constexpr zelta::NrpnNumber monitorOutLevel{0x39, 0x07};
-constexpr zelta::NrpnNumber headphoneOutBalance{0x3A, 0x06};
-constexpr zelta::NrpnNumber headphoneOutLevel{0x3A, 0x07};
-constexpr zelta::NrpnNumber directOut1Level{0x3B, 0x00};
-constexpr zelta::NrpnNumber directOut2Level{0x3B, 0x01};
-constexpr zelta::NrpnNumber directOut3Level{0x3B, 0x02};
-constexpr zelta::NrpnNumber directOut4Level{0x3B, 0x03};
-constexpr zelta::NrpnNumber directOut5Level{0x3B, 0x04};
-constexpr zelta::NrpnNumber directOut6Level{0x3B, 0x05};
-constexpr zelta::NrpnNumber directOut7Level{0x3B, 0x06};
-constexpr zelta::NrpnNumber directOut8Level{0x3B, 0x07};
-constexpr zelta::NrpnNumber spdifOutLevel{0x3B, 0x08};
-constexpr zelta::NrpnNumber firstDirectOutMode{0x3B, 0x10};
-constexpr zelta::NrpnNumber outsReport{0x3B, 0x1F};
+constexpr quint8 directOutPage = 0x3B;
+
+constexpr zelta::NrpnNumber snareStyle{zelta::generalPage, 0x04};
+constexpr zelta::NrpnNumber xFadeBalance{zelta::generalPage, 0x05};
+constexpr zelta::NrpnNumber mixInLevel{zelta::generalPage, 0x06};
+constexpr zelta::NrpnNumber synthMasterLevel{zelta::generalPage, 0x07};
+constexpr zelta::NrpnNumber playbackRouting{zelta::generalPage, 0x0F};
+constexpr zelta::NrpnNumber usbInLevel{zelta::generalPage, 0x10};
+constexpr zelta::NrpnNumber songLevel{zelta::generalPage, 0x5F};
+constexpr zelta::NrpnNumber masterOutBalance{zelta::masterPage, 0x06};
+constexpr zelta::NrpnNumber masterOutLevel{zelta::masterPage, 0x07};
+constexpr zelta::NrpnNumber monitorOutBalance{zelta::monitorPage, 0x06};
+constexpr zelta::NrpnNumber monitorOutLevel{zelta::monitorPage, 0x07};
+constexpr zelta::NrpnNumber headphoneOutBalance{zelta::headphonePage, 0x06};
+constexpr zelta::NrpnNumber headphoneOutLevel{zelta::headphonePage, 0x07};
+constexpr zelta::NrpnNumber directOut1Level{directOutPage, 0x00};
+constexpr zelta::NrpnNumber directOut2Level{directOutPage, 0x01};
+constexpr zelta::NrpnNumber directOut3Level{directOutPage, 0x02};
+constexpr zelta::NrpnNumber directOut4Level{directOutPage, 0x03};
+constexpr zelta::NrpnNumber directOut5Level{directOutPage, 0x04};
+constexpr zelta::NrpnNumber directOut6Level{directOutPage, 0x05};
+constexpr zelta::NrpnNumber directOut7Level{directOutPage, 0x06};
+constexpr zelta::NrpnNumber directOut8Level{directOutPage, 0x07};
+constexpr zelta::NrpnNumber spdifOutLevel{directOutPage, 0x08};
+constexpr zelta::NrpnNumber firstDirectOutMode{directOutPage, 0x10};
+constexpr zelta::NrpnNumber outsReport{directOutPage, 0x1F};
 
 constexpr quint8 lastSnareStyle = 2;
 constexpr quint8 channelVolume = 0x07;

@@ -17,9 +17,9 @@ static_assert(sizeof(MIDI_DATA) == 4, "an event is copied byte for byte into the
 namespace zelta {
 
 /// Header word of a packet that carries MIDI events.
-constexpr quint16 midiPacketHeader = eventKind('I', 'M');
+constexpr quint16 midiPacketHeader = midiEvent;
 /// Header word of the power-off packet.
-constexpr quint16 powerPacketHeader = eventKind('P', 'W');
+constexpr quint16 powerPacketHeader = powerSwitch;
 
 } // namespace zelta
 

@@ -2,6 +2,7 @@
 
 #include "control/qconnectqmlplugin.h"
 #include "link/nrpn.h"
+#include "link/parameterpages.h"
 
 #include <QFile>
 #include <QMutexLocker>
@@ -10,13 +11,15 @@
 
 namespace {
 
-constexpr zelta::NrpnNumber isSlotInfoNumber{0x3D, 0x00};
-constexpr zelta::NrpnNumber iwSlotInfoNumber{0x3D, 0x01};
-constexpr zelta::NrpnNumber memInfoNumber{0x3D, 0x0F};
-constexpr zelta::NrpnNumber deleteIsSlotNumber{0x3D, 0x70};
-constexpr zelta::NrpnNumber deleteIwSlotNumber{0x3D, 0x71};
-constexpr zelta::NrpnNumber deleteAllSlotsNumber{0x3D, 0x7F};
-constexpr zelta::NrpnNumber deepEraseNumber{0x37, 0x56};
+constexpr quint8 slotPage = 0x3D;
+
+constexpr zelta::NrpnNumber isSlotInfoNumber{slotPage, 0x00};
+constexpr zelta::NrpnNumber iwSlotInfoNumber{slotPage, 0x01};
+constexpr zelta::NrpnNumber memInfoNumber{slotPage, 0x0F};
+constexpr zelta::NrpnNumber deleteIsSlotNumber{slotPage, 0x70};
+constexpr zelta::NrpnNumber deleteIwSlotNumber{slotPage, 0x71};
+constexpr zelta::NrpnNumber deleteAllSlotsNumber{slotPage, 0x7F};
+constexpr zelta::NrpnNumber deepEraseNumber{zelta::generalPage, 0x56};
 
 // Erasing everything wants these values beside the number.
 constexpr quint8 deleteAllSlotsValue = 0x7E;
