@@ -19,6 +19,7 @@ constexpr int controllerPosition = 14;
 constexpr int sysExCharLimit = 8 * 1024 * 1024;
 
 enum TestCommandPart { ParameterMsb, ParameterLsb, ParameterValue, UnknownPart };
+constexpr int partsOfACommand = UnknownPart;
 
 TestCommandPart testCommandPart(const QStringRef &controller)
 {
@@ -77,10 +78,10 @@ void SocketTransceiver::storeTestCommandPart(const QString &hex)
     if (part == UnknownPart)
         return;
     m_testCommandParts.at(part) = hex;
-    ++m_testCommandCount;
+    m_testCommandCount = qMin(m_testCommandCount + 1, partsOfACommand);
     // The counter only tells that three parts came since the last command, in whatever order; a value that
     // comes too early is kept and waits for company.
-    if (part == ParameterValue && m_testCommandCount > 2) {
+    if (part == ParameterValue && m_testCommandCount == partsOfACommand) {
         m_testCommandCount = 0;
         Q_EMIT receivedTestCommand(m_testCommandParts.at(ParameterMsb).mid(valuePosition, 2),
                                    m_testCommandParts.at(ParameterLsb).mid(valuePosition, 2),
