@@ -2,4 +2,3 @@
 
 Q_LOGGING_CATEGORY(lcLink, "zeltaconnect.link")
 Q_LOGGING_CATEGORY(lcControl, "zeltaconnect.control")
-Q_LOGGING_CATEGORY(lcTransfer, "zeltaconnect.transfer")
