@@ -210,7 +210,8 @@ public:
     double btfwProgress() const { return m_state.btfwProgress; }
 
     // Direct MIDI
-    // Notes, SysEx and free parameters for tests and tools. One or two datagrams each.
+    // Notes, SysEx and free parameters for tests and tools. One or two datagrams each. sendSysEx() sends the
+    // low byte of each value; a message that exceeds a datagram, some 49,000 values, is not sent.
     Q_INVOKABLE void sendMidiNote(uchar tone, uchar velocity);
     Q_INVOKABLE void sendSysEx(const QList<int> &packetValues);
     Q_INVOKABLE void sendDirectNrpn(uchar firstByte, uchar secondByte, uchar value);
@@ -237,7 +238,8 @@ public:
     Q_INVOKABLE void sendMidiMixInputGain(uchar gain);
 
     // Mixer
-    // Levels and balances, 0 to 127. requestOutsUpdate() asks for a fresh report of the output levels.
+    // Levels and balances, 0 to 127. Direct outputs have an index from 0, which is sent unchecked.
+    // requestOutsUpdate() asks for a fresh report of the output levels.
     Q_INVOKABLE void setSnareStyle(uchar style);
     Q_INVOKABLE void setXFadeBalance(uchar balance);
     Q_INVOKABLE void setMixInLevel(uchar level);
@@ -436,6 +438,7 @@ public:
     Q_INVOKABLE void setMultiFxRouting(uchar mb, uchar lb);
 
     // Program and switches
+    // setAutoOff() sends the low byte. The name is cut to 32 bytes and to as many bytes as it has characters.
     Q_INVOKABLE void setProgramNumber(uchar newProgram);
     Q_INVOKABLE void sendPowerOff();
     Q_INVOKABLE void setBluetoothSwitch(bool active);
@@ -456,7 +459,7 @@ public:
 
     // Catalogues
     // parse...() return the content of a JSON file, empty when it cannot be read; backup...() copy a file to
-    // the catalogue and return 0, -1 (source unreadable) or -2 (catalogue not writable).
+    // the catalogue and return 0, -1 (source unreadable) or -2 (catalogue cannot be opened for writing).
     Q_INVOKABLE QString parseJsonFile(const QString &fileName);
     Q_INVOKABLE QJsonObject parseSoundBankList(const QString &fileName);
     Q_INVOKABLE QJsonObject parseTriggerBankList(const QString &fileName);
@@ -464,6 +467,8 @@ public:
     Q_INVOKABLE int backupTriggerBankList(const QString &fileName);
 
     // Sample slots and imports
+    // slotId is the name that the bank gets. Slot -1 sends a file without slot and name. What deletes does so at
+    // once, without an answer; slot information comes as udpPacketArrived(), memory as the flash sizes.
     Q_INVOKABLE void sendImportSoundBank(const QString &fileName, const QString &slotId, int slot);
     Q_INVOKABLE void sendImportWaveSample(const QString &fileName, int slot);
     Q_INVOKABLE void deleteIsSlot(uchar slot);
@@ -480,7 +485,8 @@ public:
     Q_INVOKABLE void deepErase();
 
     // Trigger settings
-    // Addressed by the pad's note, which comes first. sendTriggerTransferEnd() blocks for 100 ms.
+    // Addressed by the number of the trigger input, the first argument. sendTriggerTransferEnd() blocks for
+    // 100 ms.
     Q_INVOKABLE void sendTriggerBankPreset(uchar note, uchar preset);
     Q_INVOKABLE void sendTriggerGain(uchar note, uchar gain);
     Q_INVOKABLE void sendTriggerThreshold(uchar note, uchar threshold);
@@ -568,6 +574,8 @@ Q_SIGNALS:
     void updateZeltaFwComplete();
 
     void waveTransferProgress(int slot, double progress);
+    /// An import has ended, with the engine's status. 0 alone does not prove that the file arrived: it is also
+    /// the status of an end that nobody acknowledged.
     void waveTransferComplete(int slot, ushort complete);
 
     // Reserved for replies that the engine does not send yet; never emitted.

@@ -12,8 +12,8 @@ public:
 
     void setMetronomeClickSoundSelection(quint8 value, quint8 channel);
     void setMetronomeClickLevel(quint8 value, quint8 channel);
-    /// Tempo in beats per minute, 20 to 275 for the engine's seven bits and a half. Below 20 it wraps; above
-    /// 275 bit 7 is sent too, and from 532 on the upper bits are lost.
+    /// Tempo in beats per minute, 20 to 275, sent as a word of 14 bits in 1/64 beats above 20. Below 20 it
+    /// wraps; above 275 bit 7 of the upper byte is sent too, and from 532 on the upper bits are lost.
     void setMetronomeTempo(quint16 bpm, quint8 channel);
     void setMetronomeTimeSignatureNum(quint8 value, quint8 channel);
     void setMetronomeTimeSignatureDen(quint8 value, quint8 channel);
