@@ -1,4 +1,4 @@
-# A cross build needs moc and rcc that run on this machine, while the Qt it finds is the board's and brings the
+# A cross build needs qmake, moc and rcc that run on this machine, while the Qt it finds is the board's and brings the
 # board's own programs. Qt's configuration files leave targets alone that are already there, so these come first.
 #
 # moc may be newer than the board's Qt as long as both write and read the same revision of moc's output, which all
@@ -8,7 +8,8 @@
 if(NOT ZELTACONNECT_HOST_QT_BIN)
     set(hostQtBin "$ENV{OE_QMAKE_PATH_HOST_BINS}")
     if(NOT hostQtBin)
-        find_program(hostQmake NAMES qmake-qt5 qmake NO_CACHE)
+        find_program(hostQmake NAMES qmake-qt5 qmake)
+        mark_as_advanced(hostQmake)
         if(hostQmake)
             execute_process(COMMAND "${hostQmake}" -query QT_HOST_BINS
                 OUTPUT_VARIABLE hostQtBin OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)

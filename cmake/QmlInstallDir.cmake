@@ -3,10 +3,11 @@
 if(NOT DEFINED ZELTACONNECT_QML_INSTALL_DIR)
     if(CMAKE_CROSSCOMPILING)
         # The board's qmake does not run here, so the place is the one where the board's Qt Quick module lies.
-        find_path(qtQmlDir QtQuick.2/qmldir NO_CACHE
+        find_path(boardQmlDir QtQuick.2/qmldir
             PATHS "/usr/lib/${CMAKE_LIBRARY_ARCHITECTURE}/qt5/qml" /usr/lib/qt5/qml /usr/lib/qml /usr/qml)
-        if(qtQmlDir)
-            string(REPLACE "${CMAKE_SYSROOT}" "" qtQmlDir "${qtQmlDir}")
+        mark_as_advanced(boardQmlDir)
+        if(boardQmlDir)
+            string(REPLACE "${CMAKE_SYSROOT}" "" qtQmlDir "${boardQmlDir}")
         else()
             set(qtQmlDir /usr/lib/qml)
         endif()
