@@ -24,7 +24,7 @@ constexpr int measuredEvents = 5000;
 constexpr int eventsInFlight = 200;
 constexpr double idealPerSecond = 10000.0;
 
-QByteArray beatEvent()
+QByteArray unclaimedEvent()
 {
     return QByteArray::fromHex("5a5a414300010002");
 }
@@ -32,7 +32,7 @@ QByteArray beatEvent()
 // Keeps the module's socket filled, without overflowing it, until enough events came through.
 double moduleRate(EngineSocket &engine, const int &received)
 {
-    const QByteArray event = beatEvent();
+    const QByteArray event = unclaimedEvent();
     const int start = received;
     int sent = 0;
     QElapsedTimer timer;
@@ -79,7 +79,7 @@ double plainLoopRate()
     std::atomic<int> received{0};
     std::atomic<bool> stop{false};
     std::thread receiver(receivePlainly, pair[1], std::ref(received), std::cref(stop));
-    const QByteArray event = beatEvent();
+    const QByteArray event = unclaimedEvent();
     QElapsedTimer timer;
     timer.start();
     // The socket blocks its sender when it is full, so it never runs dry.
