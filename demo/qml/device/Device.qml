@@ -42,7 +42,7 @@ Item {
         zelta[method].apply(zelta, values || []);
     }
 
-    // The second controller of the General MIDI set, "foot", is what the engine uses for the hi-hat pedal.
+    // MIDI's foot controller; the engine uses it for the hi-hat pedal.
     readonly property int footController: 4
 
     ZeltaConnect {
