@@ -8,7 +8,7 @@ namespace simulated {
 // How a parameter's value reads.
 enum class ValueForm : quint8 {
     Byte,      // one data byte
-    Tempo,     // two data bytes, half-steps of a 14-bit word counted from 20 bpm
+    Tempo,     // two data bytes of a word in 1/64 bpm above 20
     Frequency, // two data bytes of seven bits
     Routing    // two data bytes, the high and the low half of a routing word
 };
