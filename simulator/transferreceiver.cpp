@@ -202,13 +202,17 @@ void TransferReceiver::takeChunk(const Message &message)
 
 void TransferReceiver::failOnPacket(quint32 number)
 {
+    if (!m_current->failed)
+        m_current->failed = failHere(number);
+}
+
+// Whether a failure mode was waiting for this packet; it has happened then.
+bool TransferReceiver::failHere(quint32 number)
+{
     Transfer &transfer = *m_current;
     const auto isHere = [&](Failure failure) {
         return m_failures.has(failure) && number == quint32(m_failures.value(failure));
     };
-    if (transfer.failed)
-        return;
-    transfer.failed = true;
     if (isHere(Failure::Resend)) {
         askForResend(number, resendByte);
     } else if (isHere(Failure::ResendTwice)) {
@@ -228,8 +232,9 @@ void TransferReceiver::failOnPacket(quint32 number)
         Q_EMIT reply(Tag::TransferEnd, 0, EndStatus::Success);
         Q_EMIT reply(tag("ZZ"), 0, 0);
     } else {
-        transfer.failed = false;
+        return false;
     }
+    return true;
 }
 
 void TransferReceiver::askForResend(quint32 number, quint8 lowByte)

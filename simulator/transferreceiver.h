@@ -57,6 +57,7 @@ private:
 
     void takeChunk(const Message &message);
     void failOnPacket(quint32 number);
+    bool failHere(quint32 number);
     void askForResend(quint32 number, quint8 lowByte);
     quint16 judge(const Message &message);
     void close(ReceivedFile::Outcome outcome);
