@@ -1,6 +1,7 @@
 #include "session.h"
 
 #include "display.h"
+#include "enginewords.h"
 
 #include <QFileInfo>
 #include <QVariant>
@@ -13,10 +14,12 @@ constexpr int bankQueries = 2;
 constexpr int marginMs = 1000;
 constexpr int clockMs = 500;
 
-// Whatever answers a query ends it: VN, TV, SN, TN, HL.
+// Whatever answers a query ends it.
 bool answersQuery(ushort id)
 {
-    return id == 0x564E || id == 0x5456 || id == 0x534E || id == 0x544E || id == 0x484C;
+    return id == EngineWord::EngineVersionAnswer || id == EngineWord::TriggerVersionAnswer ||
+           id == EngineWord::SoundBankVersionAnswer || id == EngineWord::TriggerBankVersionAnswer ||
+           id == EngineWord::HiHatRawAnswer;
 }
 
 } // namespace

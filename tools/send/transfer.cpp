@@ -1,5 +1,7 @@
 #include "transfer.h"
 
+#include "enginewords.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QVariant>
@@ -7,12 +9,6 @@
 #include <limits>
 
 namespace {
-
-// Events of the engine, as QML sees them: two letters.
-constexpr ushort endAnswer = 0x4445;            // DE
-constexpr ushort dataAnswer = 0x4443;           // DC
-constexpr ushort engineVersionAnswer = 0x564E;  // VN
-constexpr ushort triggerVersionAnswer = 0x5456; // TV
 
 // Low byte of the engine's answer to data.
 constexpr ushort resendCode = 0xBE;
@@ -135,12 +131,12 @@ void Transfer::onEvent(ushort id, ushort a, ushort b)
     if (m_over)
         return;
     signOfLife();
-    if (id == engineVersionAnswer || id == triggerVersionAnswer) {
+    if (id == EngineWord::EngineVersionAnswer || id == EngineWord::TriggerVersionAnswer) {
         m_versionSeen = true;
-    } else if (id == endAnswer) {
+    } else if (id == EngineWord::EndAnswer) {
         m_endSeen = true;
         m_endStatus = b;
-    } else if (id == dataAnswer) {
+    } else if (id == EngineWord::DataAnswer) {
         onDataAnswer(a, b);
     }
 }
