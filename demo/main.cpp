@@ -1,9 +1,10 @@
 #include "options.h"
 #include "qmlcomplaints.h"
-#include "quitonsignal.h"
 #include "report.h"
 #include "screenhost.h"
 #include "tour.h"
+
+#include "tools/shared/quitonsignal.h"
 
 #include <QFont>
 #include <QGuiApplication>

@@ -1,22 +1,13 @@
 #include "screenhost.h"
 
+#include "tools/shared/modulefolder.h"
+
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QQmlComponent>
 #include <QUrl>
 
 namespace {
-
-// The module of the same build tree; where there is none, the engine's own folders are left to find it.
-QString moduleFolder(const Options &options)
-{
-    if (!options.importDir.isEmpty())
-        return QDir(options.importDir).absolutePath();
-    const QString beside = QCoreApplication::applicationDirPath() + QStringLiteral("/../qml");
-    return QFileInfo::exists(beside + QStringLiteral("/ZeltaConnect/qmldir")) ? QDir::cleanPath(beside)
-                                                                              : QString();
-}
 
 QString engineAddress()
 {
@@ -35,7 +26,7 @@ ScreenHost::~ScreenHost()
 
 bool ScreenHost::load(const Options &options)
 {
-    const QString folder = moduleFolder(options);
+    const QString folder = moduleFolder(options.importDir);
     if (!folder.isEmpty())
         m_engine.addImportPath(folder);
 

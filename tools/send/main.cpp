@@ -1,10 +1,11 @@
 // Sends files to the drum module's sound engine without a screen.
 
-#include "demo/quitonsignal.h"
 #include "display.h"
 #include "module.h"
 #include "options.h"
 #include "session.h"
+
+#include "tools/shared/quitonsignal.h"
 
 #include <QCoreApplication>
 #include <QLoggingCategory>

@@ -1,26 +1,13 @@
 #include "module.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
+#include "tools/shared/modulefolder.h"
+
 #include <QQmlComponent>
 #include <QQmlError>
 
-namespace {
-
-// The module of the same build tree; where there is none, Qt knows its own folder.
-QString defaultImportDir()
-{
-    const QString beside = QCoreApplication::applicationDirPath() + QStringLiteral("/../qml");
-    return QFileInfo::exists(beside + QStringLiteral("/ZeltaConnect/qmldir")) ? QDir::cleanPath(beside)
-                                                                              : QString();
-}
-
-} // namespace
-
 Module::Module(const QString &importDir)
 {
-    const QString folder = importDir.isEmpty() ? defaultImportDir() : QDir(importDir).absolutePath();
+    const QString folder = moduleFolder(importDir);
     if (!folder.isEmpty())
         m_engine.addImportPath(folder);
     QQmlComponent component(&m_engine);
