@@ -55,11 +55,12 @@ QString helpText()
                "its\n"
                "                        first file as a sound bank\n"
                "  --import DIR          folder holding the ZeltaConnect module (../qml of this program)\n"
-               "  --help                this text\n"
+               "  -h, --help            this text\n"
                "  --version             the version\n"
                "\n"
                "The engine is sought at 172.20.21.22, or at ADDRESS[:PORT] in ZELTACONNECT_ENGINE.\n"
-               "Exit status: 0 all well, 1 the screen failed or nothing was heard, 2 a wrong option.\n")
+               "Exit status: 0 all well, 1 the screen failed or nothing was heard, 2 a wrong option or "
+               "address.\n")
         .arg(pageNames().join(QStringLiteral(", ")));
 }
 
@@ -68,7 +69,7 @@ Options parseOptions(const QStringList &arguments)
     Options options;
     for (int i = 0; i < arguments.size(); ++i) {
         const QString &argument = arguments.at(i);
-        if (argument == QLatin1String("--help")) {
+        if (argument == QLatin1String("--help") || argument == QLatin1String("-h")) {
             options.action = Options::Action::Help;
             return options;
         }
@@ -76,11 +77,18 @@ Options parseOptions(const QStringList &arguments)
             options.action = Options::Action::Version;
             return options;
         }
-        if (argument == QLatin1String("--headless")) {
+        // Both forms are common: "--page kit" and "--page=kit".
+        const int equals = argument.indexOf(QLatin1Char('='));
+        const QString option = argument.left(equals);
+        const bool isJoined = equals >= 0;
+        const bool hasValue = isJoined ? equals + 1 < argument.size() : isValue(arguments, i + 1);
+        if (option == QLatin1String("--headless")) {
             options.headless = true;
-            if (isValue(arguments, i + 1) && !readSeconds(arguments.at(++i), options.seconds))
-                return refuse(
-                    QStringLiteral("--headless takes 1 to 3600 seconds, not %1").arg(arguments.at(i)));
+            if (!hasValue && !isJoined)
+                continue;
+            const QString seconds = isJoined ? argument.mid(equals + 1) : arguments.at(++i);
+            if (!readSeconds(seconds, options.seconds))
+                return refuse(QStringLiteral("--headless takes 1 to 3600 seconds, not %1").arg(seconds));
             continue;
         }
 
@@ -90,10 +98,10 @@ Options parseOptions(const QStringList &arguments)
                          : argument == QLatin1String("--page")      ? &options.page
                                                                     : nullptr;
         if (!value)
-            return refuse(QStringLiteral("unknown option %1").arg(argument));
-        if (!isValue(arguments, i + 1))
-            return refuse(QStringLiteral("%1 needs a value").arg(argument));
-        *value = arguments.at(++i);
+            return refuse(QStringLiteral("unknown option %1").arg(option));
+        if (!hasValue)
+            return refuse(QStringLiteral("%1 needs a value").arg(option));
+        *value = isJoined ? argument.mid(equals + 1) : arguments.at(++i);
     }
 
     if (!pageNames().contains(options.page))

@@ -219,8 +219,8 @@ void tst_Demo::silentEngineIsAFailure()
 {
     QUdpSocket engine;
     QVERIFY(engine.bind(QHostAddress(silentEngine()), enginePort));
-    Program demo(QStringLiteral(DEMO_PROGRAM), {QStringLiteral("--headless"), QStringLiteral("1")},
-                 silentEngine());
+    Program demo(QStringLiteral(DEMO_PROGRAM),
+                 {QStringLiteral("--headless=1"), QStringLiteral("--page=mixer")}, silentEngine());
     QVERIFY(demo.waitToEnd());
     QCOMPARE(demo.exitStatus(), QProcess::NormalExit);
     QCOMPARE(demo.exitCode(), 1);
@@ -304,6 +304,9 @@ void tst_Demo::wrongOptionIsRefused()
 
 void tst_Demo::helpAndVersion_data()
 {
+    row("value missing after the sign", QStringLiteral("--import="), "--import needs a value");
+    row("joined seconds zero", QStringLiteral("--headless=0"), "not 0");
+    row("joined seconds missing", QStringLiteral("--headless="), "--headless");
     QTest::addColumn<QString>("option");
     QTest::addColumn<QString>("start");
     QTest::newRow("help") << QStringLiteral("--help") << QStringLiteral("Usage: zelta-demo");
@@ -323,3 +326,4 @@ void tst_Demo::helpAndVersion()
 
 QTEST_GUILESS_MAIN(tst_Demo)
 #include "tst_demo.moc"
+    QTest::newRow("short help") << QStringLiteral("-h") << QStringLiteral("Usage: zelta-demo");

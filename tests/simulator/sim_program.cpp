@@ -197,6 +197,7 @@ void SimProgram::tellsAboutItself_data()
     QTest::addColumn<QString>("option");
     QTest::addColumn<QByteArray>("says");
     QTest::newRow("help") << QStringLiteral("--help") << QByteArray("--list-failures");
+    QTest::newRow("short help") << QStringLiteral("-h") << QByteArray("--list-failures");
     QTest::newRow("version") << QStringLiteral("--version") << QByteArray("zelta-engine-sim 1.");
     QTest::newRow("failures") << QStringLiteral("--list-failures") << QByteArray("memory-full-e2[=5]");
 }

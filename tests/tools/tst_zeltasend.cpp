@@ -91,6 +91,7 @@ private Q_SLOTS:
     void linesWithoutTerminal();
     void barOnTerminal();
     void interruption();
+    void help_data();
     void bluetoothSetStopsAtFirstFailure();
 
 private:
@@ -392,7 +393,7 @@ void tst_ZeltaSend::badFiles()
 void tst_ZeltaSend::help()
 {
     SendRun run(100);
-    run.start({QStringLiteral("--help")});
+    run.start({option});
     QCOMPARE(run.exitStatus(), int(Sent));
     for (const char *word : {"--kind", "--slot", "--name", "--versions", "--engine", "--import", "--timeout",
                              "import-soundbank", "Exit status"})
@@ -416,8 +417,16 @@ void tst_ZeltaSend::versionsOfBanks()
     run.engine().setVersion(SoundEngine::Version::SoundBank, 2, 7);
     run.engine().setVersion(SoundEngine::Version::TriggerBank, 0, 31);
     run.start({QStringLiteral("--versions")});
+void tst_ZeltaSend::help_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::newRow("long") << QStringLiteral("--help");
+    QTest::newRow("short") << QStringLiteral("-h");
+}
+
     QCOMPARE(run.exitStatus(), int(Sent));
     QCOMPARE(run.output(), QStringLiteral("sound bank: V 2.07\ntrigger bank: V 31\n"));
+    QFETCH(const QString, option);
 }
 
 void tst_ZeltaSend::noAnswerInTime()

@@ -115,7 +115,7 @@ QString helpText()
                "  --import DIR       folder holding the ZeltaConnect module (../qml of this program, or\n"
                "                     Qt's own folder)\n"
                "  --timeout SECONDS  give up after this time (%2)\n"
-               "  --help, --version\n"
+               "  -h, --help, --version\n"
                "\n"
                "Bluetooth firmware comes as several files, sent in the order given; the first that fails\n"
                "ends the run. Firmware is sent only if it is newer than what the module reports.\n"
@@ -141,9 +141,11 @@ Options parseOptions(const QStringList &arguments)
             options.files.append(argument);
         } else if (argument == QLatin1String("--")) {
             onlyFiles = true;
-        } else if (argument == QLatin1String("--help") || argument == QLatin1String("--version")) {
-            options.action =
-                argument == QLatin1String("--help") ? Options::Action::Help : Options::Action::Version;
+        } else if (argument == QLatin1String("--help") || argument == QLatin1String("-h")) {
+            options.action = Options::Action::Help;
+            return options;
+        } else if (argument == QLatin1String("--version")) {
+            options.action = Options::Action::Version;
             return options;
         } else if (argument == QLatin1String("--versions")) {
             options.action = Options::Action::AskVersions;
