@@ -4,6 +4,7 @@
 #include "screenhost.h"
 #include "tour.h"
 
+#include "tools/shared/engineaddress.h"
 #include "tools/shared/quitonsignal.h"
 
 #include <QFont>
@@ -76,6 +77,11 @@ int main(int argc, char *argv[])
     case Options::Action::Version: QTextStream(stdout) << "zelta-demo " ZELTA_DEMO_VERSION "\n"; return Well;
     case Options::Action::Refuse: complain(options.error + QStringLiteral(" (see --help)")); return Misused;
     case Options::Action::Run: break;
+    }
+    const QString problem = engineVariableProblem();
+    if (!problem.isEmpty()) {
+        complain(problem);
+        return Misused;
     }
 
     if (options.headless)

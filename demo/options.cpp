@@ -92,11 +92,11 @@ Options parseOptions(const QStringList &arguments)
             continue;
         }
 
-        QString *value = argument == QLatin1String("--screenshots") ? &options.screenshots
-                         : argument == QLatin1String("--import")    ? &options.importDir
-                         : argument == QLatin1String("--files")     ? &options.files
-                         : argument == QLatin1String("--page")      ? &options.page
-                                                                    : nullptr;
+        QString *value = option == QLatin1String("--screenshots") ? &options.screenshots
+                         : option == QLatin1String("--import")    ? &options.importDir
+                         : option == QLatin1String("--files")     ? &options.files
+                         : option == QLatin1String("--page")      ? &options.page
+                                                                  : nullptr;
         if (!value)
             return refuse(QStringLiteral("unknown option %1").arg(option));
         if (!hasValue)

@@ -1,5 +1,6 @@
 #include "screenhost.h"
 
+#include "tools/shared/engineaddress.h"
 #include "tools/shared/modulefolder.h"
 
 #include <QCoreApplication>
@@ -11,7 +12,7 @@ namespace {
 
 QString engineAddress()
 {
-    const QString given = qEnvironmentVariable("ZELTACONNECT_ENGINE");
+    const QString given = qEnvironmentVariable(engineVariable);
     return given.isEmpty() ? QStringLiteral("172.20.21.22") : given.section(QLatin1Char(':'), 0, 0);
 }
 

@@ -103,6 +103,14 @@ int lastNumberIn(const QString &text, const char *pattern)
     return last;
 }
 
+// A module that no program can load.
+bool makeBrokenModule(const QTemporaryDir &folder)
+{
+    QFile listing(folder.filePath(QStringLiteral("ZeltaConnect/qmldir")));
+    return QDir(folder.path()).mkdir(QStringLiteral("ZeltaConnect")) && listing.open(QIODevice::WriteOnly) &&
+           listing.write("module ZeltaConnect\nplugin notthere\n") > 0;
+}
+
 } // namespace
 
 class tst_Demo : public QObject
@@ -116,6 +124,7 @@ private Q_SLOTS:
     void silentEngineIsAFailure();
     void windowEndsOnSigterm();
     void brokenModuleIsAFailure();
+    void unreadableEngineAddressIsRefused();
     void wrongOptionIsRefused_data();
     void wrongOptionIsRefused();
     void helpAndVersion_data();
@@ -249,12 +258,7 @@ void tst_Demo::windowEndsOnSigterm()
 void tst_Demo::brokenModuleIsAFailure()
 {
     QTemporaryDir folder;
-    QVERIFY(QDir(folder.path()).mkpath(QStringLiteral("ZeltaConnect")));
-    QFile listing(folder.filePath(QStringLiteral("ZeltaConnect/qmldir")));
-    QVERIFY(listing.open(QIODevice::WriteOnly));
-    listing.write("module ZeltaConnect\nplugin notthere\n");
-    listing.close();
-
+    QVERIFY(makeBrokenModule(folder));
     Program demo(
         QStringLiteral(DEMO_PROGRAM),
         {QStringLiteral("--headless"), QStringLiteral("1"), QStringLiteral("--import"), folder.path()},
@@ -265,6 +269,21 @@ void tst_Demo::brokenModuleIsAFailure()
     const QStringList complaints = demo.ownComplaints();
     QCOMPARE(complaints.size(), 1);
     QVERIFY2(complaints.first().contains(QStringLiteral("notthere")), qPrintable(demo.complained()));
+}
+
+// The module would turn to the real engine, so a program that does not refuse shall find no module.
+void tst_Demo::unreadableEngineAddressIsRefused()
+{
+    QTemporaryDir folder;
+    QVERIFY(makeBrokenModule(folder));
+    Program demo(QStringLiteral(DEMO_PROGRAM),
+                 {QStringLiteral("--headless"), QStringLiteral("--import"), folder.path()},
+                 QStringLiteral("127.1"));
+    QVERIFY(demo.waitToEnd());
+    QCOMPARE(demo.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(demo.exitCode(), 2);
+    QCOMPARE(demo.complained(), QStringLiteral("zelta-demo: ZELTACONNECT_ENGINE takes an IPv4 address, or "
+                                               "address:port, not 127.1\n"));
 }
 
 void tst_Demo::wrongOptionIsRefused_data()
@@ -285,6 +304,9 @@ void tst_Demo::wrongOptionIsRefused_data()
     row("pictures of a window", QStringLiteral("--screenshots /tmp"), "--headless");
     row("import folder missing", QStringLiteral("--import /no/such/folder"), "/no/such/folder");
     row("files folder missing", QStringLiteral("--files /no/such/folder"), "/no/such/folder");
+    row("value missing after the sign", QStringLiteral("--import="), "--import needs a value");
+    row("joined seconds zero", QStringLiteral("--headless=0"), "not 0");
+    row("joined seconds missing", QStringLiteral("--headless="), "--headless");
     row("value looks like an option", QStringLiteral("--page --headless"), "--page");
 }
 
@@ -304,12 +326,10 @@ void tst_Demo::wrongOptionIsRefused()
 
 void tst_Demo::helpAndVersion_data()
 {
-    row("value missing after the sign", QStringLiteral("--import="), "--import needs a value");
-    row("joined seconds zero", QStringLiteral("--headless=0"), "not 0");
-    row("joined seconds missing", QStringLiteral("--headless="), "--headless");
     QTest::addColumn<QString>("option");
     QTest::addColumn<QString>("start");
     QTest::newRow("help") << QStringLiteral("--help") << QStringLiteral("Usage: zelta-demo");
+    QTest::newRow("short help") << QStringLiteral("-h") << QStringLiteral("Usage: zelta-demo");
     QTest::newRow("version") << QStringLiteral("--version") << QStringLiteral("zelta-demo 1.");
 }
 
@@ -326,4 +346,3 @@ void tst_Demo::helpAndVersion()
 
 QTEST_GUILESS_MAIN(tst_Demo)
 #include "tst_demo.moc"
-    QTest::newRow("short help") << QStringLiteral("-h") << QStringLiteral("Usage: zelta-demo");

@@ -62,6 +62,14 @@ QByteArray triggerFirmware()
     return QByteArray("TGFW\x05\x00\x01\x00", 8) + content();
 }
 
+// A module that no program can load.
+bool makeBrokenModule(const QTemporaryDir &folder)
+{
+    QFile qmldir(folder.filePath(QStringLiteral("ZeltaConnect/qmldir")));
+    return QDir(folder.path()).mkdir(QStringLiteral("ZeltaConnect")) && qmldir.open(QIODevice::WriteOnly) &&
+           qmldir.write("module ZeltaConnect\nplugin nothing\n") > 0;
+}
+
 } // namespace
 
 // Runs with their own engines, all started before the first of them is looked at: most of their time is the
@@ -80,8 +88,10 @@ private Q_SLOTS:
     void failures();
     void badUsage_data();
     void badUsage();
+    void badEngineVariable();
     void badFiles_data();
     void badFiles();
+    void help_data();
     void help();
     void version();
     void versionsOfBanks();
@@ -91,7 +101,6 @@ private Q_SLOTS:
     void linesWithoutTerminal();
     void barOnTerminal();
     void interruption();
-    void help_data();
     void bluetoothSetStopsAtFirstFailure();
 
 private:
@@ -354,6 +363,24 @@ void tst_ZeltaSend::badUsage()
     QCOMPARE(process.readAllStandardOutput(), QByteArray());
 }
 
+// The module would turn to the real engine.
+void tst_ZeltaSend::badEngineVariable()
+{
+    QTemporaryDir folder;
+    QVERIFY(makeBrokenModule(folder));
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("ZELTACONNECT_ENGINE"), QStringLiteral("127.1"));
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(ZELTA_SEND),
+                  {QStringLiteral("--versions"), QStringLiteral("--import"), folder.path()});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), int(Misused));
+    QCOMPARE(
+        process.readAllStandardError(),
+        QByteArray("zelta-send: ZELTACONNECT_ENGINE takes an IPv4 address, or address:port, not 127.1\n"));
+}
+
 void tst_ZeltaSend::badFiles_data()
 {
     QTest::addColumn<QStringList>("files");
@@ -390,8 +417,16 @@ void tst_ZeltaSend::badFiles()
     QCOMPARE(run.engine().counters().datagrams, quint64(0));
 }
 
+void tst_ZeltaSend::help_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::newRow("long") << QStringLiteral("--help");
+    QTest::newRow("short") << QStringLiteral("-h");
+}
+
 void tst_ZeltaSend::help()
 {
+    QFETCH(const QString, option);
     SendRun run(100);
     run.start({option});
     QCOMPARE(run.exitStatus(), int(Sent));
@@ -417,16 +452,8 @@ void tst_ZeltaSend::versionsOfBanks()
     run.engine().setVersion(SoundEngine::Version::SoundBank, 2, 7);
     run.engine().setVersion(SoundEngine::Version::TriggerBank, 0, 31);
     run.start({QStringLiteral("--versions")});
-void tst_ZeltaSend::help_data()
-{
-    QTest::addColumn<QString>("option");
-    QTest::newRow("long") << QStringLiteral("--help");
-    QTest::newRow("short") << QStringLiteral("-h");
-}
-
     QCOMPARE(run.exitStatus(), int(Sent));
     QCOMPARE(run.output(), QStringLiteral("sound bank: V 2.07\ntrigger bank: V 31\n"));
-    QFETCH(const QString, option);
 }
 
 void tst_ZeltaSend::noAnswerInTime()
@@ -449,10 +476,7 @@ void tst_ZeltaSend::timeUp()
 void tst_ZeltaSend::noModule()
 {
     QTemporaryDir folder;
-    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("ZeltaConnect")));
-    QFile qmldir(folder.filePath(QStringLiteral("ZeltaConnect/qmldir")));
-    QVERIFY(qmldir.open(QIODevice::WriteOnly) && qmldir.write("module ZeltaConnect\nplugin nothing\n") > 0);
-    qmldir.close();
+    QVERIFY(makeBrokenModule(folder));
     SendRun run(100);
     run.start({QStringLiteral("--import"), folder.path(), QStringLiteral("--versions")});
     QCOMPARE(run.exitStatus(), int(NoModule));

@@ -5,6 +5,7 @@
 #include "options.h"
 #include "session.h"
 
+#include "tools/shared/engineaddress.h"
 #include "tools/shared/quitonsignal.h"
 
 #include <QCoreApplication>
@@ -67,7 +68,10 @@ int main(int argc, char *argv[])
             return complain(ExitStatus::BadFile, problem);
     }
     if (!options.engine.isEmpty())
-        qputenv("ZELTACONNECT_ENGINE", options.engine.toLatin1());
+        qputenv(engineVariable, options.engine.toLatin1());
+    const QString problem = engineVariableProblem();
+    if (!problem.isEmpty())
+        return complain(ExitStatus::Misused, problem);
 
     QCoreApplication application(argc, argv);
     // What the module logs about pads and tempo is nothing for the person who sends a file.

@@ -1,7 +1,8 @@
 #include "options.h"
 
+#include "tools/shared/engineaddress.h"
+
 #include <QFileInfo>
-#include <QHostAddress>
 
 namespace {
 
@@ -23,18 +24,6 @@ bool readNumber(const QString &text, int least, int most, int *number)
     return ok && *number >= least && *number <= most;
 }
 
-// IPv4 in its usual form, as the module reads it. QHostAddress alone takes shorter forms, for which the
-// module would fall back on the address of the real engine.
-bool isEndpoint(const QString &text)
-{
-    const QStringList parts = text.split(QLatin1Char(':'));
-    int port = 0;
-    const QHostAddress address(parts.at(0));
-    return parts.size() <= 2 && address.protocol() == QAbstractSocket::IPv4Protocol &&
-           address.toString() == parts.at(0) &&
-           (parts.size() == 1 || readNumber(parts.at(1), 1, 0xFFFF, &port));
-}
-
 // Empty when value suits the option, else what is wrong with it.
 QString readValue(const QString &option, const QString &value, Options *options)
 {
@@ -49,7 +38,7 @@ QString readValue(const QString &option, const QString &value, Options *options)
     } else if (option == QLatin1String("--name")) {
         options->name = value;
     } else if (option == QLatin1String("--engine")) {
-        if (!isEndpoint(value))
+        if (!isEngineAddress(value))
             return QStringLiteral("--engine takes an IPv4 address, or address:port, not %1").arg(value);
         options->engine = value;
     } else if (option == QLatin1String("--import")) {
