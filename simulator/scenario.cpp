@@ -129,7 +129,7 @@ ScenarioPlayer::ScenarioPlayer(const Scenario &scenario, SoundEngine *engine, QO
     });
     connect(engine, &SoundEngine::moduleChanged, this, &ScenarioPlayer::checkWait);
     connect(engine, &SoundEngine::parameterReceived, this, [this](int msb, int lsb, int value) {
-        m_parameters[parameterKey(msb, lsb)].append(value);
+        m_parameters[parameterKey(msb, lsb)].insert(value);
         checkWait();
     });
     connect(engine, &SoundEngine::transferEnded, this, [this] {
@@ -190,7 +190,7 @@ bool ScenarioPlayer::isSatisfied(const ScenarioStep &step) const
         return m_engine->knowsModule();
     if (step.kind == ScenarioStep::Kind::WaitTransfer)
         return m_transfers > 0;
-    const QVector<int> values = m_parameters.value(parameterKey(step.msb, step.lsb));
+    const QSet<int> values = m_parameters.value(parameterKey(step.msb, step.lsb));
     return step.value < 0 ? !values.isEmpty() : values.contains(step.value);
 }
 

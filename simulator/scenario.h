@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QHash>
 #include <QObject>
+#include <QSet>
 #include <QTimer>
 #include <QVector>
 
@@ -70,7 +71,7 @@ private:
     bool m_waiting = false;
 
     // What has come since the wait before this one ended, so that nothing between two waits is missed.
-    QHash<int, QVector<int>> m_parameters;
+    QHash<int, QSet<int>> m_parameters;
     int m_transfers = 0;
 };
 

@@ -5,7 +5,10 @@
 #include "simulator/scenario.h"
 
 #include <QElapsedTimer>
+#include <QFile>
 #include <QSignalSpy>
+
+#include <unistd.h>
 
 using namespace simulated;
 
@@ -29,6 +32,7 @@ private Q_SLOTS:
     void playsInTime();
     void waitsForParameters();
     void satisfiesOneWaitWithOneParameter();
+    void doesNotGrowWithTheParameters();
     void waitsForATransfer();
     void failsWhenAWaitRunsOut();
 
@@ -368,6 +372,24 @@ void SimScenario::waitsForATransfer()
 }
 
 void SimScenario::failsWhenAWaitRunsOut()
+// The program has a player without a scenario as well, and may run for days.
+void SimScenario::doesNotGrowWithTheParameters()
+{
+    const auto residentBytes = [] {
+        QFile statistics(QStringLiteral("/proc/self/statm"));
+        return statistics.open(QIODevice::ReadOnly)
+                   ? statistics.readAll().split(' ').value(1).toLongLong() * ::sysconf(_SC_PAGESIZE)
+                   : 0;
+    };
+    ScenarioPlayer player(Scenario(), m_engine.get());
+    Q_EMIT m_engine->parameterReceived(0x38, 7, 0, -1);
+    const qint64 before = residentBytes();
+    QVERIFY(before > 0);
+    for (int i = 0; i < 4000000; ++i)
+        Q_EMIT m_engine->parameterReceived(0x38, 7, i & 0x7F, -1);
+    QVERIFY(residentBytes() - before < 4 * 1024 * 1024);
+}
+
 {
     Scenario scenario;
     QString problem;
