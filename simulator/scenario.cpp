@@ -20,8 +20,8 @@ bool parseWait(QStringList words, ScenarioStep *step, QString *problem)
     words.removeFirst();
     const int within = words.indexOf(QStringLiteral("within"));
     if (within >= 0) {
-        if (within != words.size() - 2 || !readNumber(words.last(), longestMs, &step->ms)) {
-            *problem = QStringLiteral("\"within\" is followed by milliseconds and nothing else");
+        if (within != words.size() - 2 || !readNumber(words.last(), longestMs, &step->ms) || step->ms == 0) {
+            *problem = QStringLiteral("\"within\" is followed by milliseconds from 1 and nothing else");
             return false;
         }
         words = words.mid(0, within);

@@ -285,7 +285,9 @@ void SimScenario::refusesScenarios_data()
     row("wait for half a parameter", "wait-for param 0x38",
         "line 1: usage: wait-for module|transfer|param HIGH LOW [VALUE] [within MS]");
     row("within nothing", "wait-for module within",
-        "line 1: \"within\" is followed by milliseconds and nothing else");
+        "line 1: \"within\" is followed by milliseconds from 1 and nothing else");
+    row("within no time", "wait-for module within 0",
+        "line 1: \"within\" is followed by milliseconds from 1 and nothing else");
 }
 
 void SimScenario::refusesScenarios()
