@@ -66,9 +66,19 @@ void Line::setModule(const QHostAddress &address, quint16 port)
 
 bool Line::send(const QByteArray &datagram)
 {
-    if (!knowsModule() || m_filter.isGone())
-        return false;
-    return m_socket.writeDatagram(datagram, m_module, m_modulePort) == datagram.size();
+    if (!knowsModule())
+        return refuse(QStringLiteral("no module has been heard yet"));
+    if (m_filter.isGone())
+        return refuse(QStringLiteral("a failure mode has made the engine vanish"));
+    if (m_socket.writeDatagram(datagram, m_module, m_modulePort) != datagram.size())
+        return refuse(m_socket.errorString());
+    return true;
+}
+
+bool Line::refuse(const QString &problem)
+{
+    m_sendProblem = problem;
+    return false;
 }
 
 void Line::readPending()

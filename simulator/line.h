@@ -29,8 +29,10 @@ public:
     quint16 modulePort() const { return m_modulePort; }
     bool knowsModule() const { return m_modulePort != 0; }
 
-    // False when there is no module yet, or the engine has vanished, or the send failed.
+    // False when there is no module yet, or the engine has vanished, or the send failed; sendProblem() says
+    // which.
     bool send(const QByteArray &datagram);
+    QString sendProblem() const { return m_sendProblem; }
 
     DatagramFilter &filter() { return m_filter; }
     const DatagramFilter &filter() const { return m_filter; }
@@ -40,6 +42,7 @@ Q_SIGNALS:
     void moduleChanged(const QHostAddress &address, quint16 port);
 
 private:
+    bool refuse(const QString &problem);
     void readPending();
     void deliver(const QVector<QByteArray> &datagrams);
 
@@ -48,6 +51,7 @@ private:
     DatagramFilter m_filter;
     QHostAddress m_module;
     quint16 m_modulePort = 0;
+    QString m_sendProblem;
 };
 
 } // namespace simulated

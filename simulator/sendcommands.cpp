@@ -8,16 +8,12 @@ namespace {
 
 constexpr int largestDatagram = 65507;
 
-QStringList sentOrNot(bool sent)
-{
-    return sent ? QStringList() : QStringList{QStringLiteral("not sent: no module is there")};
-}
-
 // A command that sends once.
 Run sending(const std::function<bool(SoundEngine &)> &send)
 {
     return [send](SoundEngine &engine) {
-        return sentOrNot(send(engine));
+        return send(engine) ? QStringList()
+                            : QStringList{QStringLiteral("not sent: ") + engine.sendProblem()};
     };
 }
 

@@ -198,6 +198,11 @@ QStringList SoundEngine::summary() const
 
 // --- sending
 
+QString SoundEngine::sendProblem() const
+{
+    return m_line->sendProblem();
+}
+
 bool SoundEngine::sendRaw(const QByteArray &datagram)
 {
     if (!m_line->send(datagram))

@@ -111,6 +111,9 @@ public:
 
     // Sending, once each.
 
+    // Why a method that sends has last returned false, in one line.
+    QString sendProblem() const;
+
     // note 0 to 127, velocity and pressure 0 to 127
     bool strike(quint8 note, quint8 velocity);
     bool choke(quint8 note, quint8 pressure = 127);

@@ -272,7 +272,7 @@ void SimProgram::obeysStandardInput()
     type("help\n");
     QVERIFY(waitForLine("quit"));
     type("strike snare\n");
-    QVERIFY(waitForLine("not sent: no module is there\n"));
+    QVERIFY(waitForLine("not sent: no module has been heard yet\n"));
     send(hex("494D0003 0BB96338 0BB96207 0BB90664"));
     QVERIFY(waitForLine("module 127.0.0.1:"));
     QCOMPARE(receive(), hex("544D4143 0078 0000")); // a module heard for the first time is told the tempo

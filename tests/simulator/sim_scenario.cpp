@@ -26,7 +26,7 @@ private Q_SLOTS:
     void refusesCommands_data();
     void refusesCommands();
     void everyCommandIsInTheHelp();
-    void saysThatNobodyListens();
+    void saysWhyNothingIsSent();
     void refusesScenarios_data();
     void refusesScenarios();
     void playsInTime();
@@ -258,13 +258,26 @@ void SimScenario::everyCommandIsInTheHelp()
     QVERIFY(command.isQuit);
 }
 
-void SimScenario::saysThatNobodyListens()
+void SimScenario::saysWhyNothingIsSent()
 {
-    SoundEngine lonely;
+    SoundEngine engine;
     Command command;
     QString problem;
     QVERIFY(parseCommand(QStringLiteral("strike snare"), &command, &problem));
-    QCOMPARE(command.run(lonely), QStringList(QStringLiteral("not sent: no module is there")));
+    QCOMPARE(command.run(engine), QStringList(QStringLiteral("not sent: no module has been heard yet")));
+
+    // From the loopback network nothing can be sent to another one.
+    QVERIFY(Peer::listen(&engine));
+    engine.setModule(QHostAddress(QStringLiteral("192.0.2.1")), 9);
+    const QStringList refused = command.run(engine);
+    QCOMPARE(refused, QStringList(QStringLiteral("not sent: ") + engine.errorString()));
+    QVERIFY(!engine.errorString().isEmpty() && engine.errorString() != QLatin1String("Unknown error"));
+
+    Peer peer(&engine);
+    QVERIFY(engine.setFailure(QStringLiteral("vanish=0")));
+    QVERIFY(peer.send("4443 5442 00000000 0001 0000"));
+    QCOMPARE(command.run(engine),
+             QStringList(QStringLiteral("not sent: a failure mode has made the engine vanish")));
 }
 
 void SimScenario::refusesScenarios_data()
@@ -359,21 +372,6 @@ void SimScenario::satisfiesOneWaitWithOneParameter()
     QTRY_COMPARE(m_peer->received, QList<QByteArray>{hex("42544143 0002 0000")});
 }
 
-void SimScenario::waitsForATransfer()
-{
-    Scenario scenario;
-    QString problem;
-    QVERIFY(scenario.parse(QStringLiteral("wait-for transfer within 20000\nbeat 1\n"), &problem));
-    ScenarioPlayer player(scenario, m_engine.get());
-    player.start();
-    QVERIFY(m_peer->send("4453 5442 00000000"));
-    QCOMPARE(m_peer->take(), QList<QByteArray>());
-    QVERIFY(m_peer->send("4445 5442 00000000"));
-    QTRY_COMPARE(m_peer->received.size(), 2);
-    QCOMPARE(m_peer->received.last(), hex("42544143 0001 0000"));
-}
-
-void SimScenario::failsWhenAWaitRunsOut()
 // The program has a player without a scenario as well, and may run for days.
 void SimScenario::doesNotGrowWithTheParameters()
 {
@@ -392,6 +390,21 @@ void SimScenario::doesNotGrowWithTheParameters()
     QVERIFY(residentBytes() - before < 4 * 1024 * 1024);
 }
 
+void SimScenario::waitsForATransfer()
+{
+    Scenario scenario;
+    QString problem;
+    QVERIFY(scenario.parse(QStringLiteral("wait-for transfer within 20000\nbeat 1\n"), &problem));
+    ScenarioPlayer player(scenario, m_engine.get());
+    player.start();
+    QVERIFY(m_peer->send("4453 5442 00000000"));
+    QCOMPARE(m_peer->take(), QList<QByteArray>());
+    QVERIFY(m_peer->send("4445 5442 00000000"));
+    QTRY_COMPARE(m_peer->received.size(), 2);
+    QCOMPARE(m_peer->received.last(), hex("42544143 0001 0000"));
+}
+
+void SimScenario::failsWhenAWaitRunsOut()
 {
     Scenario scenario;
     QString problem;
