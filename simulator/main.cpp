@@ -94,6 +94,8 @@ int main(int argc, char *argv[])
     SoundEngine engine;
     engine.setSeed(options.seed);
     engine.setStoreDirectory(options.storeDirectory);
+    // Nothing here looks at them.
+    engine.setKeptBytes(0);
     for (const QString &failure : qAsConst(options.failures))
         engine.setFailure(failure);
     if (!engine.listen(options.address, options.port)) {

@@ -39,7 +39,8 @@ QString fileText(const ReceivedFile &file)
     return text;
 }
 
-FileSink::FileSink(const QString &directory, const QString &fileName)
+FileSink::FileSink(const QString &directory, const QString &fileName, qint64 keptBytes)
+    : m_keptBytes(qMin(keptBytes, memoryLimit))
 {
     if (directory.isEmpty())
         return;
@@ -56,7 +57,7 @@ void FileSink::append(const QByteArray &bytes)
     }
     if (m_overflow)
         return;
-    if (m_data.size() + bytes.size() > memoryLimit) {
+    if (m_data.size() + bytes.size() > m_keptBytes) {
         m_overflow = true;
         m_data = QByteArray();
         return;

@@ -19,7 +19,7 @@ struct ReceivedFile
     quint32 size = 0; // as announced
     Outcome outcome = Outcome::Abandoned;
     quint16 status = 0;          // as acknowledged
-    QByteArray data;             // empty when stored, or larger than the engine keeps in memory
+    QByteArray data;             // empty when stored, or no longer kept, or too large to be kept
     QString path;                // where it is stored, empty when it is not
     qint64 received = 0;         // bytes of the file that came
     quint32 packets = 0;         // data packets heard, repeated ones included
@@ -39,8 +39,9 @@ public:
     // Larger files are checked and counted but not kept, unless there is a directory.
     static constexpr qint64 memoryLimit = 64 * 1024 * 1024;
 
-    // With a directory, writes to fileName inside it, under a name ending in .part until it is whole.
-    FileSink(const QString &directory, const QString &fileName);
+    // With a directory, writes to fileName inside it, under a name ending in .part until it is whole. Without
+    // one, keeps up to that many bytes, and no more than memoryLimit.
+    FileSink(const QString &directory, const QString &fileName, qint64 keptBytes);
 
     void append(const QByteArray &bytes);
 
@@ -51,6 +52,7 @@ private:
     QString m_path;
     std::unique_ptr<QFile> m_file;
     QByteArray m_data;
+    qint64 m_keptBytes;
     bool m_overflow = false;
     bool m_failed = false;
 };

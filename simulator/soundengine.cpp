@@ -422,6 +422,11 @@ void SoundEngine::setStoreDirectory(const QString &directory)
     m_transfers->setStoreDirectory(directory);
 }
 
+void SoundEngine::setKeptBytes(qint64 bytes)
+{
+    m_transfers->setKeptBytes(bytes);
+}
+
 // --- receiving
 
 void SoundEngine::take(const QByteArray &datagram)

@@ -99,7 +99,8 @@ public:
     // -1: never switched.
     int led(quint16 id) const;
     bool isPoweredOff() const { return m_poweredOff; }
-    // Every transfer that has ended, whole or not, in order.
+    // Every transfer that has ended, whole or not, in order. Without a store directory the latest have their
+    // data, see setKeptBytes().
     const QVector<ReceivedFile> &receivedFiles() const;
 
     // What the module did wrong, one line each; at most the first thousand. counters() has them all.
@@ -168,6 +169,9 @@ public:
 
     // Received files are written here while they arrive. Empty: they are kept in memory.
     void setStoreDirectory(const QString &directory);
+    // So many bytes of received files are kept in memory, of the latest ones: 256 MiB unless told otherwise.
+    // Older files keep all but their data, and so does a file larger than this or than 64 MiB.
+    void setKeptBytes(qint64 bytes);
 
 Q_SIGNALS:
     void moduleChanged(const QHostAddress &address, quint16 port);

@@ -59,6 +59,12 @@ void TransferReceiver::setFailures(const FailureSet &failures)
     m_failures = failures;
 }
 
+void TransferReceiver::setKeptBytes(qint64 bytes)
+{
+    m_keptBytes = bytes;
+    dropOldData();
+}
+
 void TransferReceiver::take(const Message &message)
 {
     switch (message.kind) {
@@ -90,7 +96,7 @@ void TransferReceiver::start(const Message &message)
     transfer.file.slot = message.slot;
     transfer.file.name = QString::fromUtf8(message.payload);
     transfer.file.size = message.number;
-    transfer.sink = std::make_unique<FileSink>(m_directory, freeFileName(message));
+    transfer.sink = std::make_unique<FileSink>(m_directory, freeFileName(message), m_keptBytes);
     Q_EMIT fileStarted(transfer.file.content, transfer.file.size);
 
     if (m_failures.has(Failure::StrayAcks)) {
@@ -311,9 +317,20 @@ void TransferReceiver::close(ReceivedFile::Outcome outcome)
         transfer.sink->finish(false, &transfer.file);
     transfer.file.outcome = outcome;
     m_files.append(transfer.file);
+    dropOldData();
     m_current.reset();
     m_expectStragglers = true;
     Q_EMIT fileEnded(m_files.constLast());
+}
+
+void TransferReceiver::dropOldData()
+{
+    qint64 bytes = 0;
+    for (auto file = m_files.rbegin(); file != m_files.rend(); ++file) {
+        bytes += file->data.size();
+        if (bytes > m_keptBytes)
+            file->data = QByteArray();
+    }
 }
 
 } // namespace simulated

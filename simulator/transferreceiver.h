@@ -34,10 +34,13 @@ public:
     // Where files go; empty: into memory.
     void setStoreDirectory(const QString &directory) { m_directory = directory; }
 
+    // Bytes of files kept in memory, of the latest ones; a larger file keeps none.
+    void setKeptBytes(qint64 bytes);
+
     // A start, data or end packet of the module.
     void take(const Message &message);
 
-    // Every transfer that has ended one way or another, in order.
+    // Every transfer that has ended one way or another, in order. The older ones have lost their data.
     const QVector<ReceivedFile> &files() const { return m_files; }
     bool isReceiving() const { return m_current != nullptr; }
 
@@ -61,6 +64,7 @@ private:
     void askForResend(quint32 number, quint8 lowByte);
     quint16 judge(const Message &message);
     void close(ReceivedFile::Outcome outcome);
+    void dropOldData();
     bool networkRepeats() const;
     QString freeFileName(const Message &message) const;
 
@@ -68,6 +72,7 @@ private:
     QString m_directory;
     std::unique_ptr<Transfer> m_current;
     QVector<ReceivedFile> m_files;
+    qint64 m_keptBytes = 256 * 1024 * 1024;
     Message m_lastEnd; // the end that closed the last transfer, and its answer
     quint16 m_lastStatus = 0;
     bool m_expectStragglers = false; // data of a transfer that was cut short may still be on its way

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void takesEveryKindAndSize_data();
     void takesEveryKindAndSize();
     void takesExactlyTheseBytes();
+    void keepsTheDataOfTheLatestFiles();
     void keepsNameAndSlot();
     void storesFiles();
     void doesNotStoreUnfinishedFilesAsWhole();
@@ -113,6 +114,43 @@ void SimTransfers::takesExactlyTheseBytes()
     QCOMPARE(m_peer->take(), QList<QByteArray>{success()});
     QCOMPARE(last().data, hex("01 02 03"));
     QCOMPARE(m_engine->violations(), QStringList());
+}
+
+void SimTransfers::keepsTheDataOfTheLatestFiles()
+{
+    const auto sendFileOf = [this](int size) {
+        const QByteArray file = someFile(size);
+        Sender sender(m_peer.get(), "TB", file);
+        sender.sendObeying(0);
+        return file;
+    };
+    const auto &files = m_engine->receivedFiles();
+    m_engine->setKeptBytes(3000);
+    sendFileOf(1500);
+    const QByteArray second = sendFileOf(1000);
+    const QByteArray third = sendFileOf(2000);
+    QCOMPARE(files.size(), 3);
+    QCOMPARE(files.at(0).data, QByteArray());
+    QVERIFY(files.at(1).data == second);
+    QVERIFY(files.at(2).data == third);
+    // What else is known of a file stays.
+    QCOMPARE(files.at(0).outcome, Outcome::Whole);
+    QCOMPARE(files.at(0).received, qint64(1500));
+    QCOMPARE(files.at(0).packets, quint32(3));
+
+    // One that is too large is taken without its data, and drives out no other.
+    sendFileOf(3001);
+    QCOMPARE(files.size(), 4);
+    QCOMPARE(files.at(3).outcome, Outcome::Whole);
+    QCOMPARE(files.at(3).data, QByteArray());
+    QVERIFY(files.at(2).data == third);
+
+    m_engine->setKeptBytes(0);
+    for (const SoundEngine::ReceivedFile &file : files)
+        QCOMPARE(file.data, QByteArray());
+    sendFileOf(1);
+    QCOMPARE(last().data, QByteArray());
+    QCOMPARE(last().outcome, Outcome::Whole);
 }
 
 void SimTransfers::keepsNameAndSlot()
