@@ -127,6 +127,8 @@ private Q_SLOTS:
     void unreadableEngineAddressIsRefused();
     void wrongOptionIsRefused_data();
     void wrongOptionIsRefused();
+    void runRefusesSeconds_data();
+    void runRefusesSeconds();
     void helpAndVersion_data();
     void helpAndVersion();
 };
@@ -322,6 +324,26 @@ void tst_Demo::wrongOptionIsRefused()
     QCOMPARE(demo.complained().count(QLatin1Char('\n')), 1);
     QVERIFY2(demo.complained().startsWith(QStringLiteral("zelta-demo: ")), qPrintable(demo.complained()));
     QVERIFY2(demo.complained().contains(named), qPrintable(demo.complained()));
+}
+
+void tst_Demo::runRefusesSeconds_data()
+{
+    QTest::addColumn<QString>("seconds");
+    for (const char *seconds : {"0", "3601", "99999999999999999999"})
+        QTest::newRow(seconds) << QString::fromLatin1(seconds);
+}
+
+// The script that builds the demo and starts it looks at the number first of all.
+void tst_Demo::runRefusesSeconds()
+{
+    QFETCH(QString, seconds);
+    Program script(QStringLiteral(RUN_SCRIPT), {QStringLiteral("--headless"), seconds}, silentEngine());
+    // One that has begun to build is stopped at its first word.
+    QTRY_VERIFY_WITH_TIMEOUT(script.state() == QProcess::NotRunning || !script.said().isEmpty(), endPatience);
+    QCOMPARE(script.said(), QString());
+    QCOMPARE(script.exitCode(), 2);
+    QCOMPARE(script.complained(),
+             QStringLiteral("run: --headless takes 1 to 3600 seconds, not %1\n").arg(seconds));
 }
 
 void tst_Demo::helpAndVersion_data()
