@@ -63,7 +63,7 @@ OptionsResult parseOptions(const QStringList &arguments, Options *options, QStri
     const QCommandLineOption seed(QStringLiteral("seed"), QStringLiteral("Seed of groove and failures (1)."),
                                   QStringLiteral("NUMBER"));
     const QCommandLineOption duration(QStringLiteral("duration"),
-                                      QStringLiteral("End after this many seconds."),
+                                      QStringLiteral("End after this many seconds (above 0, up to 2000000)."),
                                       QStringLiteral("SECONDS"));
     parser.addOptions(
         {listen, module, verbose, groove, noGroove, scenario, store, fail, listFailures, seed, duration});
@@ -128,10 +128,11 @@ OptionsResult parseOptions(const QStringList &arguments, Options *options, QStri
         return bad(QStringLiteral("--seed takes a number from 0, not \"%1\"").arg(parser.value(seed)));
     if (parser.isSet(duration)) {
         const double seconds = parser.value(duration).toDouble(&isNumber);
-        constexpr double longest = 2e6;
+        constexpr int longest = 2000000;
         if (!isNumber || !(seconds > 0.0 && seconds <= longest))
-            return bad(
-                QStringLiteral("--duration takes seconds above 0, not \"%1\"").arg(parser.value(duration)));
+            return bad(QStringLiteral("--duration takes seconds above 0, up to %1, not \"%2\"")
+                           .arg(longest)
+                           .arg(parser.value(duration)));
         options->durationMs = qMax(1, int(seconds * 1000.0));
     }
     return OptionsResult::Run;

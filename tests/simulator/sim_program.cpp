@@ -153,7 +153,10 @@ void SimProgram::refusesToStart_data()
     row("both grooves", {s("--groove"), s("--no-groove")}, "--groove and --no-groove exclude each other");
     row("unknown failure", {s("--fail"), s("explode")}, "--fail: unknown failure mode \"explode\"");
     row("seed", {s("--seed"), s("luck")}, "--seed takes a number from 0, not \"luck\"");
-    row("duration", {s("--duration"), s("0")}, "--duration takes seconds above 0, not \"0\"");
+    row("no duration", {s("--duration"), s("0")},
+        "--duration takes seconds above 0, up to 2000000, not \"0\"");
+    row("long duration", {s("--duration"), s("3000000")},
+        "--duration takes seconds above 0, up to 2000000, not \"3000000\"");
     row("no scenario", {s("--scenario"), s("/nowhere/verse.scenario")},
         "scenario /nowhere/verse.scenario: No such file or directory");
     row("scenario is a directory", {s("--scenario"), s("/")}, "scenario /: ");
