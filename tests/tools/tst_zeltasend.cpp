@@ -284,6 +284,10 @@ void tst_ZeltaSend::failures_data()
 }
 
 void tst_ZeltaSend::failures()
+    // The engine tells the trigger bank's version when it is asked for the sound bank's, and none later.
+    row("one version of two", "wrong-query-reply", {QStringLiteral("--versions")}, NoEngine,
+        "does not tell the version of the sound bank");
+
 {
     QFETCH(const int, status);
     QFETCH(const QString, words);

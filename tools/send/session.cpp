@@ -58,8 +58,7 @@ void Session::start()
     connect(m_module, SIGNAL(soundbankVersionChanged()), this, SLOT(onSoundBankVersion()));
     connect(m_module, SIGNAL(triggerbankVersionChanged()), this, SLOT(onTriggerBankVersion()));
     m_timeUp.start(m_options.timeoutS * 1000);
-    connect(&m_noAnswer, &QTimer::timeout, this,
-            [this] { finish(ExitStatus::NoEngine, QStringLiteral("the sound engine does not answer")); });
+    connect(&m_noAnswer, &QTimer::timeout, this, [this] { finish(ExitStatus::NoEngine, missingAnswer()); });
     if (m_options.action == Options::Action::AskVersions) {
         askVersions();
         return;
@@ -100,6 +99,14 @@ void Session::onProbeAnswered()
         return;
     if (m_transfer)
         m_transfer->engineIsIdle();
+QString Session::missingAnswer() const
+{
+    if (m_soundBankKnown == m_triggerBankKnown)
+        return QStringLiteral("the sound engine does not answer");
+    return QStringLiteral("the sound engine does not tell the version of the ") +
+           (m_soundBankKnown ? QStringLiteral("trigger bank") : QStringLiteral("sound bank"));
+}
+
     else
         nextFile();
 }

@@ -34,6 +34,7 @@ private Q_SLOTS:
 private:
     void probe();
     void greeted();
+    QString missingAnswer() const;
     void askVersions();
     void sayVersion(const QString &what, const char *property, bool *known);
     void nextFile();
