@@ -70,6 +70,19 @@ bool makeBrokenModule(const QTemporaryDir &folder)
            qmldir.write("module ZeltaConnect\nplugin nothing\n") > 0;
 }
 
+// From the start of a file on the engine answers no query, or leaves one out.
+void fallSilent(SoundEngine *engine, bool forOneQuery)
+{
+    QObject::connect(engine, &SoundEngine::transferStarted, engine,
+                     [engine] { QVERIFY(engine->setFailure(QStringLiteral("no-query-reply"))); });
+    if (!forOneQuery)
+        return;
+    QObject::connect(engine, &SoundEngine::noted, engine, [engine](const QString &line) {
+        if (line == QLatin1String("kept silent about query HL"))
+            engine->clearFailures();
+    });
+}
+
 } // namespace
 
 // Runs with their own engines, all started before the first of them is looked at: most of their time is the
@@ -262,9 +275,18 @@ void tst_ZeltaSend::startFailures()
     // Broken off without any signal.
     row("bank, data past the end", "resend-past-end", triggerBank, Failed, "broken off");
     row("board firmware, data past the end", "resend-past-end", board, Failed, "broken off");
+    row("broken off, an answer lost", "resend-past-end", triggerBank, Failed, "broken off");
+    fallSilent(&m_runs.at("broken off, an answer lost")->engine(), true);
+    row("broken off, no answer any more", "resend-past-end", triggerBank, NoEngine,
+        "does not answer any more");
+    fallSilent(&m_runs.at("broken off, no answer any more")->engine(), false);
     row("acknowledgements of nothing", "stray-acks", wave, Sent, "sent, .*retransmissions: 0\n");
     row("answers to other questions", "wrong-query-reply", board, Sent, "sent, ");
     row("no answer to the first question", "no-query-reply", triggerBank, NoEngine, "does not answer");
+
+    // The engine tells the trigger bank's version when it is asked for the sound bank's, and none later.
+    row("one version of two", "wrong-query-reply", {QStringLiteral("--versions")}, NoEngine,
+        "does not tell the version of the sound bank");
 
     row("not newer board firmware", "", board, NotNewer, "has this version");
     m_runs.at("not newer board firmware")->engine().setVersion(SoundEngine::Version::TriggerBoard, 1, 5);
@@ -284,10 +306,6 @@ void tst_ZeltaSend::failures_data()
 }
 
 void tst_ZeltaSend::failures()
-    // The engine tells the trigger bank's version when it is asked for the sound bank's, and none later.
-    row("one version of two", "wrong-query-reply", {QStringLiteral("--versions")}, NoEngine,
-        "does not tell the version of the sound bank");
-
 {
     QFETCH(const int, status);
     QFETCH(const QString, words);

@@ -8,10 +8,7 @@
 
 namespace {
 
-// The module waits that long for the answer to a query before it goes on with the next task.
-constexpr int answerWaitMs = 20000;
 constexpr int bankQueries = 2;
-constexpr int marginMs = 1000;
 constexpr int clockMs = 500;
 
 // Whatever answers a query ends it.
@@ -95,10 +92,13 @@ void Session::onProbeAnswered()
 {
     if (m_probes == 0 || !m_greeted)
         return;
-    if (--m_probes > 0)
-        return;
+    --m_probes;
     if (m_transfer)
         m_transfer->engineIsIdle();
+    else
+        nextFile();
+}
+
 QString Session::missingAnswer() const
 {
     if (m_soundBankKnown == m_triggerBankKnown)
@@ -107,13 +107,9 @@ QString Session::missingAnswer() const
            (m_soundBankKnown ? QStringLiteral("trigger bank") : QStringLiteral("sound bank"));
 }
 
-    else
-        nextFile();
-}
-
 void Session::askVersions()
 {
-    m_noAnswer.start(bankQueries * answerWaitMs + marginMs);
+    m_noAnswer.start(bankQueries * answerWaitMs + answerMarginMs);
     QMetaObject::invokeMethod(m_module, "requestSoundBankVersion");
     QMetaObject::invokeMethod(m_module, "requestTriggerBankVersion");
 }
@@ -141,11 +137,12 @@ void Session::sayVersion(const QString &what, const char *property, bool *known)
 void Session::nextFile()
 {
     // An answer that is still to come would look as if the next file had ended. It is waited for no longer
-    // than the module waits itself.
+    // than the module waits itself, for one after the other.
     if (m_probes > 0) {
-        m_lateAnswer.start(answerWaitMs);
+        m_lateAnswer.start(m_probes * answerWaitMs + answerMarginMs);
         return;
     }
+    m_lateAnswer.stop();
     FileToSend file;
     file.path = m_options.files.at(m_nextFile++);
     const QString problem = fileProblem(file.path);
@@ -205,6 +202,7 @@ void Session::finish(ExitStatus status, const QString &words)
 {
     m_timeUp.stop();
     m_noAnswer.stop();
+    m_lateAnswer.stop();
     m_clock.stop();
     m_module->disconnect(this);
     m_transfer.reset();

@@ -20,6 +20,7 @@ constexpr qint64 bluetoothPacketBytes = 512;
 
 // Longer than the four seconds that the module pauses before it sends again.
 constexpr int quietMs = 6000;
+constexpr int mostUnansweredProbes = 2;
 
 QString hexWord(ushort word)
 {
@@ -58,12 +59,7 @@ Transfer::Transfer(QObject *module, const Kind &kind, const FileToSend &file, QO
     , m_file(file)
     , m_quiet(this)
 {
-    m_quiet.setSingleShot(true);
-    m_quiet.setInterval(quietMs);
-    connect(&m_quiet, &QTimer::timeout, this, [this] {
-        if (!m_over && !m_allSent)
-            Q_EMIT probeWanted();
-    });
+    connect(&m_quiet, &QTimer::timeout, this, &Transfer::onQuiet);
 }
 
 void Transfer::watch()
@@ -104,7 +100,7 @@ void Transfer::start()
                                   Q_ARG(QString, m_file.name), Q_ARG(int, m_file.slot));
         break;
     }
-    m_quiet.start();
+    m_quiet.start(quietMs);
     // Firmware that is not newer is passed over without a word.
     if (m_kind.isFirmware)
         Q_EMIT probeWanted();
@@ -241,9 +237,26 @@ void Transfer::conclude(ushort status)
     }
 }
 
+void Transfer::onQuiet()
+{
+    if (m_allSent)
+        return;
+    // Firmware tells no progress, so its silence may be nothing but a long file.
+    if (m_quietTimes == mostUnansweredProbes && !m_kind.isFirmware) {
+        finish(ExitStatus::NoEngine, QStringLiteral("the sound engine does not answer any more"));
+        return;
+    }
+    ++m_quietTimes;
+    // The probe or its answer may get lost. It is not asked again before the module has given it up, since
+    // the module would wait for every one of them.
+    m_quiet.start(answerWaitMs + answerMarginMs);
+    Q_EMIT probeWanted();
+}
+
 void Transfer::signOfLife()
 {
-    m_quiet.start();
+    m_quietTimes = 0;
+    m_quiet.start(quietMs);
 }
 
 void Transfer::finish(ExitStatus status, const QString &words)

@@ -6,6 +6,11 @@
 #include <QObject>
 #include <QTimer>
 
+/// The module waits that long for the answer to a query before it goes on with the next task.
+constexpr int answerWaitMs = 20000;
+/// What is to happen after such a wait comes later by this.
+constexpr int answerMarginMs = 1000;
+
 /// One file to send.
 struct FileToSend
 {
@@ -31,7 +36,7 @@ public:
     Transfer(QObject *module, const Kind &kind, const FileToSend &file, QObject *parent = nullptr);
 
     void start();
-    /// Everything that was queued up to the last probe is over.
+    /// One of the transfer's probes was answered. Each is queued behind the file, so its task is over.
     void engineIsIdle();
     int retransmissions() const { return m_retransmissions; }
 
@@ -62,6 +67,7 @@ private:
     void onFraction(double fraction);
     void onProgress(qint64 bytes);
     void onDataAnswer(ushort a, ushort b);
+    void onQuiet();
     void signOfLife();
     void conclude(ushort status);
     void finish(ExitStatus status, const QString &words);
@@ -70,6 +76,7 @@ private:
     const Kind &m_kind;
     const FileToSend m_file;
     QTimer m_quiet;
+    int m_quietTimes = 0;
 
     bool m_over = false;
     bool m_begun = false;       // data has been sent, or firmware is about to be
