@@ -38,7 +38,7 @@ QtObject {
     property int refusal: 0
     property int quietTimes: 0
 
-    // Questions for the pedal that are still to be answered, and how many of them are about a transfer before this one.
+    // Questions for the pedal that may still be answered: about this transfer, and about those before it.
     property int probes: 0
     property int staleProbes: 0
 
@@ -48,7 +48,11 @@ QtObject {
     readonly property int engineVersionAnswer: 0x564e
     readonly property int triggerVersionAnswer: 0x5456
 
-    readonly property int mostQuietTimes: 20
+    // Longer than the four seconds that the module rests before it sends again.
+    property int quietTime: 6000
+    // Longer than the twenty that it waits for an answer before it goes on with what is queued behind.
+    property int answerTime: 21000
+    readonly property int mostQuietTimes: 6
 
     function send(wanted, path, slot) {
         var chosen = kinds[wanted];
@@ -65,30 +69,51 @@ QtObject {
         endStatus = 0;
         refusal = 0;
         quietTimes = 0;
-        staleProbes = probes;
         words = chosen.name + ": waiting for the engine";
         var file = path.split("/").pop();
         var rest = chosen.method === "sendImportSoundBank" ? [file, slot] : chosen.slotted ? [slot] : [];
         Device.request(chosen.method, [path].concat(rest));
-        quiet.restart();
+        awaitSign(quietTime);
+        if (staleProbes > 0)
+            stale.restart();
         // Firmware that is not newer is passed over without a word.
         if (chosen.firmware)
             probe();
     }
 
-    // Longer than the four seconds that the module rests before it sends again.
     readonly property Timer quiet: Timer {
-        interval: 6000
         repeat: true
         onTriggered: {
             // The end of a sound bank may be waited for for minutes, and always tells.
             if (transfers.allSent)
                 return;
-            if (++transfers.quietTimes > transfers.mostQuietTimes)
+            // The module has given up what was asked a wait ago. To ask earlier would make it wait the longer.
+            if (++transfers.quietTimes > 1)
+                transfers.probes = 0;
+            if (transfers.quietTimes > transfers.mostQuietTimes) {
                 transfers.finish(false, "the engine does not answer");
-            else
+            } else {
+                transfers.awaitSign(transfers.answerTime);
                 transfers.probe();
+            }
         }
+    }
+    function awaitSign(time) {
+        quiet.interval = time;
+        quiet.restart();
+    }
+
+    // Questions of a transfer that was broken off wait in the module until the next one is sent, and go before it, one
+    // after the other. What is not answered by then never will be.
+    readonly property Timer stale: Timer {
+        interval: transfers.answerTime
+        onTriggered: transfers.forgetStale()
+    }
+    function forgetStale() {
+        if (--staleProbes > 0)
+            stale.restart();
+        else
+            stale.stop();
     }
 
     function probe() {
@@ -96,12 +121,14 @@ QtObject {
         Device.request("requestHHRawValue");
     }
     function probeAnswered() {
-        if (probes > 0)
-            --probes;
-        if (staleProbes > 0)
-            --staleProbes;
-        else if (busy)
+        if (staleProbes > 0) {
+            forgetStale();
+        } else if (busy) {
+            // Each is queued behind the file, so the first answer tells.
+            if (probes > 0)
+                --probes;
             engineIsIdle();
+        }
     }
     function engineIsIdle() {
         if (begun)
@@ -116,7 +143,7 @@ QtObject {
 
     function signOfLife() {
         quietTimes = 0;
-        quiet.restart();
+        awaitSign(quietTime);
     }
     function advance(part) {
         if (!busy)
@@ -134,6 +161,8 @@ QtObject {
         if (!busy)
             return;
         quiet.stop();
+        staleProbes += probes;
+        probes = 0;
         busy = false;
         failed = !well;
         if (well)
