@@ -3,33 +3,37 @@ import "../controls"
 import "../device"
 import "../style"
 
-// The sample memory as the engine last reported it.
+// The memory as the engine last reported it. Both figures are readings of one event, in different units, so neither
+// is a part of the other and there is nothing to draw as a bar.
 Card {
     id: card
-    title: "Sample memory"
-    readonly property real total: Device.module.totalFlashSize
-    readonly property real used: Device.module.flashSize
+    title: "Memory"
+    readonly property real whole: Device.module.totalFlashSize
+    readonly property real samples: Device.module.flashSize
 
-    function megabytes(bytes) {
-        return (bytes / 1048576).toFixed(1) + " MB";
+    function mebibytes(bytes) {
+        return (bytes / 1048576).toFixed(1) + " MiB";
     }
 
     Column {
         width: parent.width
         spacing: 12
-        ProgressLine {
-            width: parent.width
-            part: card.total > 0 ? card.used / card.total : 0
+        Text {
+            visible: card.whole === 0 && card.samples === 0
+            text: "Not reported yet"
+            color: Theme.dim
+            font.pixelSize: Theme.body
         }
         Text {
-            text: card.total > 0 || card.used > 0 ? "flash size " + card.megabytes(card.used) : "not reported yet"
+            visible: card.whole > 0 || card.samples > 0
+            text: "For samples: " + card.mebibytes(card.samples)
             color: Theme.text
             font.pixelSize: Theme.body
         }
         Text {
-            visible: card.total > 0
-            text: "total flash size " + card.megabytes(card.total)
-            color: Theme.dim
+            visible: card.whole > 0 || card.samples > 0
+            text: "Whole flash: " + card.mebibytes(card.whole)
+            color: Theme.text
             font.pixelSize: Theme.body
         }
     }
