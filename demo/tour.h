@@ -9,8 +9,8 @@
 #include <QTimer>
 #include <functional>
 
-// Shows every page in turn, moves controls on it with real mouse events, and takes a picture of each.
-// GUI thread; runs inside the event loop and ends with finished().
+/// Shows every page in turn, moves controls on it with real mouse events, and takes a picture of each.
+/// GUI thread; runs inside the event loop and ends with finished().
 class Tour : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     Tour(ScreenHost &host, const Options &options);
 
     void start();
-    // What went wrong on the way, one line each: controls not found, pictures not saved, no back end.
+    /// What went wrong on the way, one line each: controls not found, pictures not saved, no back end.
     QStringList problems() const { return m_problems; }
     int picturesSaved() const { return m_pictures; }
 

@@ -18,7 +18,7 @@ constexpr int anyNumberOfWords = std::numeric_limits<int>::max();
 
 using Run = std::function<QStringList(SoundEngine &)>;
 
-// What a command's reader gets and gives back: an empty Run means that problem says why.
+/// What a command's reader gets and gives back: an empty Run means that problem says why.
 struct Reader
 {
     const QStringList &arguments;
@@ -35,16 +35,16 @@ struct CommandRow
     const char *name;
     const char *arguments;
     const char *help;
-    int least; // words that must and may follow the name
+    int least; ///< words that must and may follow the name
     int most;
     Run (*read)(Reader &);
 };
 
-// Commands that make the engine send something, and commands that set or show something.
+/// Commands that make the engine send something, and commands that set or show something.
 const QVector<CommandRow> &sendCommands();
 const QVector<CommandRow> &stateCommands();
 
-// A command that sets something.
+/// A command that sets something.
 Run setting(const std::function<void(SoundEngine &)> &set);
 
 bool readOnOff(const QString &word, bool *on);

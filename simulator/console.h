@@ -9,8 +9,8 @@
 
 namespace simulated {
 
-// Lines typed or piped in. In the background of a terminal nothing is read, since that would stop the
-// program.
+/// Lines typed or piped in. In the background of a terminal nothing is read, since that would stop the
+/// program.
 class InputLines : public QObject
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
 
 Q_SIGNALS:
     void lineRead(const QString &line);
-    // The person at the terminal closed the input. The end of a pipe or file is no reason to end.
+    /// The person at the terminal closed the input. The end of a pipe or file is no reason to end.
     void closedByHand();
 
 private:
@@ -30,7 +30,7 @@ private:
     QByteArray m_rest;
 };
 
-// SIGINT and SIGTERM.
+/// SIGINT and SIGTERM.
 class EndSignals : public QObject
 {
     Q_OBJECT

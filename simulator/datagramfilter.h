@@ -1,4 +1,3 @@
-// A bad network between module and engine: what arrives is lost, doubled or late.
 #pragma once
 
 #include "failures.h"
@@ -9,6 +8,7 @@
 
 namespace simulated {
 
+/// A bad network between module and engine: what arrives is lost, doubled or late.
 class DatagramFilter
 {
 public:
@@ -17,18 +17,18 @@ public:
     void setSeed(quint32 seed);
     void setFailures(const FailureSet &failures);
 
-    // What the engine hears when datagram arrives, in this order; may be nothing.
+    /// What the engine hears when datagram arrives, in this order; may be nothing.
     QVector<QByteArray> pass(const QByteArray &datagram);
 
-    // What is still held back, for when nothing follows any more.
+    /// What is still held back, for when nothing follows any more.
     QVector<QByteArray> flush();
 
     int heldBack() const { return m_held.size(); }
 
-    // True while the engine is gone: it neither hears nor speaks.
+    /// True while the engine is gone: it neither hears nor speaks.
     bool isGone() const { return m_deafFor != 0; }
 
-    // Datagrams that never got through.
+    /// Datagrams that never got through.
     quint64 lost() const { return m_lost; }
 
 private:

@@ -1,4 +1,3 @@
-// A drummer: which pads are struck on each sixteenth of an endless groove.
 #pragma once
 
 #include <QRandomGenerator>
@@ -11,12 +10,14 @@ struct Stroke
     enum class Kind { Hit, Choke, HiHatPosition };
 
     Kind kind;
-    int note;    // pad note; unused for the pedal
-    int value;   // velocity, pressure or pedal position, 0 to 127
-    int delayMs; // how late the hand is, behind the sixteenth
+    int note;    ///< pad note; unused for the pedal
+    int value;   ///< velocity, pressure or pedal position, 0 to 127
+    int delayMs; ///< how late the hand is, behind the sixteenth
 };
 
-// The same seed plays the same strokes.
+/// A drummer: which pads are struck on each sixteenth of an endless groove.
+///
+/// The same seed plays the same strokes.
 class Groove
 {
 public:
@@ -24,10 +25,10 @@ public:
 
     void restart(quint32 seed);
 
-    // Beat (1 to 4) that the next sixteenth falls on, 0 between beats.
+    /// Beat (1 to 4) that the next sixteenth falls on, 0 between beats.
     int beat() const;
 
-    // The strokes of the next sixteenth.
+    /// The strokes of the next sixteenth.
     QVector<Stroke> next();
 
 private:

@@ -1,4 +1,3 @@
-// The engine's end of the cable: one UDP socket and the module behind it.
 #pragma once
 
 #include "datagramfilter.h"
@@ -10,6 +9,7 @@
 
 namespace simulated {
 
+/// The engine's end of the cable: one UDP socket and the module behind it.
 class Line : public QObject
 {
     Q_OBJECT
@@ -23,14 +23,14 @@ public:
     quint16 port() const { return m_socket.localPort(); }
     QString errorString() const { return m_socket.errorString(); }
 
-    // The module is whoever sent last; it can also be named before it sends anything.
+    /// The module is whoever sent last; it can also be named before it sends anything.
     void setModule(const QHostAddress &address, quint16 port);
     QHostAddress moduleAddress() const { return m_module; }
     quint16 modulePort() const { return m_modulePort; }
     bool knowsModule() const { return m_modulePort != 0; }
 
-    // False when there is no module yet, or the engine has vanished, or the send failed; sendProblem() says
-    // which.
+    /// False when there is no module yet, or the engine has vanished, or the send failed; sendProblem() says
+    /// which.
     bool send(const QByteArray &datagram);
     QString sendProblem() const { return m_sendProblem; }
 

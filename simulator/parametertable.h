@@ -5,28 +5,28 @@
 
 namespace simulated {
 
-// How a parameter's value reads.
+/// How a parameter's value reads.
 enum class ValueForm : quint8 {
-    Byte,      // one data byte
-    Tempo,     // two data bytes of a word in 1/64 bpm above 20
-    Frequency, // two data bytes of seven bits
-    Routing    // two data bytes, the high and the low half of a routing word
+    Byte,      ///< one data byte
+    Tempo,     ///< two data bytes of a word in 1/64 bpm above 20
+    Frequency, ///< two data bytes of seven bits
+    Routing    ///< two data bytes, the high and the low half of a routing word
 };
 
 struct ParameterInfo
 {
-    QString name; // empty: no such parameter
+    QString name; ///< empty: no such parameter
     ValueForm form = ValueForm::Byte;
 
     bool isKnown() const { return !name.isEmpty(); }
     bool hasTwoBytes() const { return form != ValueForm::Byte; }
 };
 
-// The parameter with number msb/lsb; per-pad pages carry the pad's note in lsb, trigger pages the input.
+/// The parameter with number msb/lsb; per-pad pages carry the pad's note in lsb, trigger pages the input.
 ParameterInfo parameterInfo(quint8 msb, quint8 lsb);
 
-// "pad 38 EQ low gain 63", "metronome tempo 120", "parameter 0x0C/0x22 value 5" for an unknown number.
-// low is the second data byte, or -1 when none came.
+/// "pad 38 EQ low gain 63", "metronome tempo 120", "parameter 0x0C/0x22 value 5" for an unknown number.
+/// low is the second data byte, or -1 when none came.
 QString parameterText(quint8 msb, quint8 lsb, quint8 value, int low);
 
 int tempoFromBytes(quint8 value, quint8 low);

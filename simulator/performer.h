@@ -1,4 +1,3 @@
-// What the engine does of its own accord as time passes: groove, beats and meters.
 #pragma once
 
 #include "groove.h"
@@ -9,6 +8,7 @@
 
 namespace simulated {
 
+/// What the engine does of its own accord as time passes: groove, beats and meters.
 class Performer : public QObject
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
     static constexpr int fastest = 275;
     static constexpr int beatsPerBar = 4;
 
-    // Both kept within slowest and fastest.
+    /// Both kept within slowest and fastest.
     void setTempo(int beatsPerMinute);
     int tempo() const { return m_tempo; }
 
@@ -28,12 +28,12 @@ public:
     void setGroove(bool playing);
     bool isGroovePlaying() const { return m_grooving; }
 
-    // Beats without a groove, as a metronome has them.
+    /// Beats without a groove, as a metronome has them.
     void setMetronome(bool running);
     void setMeters(bool running);
     bool areMetersRunning() const { return m_meterTimer.isActive(); }
 
-    // A tap of the tempo button. Two taps make a tempo; true when this one changed it.
+    /// A tap of the tempo button. Two taps make a tempo; true when this one changed it.
     bool tap();
 
 Q_SIGNALS:

@@ -1,4 +1,3 @@
-// Answers the module's queries for versions and for the hi-hat pedal.
 #pragma once
 
 #include "failures.h"
@@ -8,6 +7,7 @@
 
 namespace simulated {
 
+/// Answers the module's queries for versions and for the hi-hat pedal.
 class QueryResponder : public QObject
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
 
     void setFailures(const FailureSet &failures) { m_failures = failures; }
 
-    // The two words that answer query.
+    /// The two words that answer query.
     void setAnswer(quint16 query, quint16 a, quint16 b);
 
     void take(quint16 query);

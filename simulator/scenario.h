@@ -1,4 +1,3 @@
-// A scenario: commands with the times at which they happen.
 #pragma once
 
 #include "commands.h"
@@ -18,19 +17,21 @@ struct ScenarioStep
 
     Kind kind = Kind::After;
     int line = 0;
-    int ms = 0; // At: since the start, After: since the step before, waits: at most this long, 0 for ever
+    int ms = 0; ///< At: since the start, After: since the step before, waits: at most this long, 0 for ever
     quint8 msb = 0;
     quint8 lsb = 0;
-    int value = -1; // of the parameter waited for; -1: any
+    int value = -1; ///< of the parameter waited for; -1: any
     Command command;
-    QString text; // the line, for messages
+    QString text; ///< the line, for messages
 };
 
-// The whole file is checked before anything of it happens.
+/// A scenario: commands with the times at which they happen.
+///
+/// The whole file is checked before anything of it happens.
 class Scenario
 {
 public:
-    // False and one line, with the line number, in problem.
+    /// False and one line, with the line number, in problem.
     bool load(const QString &path, QString *problem);
     bool parse(const QString &text, QString *problem);
 
@@ -53,7 +54,7 @@ Q_SIGNALS:
     void printed(const QStringList &lines);
     void finished();
     void quitRequested();
-    // A wait ran out of time.
+    /// A wait ran out of time.
     void failed(const QString &line);
 
 private:

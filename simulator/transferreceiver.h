@@ -1,4 +1,3 @@
-// The engine's end of a file transfer.
 #pragma once
 
 #include "failures.h"
@@ -13,7 +12,7 @@
 
 namespace simulated {
 
-// End status of the acknowledgement of an end packet; a refused transfer ends with its refusal instead.
+/// End status of the acknowledgement of an end packet; a refused transfer ends with its refusal instead.
 namespace EndStatus {
 constexpr quint16 Success = 0;
 constexpr quint16 ChecksumError = 1;
@@ -21,6 +20,7 @@ constexpr quint16 Incomplete = 2;
 constexpr quint16 NothingStarted = 3;
 } // namespace EndStatus
 
+/// The engine's end of a file transfer.
 class TransferReceiver : public QObject
 {
     Q_OBJECT
@@ -31,16 +31,16 @@ public:
 
     void setFailures(const FailureSet &failures);
 
-    // Where files go; empty: into memory.
+    /// Where files go; empty: into memory.
     void setStoreDirectory(const QString &directory) { m_directory = directory; }
 
-    // Bytes of files kept in memory, of the latest ones; a larger file keeps none.
+    /// Bytes of files kept in memory, of the latest ones; a larger file keeps none.
     void setKeptBytes(qint64 bytes);
 
-    // A start, data or end packet of the module.
+    /// A start, data or end packet of the module.
     void take(const Message &message);
 
-    // Every transfer that has ended one way or another, in order. The older ones have lost their data.
+    /// Every transfer that has ended one way or another, in order. The older ones have lost their data.
     const QVector<ReceivedFile> &files() const { return m_files; }
     bool isReceiving() const { return m_current != nullptr; }
 

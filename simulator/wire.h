@@ -9,7 +9,7 @@
 
 namespace simulated {
 
-// Two ASCII letters as the 16-bit word they make on the wire, first letter in the high byte.
+/// Two ASCII letters as the 16-bit word they make on the wire, first letter in the high byte.
 constexpr quint16 tag(const char (&letters)[3])
 {
     return quint16((uchar(letters[0]) << 8) | uchar(letters[1]));
@@ -50,7 +50,7 @@ constexpr quint16 Pot = tag("CO");
 constexpr quint16 FlashSize = tag("FR");
 } // namespace Tag
 
-// MIDI on channel 10, the only channel of the wire.
+/// MIDI on channel 10, the only channel of the wire.
 namespace Midi {
 constexpr quint8 NoteOff = 0x89;
 constexpr quint8 NoteOn = 0x99;
@@ -76,7 +76,7 @@ quint8 byteAt(const QByteArray &bytes, int offset);
 quint16 wordAt(const QByteArray &bytes, int offset);
 quint32 longAt(const QByteArray &bytes, int offset);
 
-// "VN" for a word of two printable letters, "0x0102" for any other.
+/// "VN" for a word of two printable letters, "0x0102" for any other.
 QString tagText(quint16 word);
 QString hexText(const QByteArray &bytes);
 
@@ -86,7 +86,7 @@ QByteArray midiEvent(quint8 codeIndex, quint8 status, quint8 data1, quint8 data2
 QByteArray compressorMeters(quint16 section, const CompressorLevels &levels);
 QByteArray outputMeters(const OutputLevels &levels);
 
-// One datagram for each USB-MIDI event of a message, which includes its F0 and F7.
+/// One datagram for each USB-MIDI event of a message, which includes its F0 and F7.
 QVector<QByteArray> sysExEvents(const QByteArray &message);
 
 } // namespace simulated
