@@ -18,6 +18,8 @@ public:
 
     /// Adds --engine to the arguments.
     void start(const QStringList &arguments);
+    /// It runs and has sent nothing yet.
+    bool isStarting() const { return m_process.state() != QProcess::NotRunning && !m_engine.knowsModule(); }
     /// Waits until the program has ended and returns its exit status, -1 when it does not or was killed.
     int exitStatus(int timeoutMs = 100000);
     /// What it said, once it has ended.

@@ -126,7 +126,6 @@ void Transfer::onEvent(ushort id, ushort a, ushort b)
 {
     if (m_over)
         return;
-    signOfLife();
     if (id == EngineWord::EngineVersionAnswer || id == EngineWord::TriggerVersionAnswer) {
         m_versionSeen = true;
     } else if (id == EngineWord::EndAnswer) {
@@ -134,7 +133,10 @@ void Transfer::onEvent(ushort id, ushort a, ushort b)
         m_endStatus = b;
     } else if (id == EngineWord::DataAnswer) {
         onDataAnswer(a, b);
+    } else {
+        return; // the engine may talk of other things for ever
     }
+    signOfLife();
 }
 
 void Transfer::onDataAnswer(ushort a, ushort b)
