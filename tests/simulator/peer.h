@@ -45,6 +45,15 @@ public:
     }
     bool send(const char *hexText) { return send(hex(hexText)); }
 
+    // Sends everything before any of it is read, so that no time passes between one and the next.
+    bool sendAtOnce(const QList<QByteArray> &datagrams)
+    {
+        const quint64 all = heard() + quint64(datagrams.size());
+        for (const QByteArray &datagram : datagrams)
+            throwAt(datagram);
+        return waitFor([&] { return heard() >= all; });
+    }
+
     // Sends without waiting.
     void throwAt(const QByteArray &datagram)
     {
@@ -77,7 +86,7 @@ private:
     template<typename Condition>
     static bool waitFor(Condition condition)
     {
-        const QDeadlineTimer deadline(5000);
+        const QDeadlineTimer deadline(30000);
         while (!condition()) {
             if (deadline.hasExpired())
                 return false;

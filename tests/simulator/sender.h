@@ -56,6 +56,16 @@ public:
         return true;
     }
 
+    bool dataAtOnce(int first, int last)
+    {
+        QList<QByteArray> packets;
+        for (int i = first; i <= last; ++i) {
+            count(i);
+            packets.append(packet(i));
+        }
+        return m_peer->sendAtOnce(packets);
+    }
+
     bool end() { return end(m_content == "FW" || m_content == "BF" ? 0 : m_sum); }
     bool end(quint32 sum) { return m_peer->send("DE" + m_content + number(sum)); }
 

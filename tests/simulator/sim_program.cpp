@@ -432,9 +432,10 @@ void SimProgram::playsByDefaultAndTheSameForTheSameSeed()
         if (!start({QStringLiteral("--seed"), seed, QStringLiteral("--module"),
                     QStringLiteral("127.0.0.1:%1").arg(m_socket->localPort())}))
             return heard;
-        // Strikes fall a few milliseconds late by design, so those of one moment may change places.
+        // Strikes fall a few milliseconds late by design, so those of one moment may change places; none of
+        // the next moment is among the first five.
         QList<QByteArray> strikes;
-        while (strikes.size() < 8) {
+        while (strikes.size() < 5) {
             const QByteArray datagram = receive();
             if (datagram.size() == 7)
                 break;
@@ -445,14 +446,13 @@ void SimProgram::playsByDefaultAndTheSameForTheSameSeed()
         m_process.waitForFinished();
         while (m_socket->hasPendingDatagrams())
             m_socket->readDatagram(nullptr, 0);
-        strikes = strikes.mid(0, 6);
         std::sort(strikes.begin(), strikes.end());
         for (const QByteArray &strike : qAsConst(strikes))
             heard += strike;
         return heard;
     };
     const QByteArray first = hits(QStringLiteral("4"));
-    QCOMPARE(first.size(), 12);
+    QCOMPARE(first.size(), 10);
     QCOMPARE(hits(QStringLiteral("4")), first);
     QVERIFY(hits(QStringLiteral("5")) != first);
 }
