@@ -50,6 +50,9 @@ struct TestEnvironment
         ::setenv("QT_LOGGING_RULES", "*.debug=false;default.debug=true;zeltaconnect.*.debug=true", 1);
         ::unsetenv("QT_MESSAGE_PATTERN");
         setDefault("LC_ALL", "C.UTF-8");
+        // Qt Test ends a function after five minutes otherwise, and some take longer on a busy machine. How
+        // long a whole program may take is CTest's to say.
+        setDefault("QTEST_FUNCTION_TIMEOUT", "86400000");
 
         const std::string runtimeDir = "/tmp/zeltaconnect-tests-" + std::to_string(::getuid());
         ::mkdir(runtimeDir.c_str(), S_IRWXU);

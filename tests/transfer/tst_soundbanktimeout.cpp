@@ -3,7 +3,6 @@
 
 #include "control/qconnectqmlplugin.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QTest>
 
@@ -48,13 +47,5 @@ void tst_SoundBankTimeout::endAcknowledgement()
     QCOMPARE(silent.differenceWhenSettled(soundBank.progressed(1) + soundBank.completed(0xFF)), QString());
 }
 
-int main(int argc, char **argv)
-{
-    // Qt Test ends a function after five minutes otherwise.
-    qputenv("QTEST_FUNCTION_TIMEOUT", "900000");
-    QCoreApplication application(argc, argv);
-    tst_SoundBankTimeout test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_GUILESS_MAIN(tst_SoundBankTimeout)
 #include "tst_soundbanktimeout.moc"
