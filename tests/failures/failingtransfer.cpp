@@ -89,10 +89,9 @@ bool FailingTransfer::saw(const char *signal) const
     return m_recorder->count(signal) > 0;
 }
 
-bool FailingTransfer::hasCompleted() const
+bool FailingTransfer::hasCompleted()
 {
-    const QString last = m_expectation.signalsOf(m_kind, m_mode).constLast();
-    return m_recorder->texts().contains(last);
+    return m_recorder->hasText(m_expectation.signalsOf(m_kind, m_mode).constLast(), m_looked);
 }
 
 bool FailingTransfer::engineIsQuiet()

@@ -33,7 +33,7 @@ private:
 
     bool advance();
     bool saw(const char *signal) const;
-    bool hasCompleted() const;
+    bool hasCompleted();
     bool engineIsQuiet();
     QStringList seen() const;
     QStringList expectedSignals() const;
@@ -52,6 +52,7 @@ private:
     QElapsedTimer m_since;
     QElapsedTimer m_quietSince;
     quint64 m_heard = 0;
+    int m_looked = 0; ///< number of signals that were searched for the end
     Stage m_stage = Stage::Sending;
     bool m_nextQueued = false;
     bool m_nextRanTooEarly = false;

@@ -6,6 +6,8 @@
 #include <QMutexLocker>
 #include <QThread>
 
+#include <algorithm>
+
 namespace testsupport {
 
 namespace {
@@ -47,7 +49,7 @@ SignalRecorder::SignalRecorder(QObject *object)
         const QMetaMethod method = meta->method(i);
         if (method.methodType() != QMetaMethod::Signal)
             continue;
-        Source source{method.name(), {}};
+        Source source{method.name(), {}, 0};
         for (int parameter = 0; parameter < method.parameterCount(); ++parameter)
             source.types.push_back(method.parameterType(parameter));
         QMetaObject::connect(object, i, this, firstSlot + int(m_sources.size()), Qt::DirectConnection);
@@ -60,13 +62,14 @@ int SignalRecorder::qt_metacall(QMetaObject::Call call, int id, void **arguments
     const int slot = QObject::qt_metacall(call, id, arguments);
     if (slot < 0 || call != QMetaObject::InvokeMetaMethod || slot >= int(m_sources.size()))
         return slot;
-    const Source &source = m_sources.at(size_t(slot));
+    Source &source = m_sources.at(size_t(slot));
     RecordedSignal recorded{source.name, {}};
     for (size_t i = 0; i < source.types.size(); ++i)
         recorded.arguments.append(QVariant(source.types.at(i), arguments[i + 1]));
     if (!isFence(recorded)) {
         const QMutexLocker lock(&m_mutex);
         m_recorded.append(recorded);
+        ++source.count;
         m_foreign += QThread::currentThread() == thread() ? 0 : 1;
     }
     return -1;
@@ -74,10 +77,15 @@ int SignalRecorder::qt_metacall(QMetaObject::Call call, int id, void **arguments
 
 QList<RecordedSignal> SignalRecorder::recorded() const
 {
+    return recordedFrom(0);
+}
+
+QList<RecordedSignal> SignalRecorder::recordedFrom(int first) const
+{
     const QMutexLocker lock(&m_mutex);
     // Not shared with what goes on growing here: Qt does not order the end of a copy in one thread before a
     // change in another.
-    QList<RecordedSignal> copy = m_recorded;
+    QList<RecordedSignal> copy = m_recorded.mid(first);
     copy.detach();
     return copy;
 }
@@ -88,13 +96,27 @@ int SignalRecorder::foreignCount() const
     return m_foreign;
 }
 
+int SignalRecorder::count() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_recorded.size();
+}
+
 int SignalRecorder::count(const char *name) const
 {
+    const QMutexLocker lock(&m_mutex);
     int found = 0;
-    const QList<RecordedSignal> all = recorded();
-    for (const RecordedSignal &one : all)
-        found += one.name == name ? 1 : 0;
+    for (const Source &source : m_sources)
+        found += source.name == name ? source.count : 0;
     return found;
+}
+
+bool SignalRecorder::hasText(const QString &text, int &from) const
+{
+    const QList<RecordedSignal> added = recordedFrom(from);
+    from += added.size();
+    return std::any_of(added.begin(), added.end(),
+                       [&text](const RecordedSignal &one) { return signalText(one) == text; });
 }
 
 QStringList SignalRecorder::texts() const
@@ -117,6 +139,8 @@ void SignalRecorder::clear()
 {
     const QMutexLocker lock(&m_mutex);
     m_recorded.clear();
+    for (Source &source : m_sources)
+        source.count = 0;
 }
 
 } // namespace testsupport

@@ -30,7 +30,7 @@ public:
     explicit SignalRecorder(QObject *object);
 
     QList<RecordedSignal> recorded() const;
-    int count() const { return recorded().size(); }
+    int count() const;
     int count(const char *name) const;
 
     /// Number of signals that were emitted in another thread than this recorder's.
@@ -38,6 +38,9 @@ public:
 
     /// One text per signal: "tempoChanged()", "udpPacketArrived(16706, 1, 2)", "sysEx(\"04f0\")".
     QStringList texts() const;
+    /// True when a signal of that text is among those from number from on; from is then the first one that
+    /// was not looked at, so that asking again and again costs no more than asking once.
+    bool hasText(const QString &text, int &from) const;
     /// texts() and clear() in one.
     QStringList takeTexts();
     void clear();
@@ -49,7 +52,9 @@ private:
     {
         QByteArray name;
         std::vector<int> types;
+        int count = 0;
     };
+    QList<RecordedSignal> recordedFrom(int first) const;
 
     mutable QMutex m_mutex;
     std::vector<Source> m_sources;

@@ -86,7 +86,8 @@ void Session::forgetSeen()
 
 bool Session::waitFor(const QString &signal, int timeoutMs) const
 {
-    return QTest::qWaitFor([&] { return m_recorder->texts().contains(signal); }, timeoutMs);
+    int looked = 0;
+    return QTest::qWaitFor([&] { return m_recorder->hasText(signal, looked); }, timeoutMs);
 }
 
 bool Session::settle(int timeoutMs)
