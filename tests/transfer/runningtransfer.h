@@ -8,8 +8,8 @@
 #include <memory>
 #include <vector>
 
-/// A file on its way to an engine. It takes about a second, so that what the engine says on its way finds the
-/// sender at work.
+/// A file on its way to an engine. It takes two seconds and a half, so that what the engine says on its way
+/// finds the sender at work.
 class RunningTransfer
 {
 public:

@@ -13,6 +13,9 @@
 
 class QConnectQmlPlugin;
 
+/// How long a test waits for what has to come. Not for it to come in time: a machine may be slow and busy.
+constexpr int patienceMs = 120000;
+
 /// A control object and the engine it talks to. Several can live side by side, each with a port of its own.
 class Session
 {
@@ -29,16 +32,16 @@ public:
     /// because every answer of the engine is one; runs of a progress signal are counted: "name x12".
     QStringList seen() const;
     void forgetSeen();
-    bool waitFor(const QString &signal, int timeoutMs = 10000) const;
+    bool waitFor(const QString &signal, int timeoutMs = patienceMs) const;
 
     /// Proves that the transfer thread works off its queue: a query is queued behind all else, answered with
     /// a value and seen. Whatever was to come before it has come then; seen() ends with settled().
-    bool settle(int timeoutMs = 30000);
+    bool settle(int timeoutMs = patienceMs);
     static QString settled();
     /// Empty when exactly these signals were seen, all of them in the thread of QML, otherwise what differs.
     QString difference(const QStringList &expected) const;
     /// Settles and compares: these signals, then settled(), and nothing else.
-    QString differenceWhenSettled(const QStringList &expected, int timeoutMs = 30000);
+    QString differenceWhenSettled(const QStringList &expected, int timeoutMs = patienceMs);
 
     /// Deletes the control object and returns how many milliseconds that took.
     qint64 destroyPlugin();

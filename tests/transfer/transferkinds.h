@@ -16,6 +16,7 @@ struct TransferKind
     void (*send)(QConnectQmlPlugin &plugin, const QString &path);
     const char *content; ///< content word
     int chunkBytes;
+    int pauseMs;            ///< after every ten packets
     bool checksum;          ///< false: the end packet carries 0
     QByteArray header;      ///< what the file must begin with
     QByteArray startFields; ///< hex of what follows the size in the start packet
@@ -27,6 +28,8 @@ struct TransferKind
 
     /// A file of that size that is good to be sent.
     QByteArray file(int size, quint32 seed = 1) const;
+    /// Number of packets whose pauses take that long.
+    int packetsFor(int durationMs) const { return durationMs / pauseMs * 10; }
     /// The signals at the end when the engine acknowledged it with that word.
     QStringList completed(quint16 status, int resends = 0) const;
     /// The progress signals of that many packets.

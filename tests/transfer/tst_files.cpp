@@ -14,7 +14,8 @@
 
 namespace {
 
-constexpr int packetCount = 500;
+// Enough time for a file to be changed while it is sent, on a busy machine too.
+constexpr int durationMs = 1000;
 
 } // namespace
 
@@ -105,12 +106,13 @@ void tst_TransferFiles::shrinking()
 {
     const auto kinds = quickKinds();
     for (const TransferKind &kind : kinds) {
+        const int packetCount = kind.packetsFor(durationMs);
         Session session;
         answerOldVersions(session.peer());
         const QByteArray content = kind.file(kind.chunkBytes * packetCount);
         const QString path = m_files.write(QLatin1String(kind.content) + kind.fileName, content);
         kind.send(session.plugin(), path);
-        QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 30; }, 5000));
+        QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 30; }, patienceMs));
         const int shrunk = kind.chunkBytes * 10;
         QVERIFY(QFile::resize(path, shrunk));
         QVERIFY2(session.peer().waitUntilSilent(), kind.name);
@@ -133,12 +135,13 @@ void tst_TransferFiles::growing()
 {
     const auto kinds = quickKinds();
     for (const TransferKind &kind : kinds) {
+        const int packetCount = kind.packetsFor(durationMs);
         Session session;
         answerOldVersions(session.peer());
         QByteArray content = kind.file(kind.chunkBytes * packetCount);
         const QString path = m_files.write(QLatin1String(kind.content) + kind.fileName, content);
         kind.send(session.plugin(), path);
-        QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 30; }, 5000));
+        QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 30; }, patienceMs));
         const QByteArray more = noise(kind.chunkBytes * 3, 9);
         QFile file(path);
         QVERIFY(file.open(QIODevice::Append));
@@ -185,7 +188,7 @@ void tst_TransferFiles::large()
 
     Session session;
     session.plugin().sendTriggerBank(path);
-    QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 1; }, 10000));
+    QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 1; }, patienceMs));
     session.destroyPlugin();
     const auto received = session.peer().received();
     QVERIFY(received.first().startsWith("DS"));
@@ -199,12 +202,13 @@ void tst_TransferFiles::deleted()
 {
     const auto kinds = quickKinds();
     for (const TransferKind &kind : kinds) {
+        const int packetCount = kind.packetsFor(durationMs);
         Session session;
         answerOldVersions(session.peer());
         const QByteArray content = kind.file(kind.chunkBytes * packetCount);
         const QString path = m_files.write(QStringLiteral("deleted-") + kind.fileName, content);
         kind.send(session.plugin(), path);
-        QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 30; }, 5000));
+        QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 30; }, patienceMs));
         QVERIFY(QFile::remove(path));
         kind.send(session.plugin(), path);
         const QStringList expected = kind.before + kind.progressed(packetCount) + kind.completed(0);
@@ -217,11 +221,12 @@ void tst_TransferFiles::deleted()
 void tst_TransferFiles::replaced()
 {
     const TransferKind kind = quickKinds().at(2);
+    const int packetCount = kind.packetsFor(durationMs);
     Session session;
     const QByteArray content = kind.file(kind.chunkBytes * packetCount);
     const QString path = m_files.write(kind.fileName, content);
     kind.send(session.plugin(), path);
-    QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 30; }, 5000));
+    QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 30; }, patienceMs));
     QVERIFY(QFile::remove(path));
     m_files.write(kind.fileName, noise(100, 7));
     QCOMPARE(session.differenceWhenSettled(kind.progressed(packetCount) + kind.completed(0)), QString());

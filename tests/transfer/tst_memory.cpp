@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int patienceMs = 4 * 3600 * 1000;
+constexpr int largestPatienceMs = 4 * 3600 * 1000;
 constexpr int attempts = 3;
 constexpr qint64 mebibyte = 1024 * 1024;
 #ifdef ZELTACONNECT_LONG_CASES
@@ -83,7 +83,7 @@ qint64 tst_TransferMemory::peakOfTransfer(const QString &path, quint32 packets) 
         return -1;
     const qint64 before = memoryStatus("VmRSS");
     session.plugin().sendBtFw(path);
-    if (!QTest::qWaitFor([&] { return complete; }, patienceMs))
+    if (!QTest::qWaitFor([&] { return complete; }, largestPatienceMs))
         qFatal("transfer did not end");
     return memoryStatus("VmHWM") - before;
 }
