@@ -53,26 +53,32 @@ public:
     void raise(const EngineEvent &event);
 
     QVector<QByteArray> received() const;
+    /// When the kernel took each of the datagrams received() from the sender, in nanoseconds. How long this
+    /// peer's thread took to read them makes no difference.
+    QVector<qint64> receivedAtNs() const;
     /// Waits while the caller's events are processed; false after timeoutMs.
     bool waitForCount(int count, int timeoutMs) const;
     /// The same for a datagram that begins with those bytes.
     bool waitForPrefix(const QByteArray &prefix, int timeoutMs) const;
     /// Waits until all that was sent to this peer up to now has been received.
-    bool waitUntilCaughtUp(int timeoutMs = 10000);
+    bool waitUntilCaughtUp(int timeoutMs = 60000);
     /// Waits until nothing has come for a second, longer than any pause between packets, resends apart.
-    bool waitUntilSilent(int timeoutMs = 60000) const;
+    bool waitUntilSilent(int timeoutMs = 120000) const;
     /// Number of the last data packet, -1 before the first.
     qint64 lastDataNumber() const { return m_lastDataNumber; }
 
 private:
     void serve();
-    void react(const QByteArray &datagram);
+    /// Ends the program when this socket was too full for a datagram: the product did not lose it.
+    void verifyNothingDropped() const;
+    void react(const QByteArray &datagram, qint64 arrivedNs);
     void reactToPause();
     void raiseAll(const EngineEvents &events);
 
     QString m_address;
     quint16 m_port = 0;
     int m_socket = -1;
+    int m_bufferBytes = 0;
     std::thread m_thread;
     std::atomic<bool> m_ended{false};
     std::atomic<qint64> m_lastDataNumber{-1};
@@ -82,6 +88,7 @@ private:
 
     mutable std::mutex m_mutex;
     QVector<QByteArray> m_received;
+    QVector<qint64> m_receivedAtNs;
     std::vector<char> m_sender;
     std::map<quint16, EngineEvents> m_queryAnswers;
     std::map<quint32, EngineEvents> m_dataAnswers;

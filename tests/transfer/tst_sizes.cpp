@@ -4,16 +4,10 @@
 
 #include "control/qconnectqmlplugin.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 #include <algorithm>
-
-namespace {
-
-constexpr int transferTimeoutMs = 60000;
-
-} // namespace
+#include <array>
 
 class tst_TransferSizes : public QObject
 {
@@ -79,7 +73,7 @@ void tst_TransferSizes::everySize()
     for (int i = 0; i < sizes.size(); ++i) {
         const int size = sizes.at(i);
         Session &session = *sessions.at(std::size_t(i));
-        QVERIFY2(session.settle(transferTimeoutMs), QByteArray::number(size));
+        QVERIFY2(session.settle(), QByteArray::number(size));
 
         const FileStream stream(session.peer().received(), kind.content);
         if (size < kind.header.size()) {
@@ -116,36 +110,43 @@ void tst_TransferSizes::pauses_data()
         QTest::newRow(kinds.at(i).name) << kinds.at(i) << pauses.at(i);
 }
 
-// Ten packets, a pause. A busy machine stretches and squeezes single gaps, so the middle one of many counts.
+// Ten packets, a pause that is never too short. A busy machine stretches single gaps, so the middle one of
+// many tells where there is no pause.
 void tst_TransferSizes::pauses()
 {
     QFETCH(const TransferKind, kind);
     QFETCH(const int, pauseMs);
 
-    QVector<qint64> arrivals;
     Session session;
     answerOldVersions(session.peer());
-    QElapsedTimer clock;
-    clock.start();
-    session.peer().watch([&](const QByteArray &datagram) {
-        if (datagram.startsWith("DC"))
-            arrivals.append(clock.nsecsElapsed());
-    });
     kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(kind.chunkBytes * 1005)));
     QVERIFY(session.settle());
-    session.peer().watch({});
 
-    QVector<qint64> pausedGaps;
-    QVector<qint64> otherGaps;
+    const QVector<QByteArray> datagrams = session.peer().received();
+    const QVector<qint64> stampsNs = session.peer().receivedAtNs();
+    QVector<qint64> arrivals;
+    for (int i = 0; i < datagrams.size(); ++i) {
+        if (datagrams.at(i).startsWith("DC"))
+            arrivals.append(stampsNs.at(i));
+    }
+    QCOMPARE(arrivals.size(), 1005);
+    // After each first packet of ten, each second one and so on.
+    std::array<QVector<qint64>, 10> gaps;
     for (int i = 1; i < arrivals.size(); ++i)
-        (i % 10 == 0 ? pausedGaps : otherGaps).append(arrivals.at(i) - arrivals.at(i - 1));
-    QCOMPARE(pausedGaps.size(), 100);
-    std::sort(pausedGaps.begin(), pausedGaps.end());
-    std::sort(otherGaps.begin(), otherGaps.end());
+        gaps.at(std::size_t(i % 10)).append(arrivals.at(i) - arrivals.at(i - 1));
+    for (QVector<qint64> &places : gaps)
+        std::sort(places.begin(), places.end());
+    // The stamps are those of the time of day, which the system may keep slowing down or speeding up by 500
+    // us in a second.
     const qint64 pauseNs = pauseMs * 1000000LL;
-    QVERIFY2(pausedGaps.at(50) > pauseNs * 9 / 10, QByteArray::number(pausedGaps.at(50)));
-    QVERIFY2(otherGaps.at(450) < pauseNs / 2, QByteArray::number(otherGaps.at(450)));
-    QVERIFY(arrivals.last() - arrivals.first() >= 100 * pauseNs * 9 / 10);
+    const qint64 leastNs = pauseNs - pauseNs / 1000 - 1000;
+    QCOMPARE(gaps[0].size(), 100);
+    // Not the very shortest ones: when a socket first wants stamps, a kernel may give some of them late.
+    QVERIFY2(gaps[0].at(10) >= leastNs, QByteArray::number(gaps[0].at(10)));
+    for (std::size_t place = 1; place < gaps.size(); ++place) {
+        const qint64 middle = gaps.at(place).at(gaps.at(place).size() / 2);
+        QVERIFY2(middle < pauseNs, QByteArray::number(middle));
+    }
 }
 
 void tst_TransferSizes::soundBankOf1025Bytes()
