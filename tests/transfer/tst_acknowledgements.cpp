@@ -25,6 +25,7 @@ private Q_SLOTS:
     void memoryFull();
     void withoutEffect_data();
     void withoutEffect();
+    void otherKinds();
     void end_data();
     void end();
     void answersToNothing();
@@ -98,7 +99,7 @@ void tst_Acknowledgements::memoryFull()
         running->session.plugin().requestSoundBankVersion();
     for (const auto &running : all) {
         const TransferPeer &peer = running->session.peer();
-        QVERIFY2(QTest::qWaitFor([&] { return peer.lastDataNumber() >= answeredPacket; }, 20000),
+        QVERIFY2(QTest::qWaitFor([&] { return peer.lastDataNumber() >= answeredPacket; }, patienceMs),
                  running->kind.name);
         QVERIFY2(peer.waitUntilSilent(), running->kind.name);
     }
@@ -151,6 +152,37 @@ void tst_Acknowledgements::withoutEffect()
         const FileStream stream = running->stream();
         QVERIFY2(stream.isPlain(running->packets()), kind.name);
         QVERIFY2(stream.content(kind.chunkBytes) == running->content, kind.name);
+        QCOMPARE(running->session.difference(running->expected(stream, 0) << Session::settled()), QString());
+    }
+}
+
+// No kind but those of acknowledgements means one, whatever it carries: those that differ in one bit, and
+// some of all others.
+void tst_Acknowledgements::otherKinds()
+{
+    const QVector<quint16> known = {0x4443, 0x4445, 0x4652, 0x4254, 0x434F, 0x5357, 0x544D,
+                                    0x494D, 0x564E, 0x5456, 0x534E, 0x544E, 0x484C};
+    const QVector<quint16> words = {0x00BE, 0x0001, 0x00E0, 0x00E1, 0x01BE};
+    EngineEvents events;
+    for (int bit = 0; bit < 16; ++bit) {
+        for (const quint16 word : words) {
+            events.push_back({quint16(dataAck ^ (1 << bit)), 5, word});
+            events.push_back({quint16(endAck ^ (1 << bit)), 5, word});
+        }
+    }
+    for (int id = 0; id <= 0xFFFF; id += 0x101 - 2) {
+        if (!known.contains(quint16(id)))
+            events.push_back({quint16(id), 5, words.at(id % words.size())});
+    }
+    const RunningTransfers all =
+        startAllKinds(m_files, [&](TransferPeer &peer) { peer.answerData(answeredPacket, events); });
+    for (const auto &running : all) {
+        const TransferKind &kind = running->kind;
+        QVERIFY2(running->session.settle(), kind.name);
+        const FileStream stream = running->stream();
+        QVERIFY2(stream.isPlain(running->packets()), kind.name);
+        QVERIFY2(stream.content(kind.chunkBytes) == running->content, kind.name);
+        QCOMPARE(stream.ends.size(), 1);
         QCOMPARE(running->session.difference(running->expected(stream, 0) << Session::settled()), QString());
     }
 }
