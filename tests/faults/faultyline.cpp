@@ -8,8 +8,8 @@ using namespace testsupport;
 
 namespace {
 
-constexpr int patienceMs = 15000;
-constexpr int tryMs = 200;
+constexpr int workAgainMs = 60000;
+constexpr int tryMs = 2000;
 
 } // namespace
 
@@ -24,13 +24,13 @@ bool FaultyLine::worksAgain()
     QElapsedTimer waiting;
     waiting.start();
     bool heard = false;
-    while (!heard && !waiting.hasExpired(patienceMs)) {
+    while (!heard && !waiting.hasExpired(workAgainMs)) {
         module.setDirectOut1Level(99);
         for (QByteArray datagram = peer.next(tryMs); !heard && !datagram.isNull(); datagram = peer.next(0))
             heard = datagram == hex("494d0003 0bb9633b 0bb96200 0bb90663");
     }
     bool answered = false;
-    while (heard && !answered && !waiting.hasExpired(patienceMs))
+    while (heard && !answered && !waiting.hasExpired(workAgainMs))
         answered = peer.settle(&module, tryMs);
     peer.discardPending();
     return answered;

@@ -32,8 +32,6 @@ constexpr qint64 floodMs = 2000;
 constexpr int tickMs = 5;
 constexpr int goodEventMs = 10;
 constexpr long long allowedFloodBytes = 1024 * 1024;
-// No measure of speed: who is up to here late does not hang.
-constexpr qint64 hangMs = 5000;
 
 QVector<int> tellingSizes()
 {
@@ -87,7 +85,7 @@ void FaultyLinkTest::noRoute()
     QVERIFY(module.writeBinaryData(QByteArray("lost")) < 0);
     // From the transfer thread as well. It sends all and waits for the end to be acknowledged.
     module.sendTriggerBank(path);
-    QTRY_COMPARE_WITH_TIMEOUT(recorder.count("triggerbankTransferComplete"), 1, 30000);
+    QTRY_COMPARE_WITH_TIMEOUT(recorder.count("triggerbankTransferComplete"), 1, patienceMs);
     QStringList seen = recorder.takeTexts();
     QCOMPARE(seen.takeLast(), QStringLiteral("triggerbankTransferComplete(255)"));
     seen.removeDuplicates();
@@ -126,7 +124,7 @@ void FaultyLinkTest::reportsOfEverySize()
     QStringList expected;
     qint64 waiting = 0;
     const auto compare = [&] {
-        QVERIFY(line.peer.settle(&line.module, 20000));
+        QVERIFY(line.peer.settle(&line.module));
         QCOMPARE(log.debugTexts("zeltaconnect.link"), expected);
         QCOMPARE(log.warnings(), QStringList());
         QCOMPARE(recorder.texts(), QStringList());
@@ -224,11 +222,10 @@ void FaultyLinkTest::flood()
     QVERIFY(flood.sent() > floodRate * floodMs / 1000 / 20);
     QVERIFY(heard > 0);
     QVERIFY(inOrder);
-    QVERIFY2(worstMs < hangMs, qPrintable(QString::number(worstMs)));
     QVERIFY(!line.peer.hasPending());
 
     // Some thousand datagrams are left in the socket; what comes behind them is heard.
-    QTRY_COMPARE_WITH_TIMEOUT(waitingBytes(line.peer.modulePort()), qint64(0), 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(waitingBytes(line.peer.modulePort()), qint64(0), patienceMs);
     QVERIFY(line.worksAgain());
     log.clear();
     const SignalRecorder recorder(&line.module);

@@ -27,7 +27,7 @@ class LifecycleTest : public QObject
 private Q_SLOTS:
     void initTestCase() { m_threads = threadCount(); }
     // The threads of the test before may take a moment to go.
-    void init() { QTRY_COMPARE(threadCount(), m_threads); }
+    void init() { QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads, patienceMs); }
 
     void createdAndDestroyedAtOnce();
     void createdUsedAndDestroyed();
@@ -52,7 +52,7 @@ void LifecycleTest::createdAndDestroyedAtOnce()
         const QConnectQmlPlugin module;
         QCOMPARE(socketCount(), sockets + 1);
     }
-    QTRY_COMPARE(threadCount(), m_threads);
+    QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads, patienceMs);
     QCOMPARE(descriptorCount(), descriptors);
     QCOMPARE(socketCount(), sockets);
 }
@@ -77,7 +77,7 @@ void LifecycleTest::createdUsedAndDestroyed()
     const long long heap = heapBytes();
     for (int i = 0; i < cycles; ++i) {
         QVERIFY(cycle());
-        QTRY_COMPARE(threadCount(), m_threads);
+        QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads, patienceMs);
         QCOMPARE(descriptorCount(), descriptors);
     }
     // A module is some tens of kilobytes; less than one byte in two hundred of that may stay. The log that
@@ -98,12 +98,12 @@ void LifecycleTest::destroyedWhileReceiving()
         QVERIFY(peer.connectTo(module.get()));
         {
             const EventStream stream(peer);
-            QTRY_COMPARE(module->property("tempo").toInt(), 120);
+            QTRY_COMPARE_WITH_TIMEOUT(module->property("tempo").toInt(), 120, patienceMs);
             module.reset();
-            QTRY_COMPARE(threadCount(), m_threads + 1); // the stream's own
+            QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads + 1, patienceMs); // the stream's own
         }
         QCoreApplication::processEvents();
-        QTRY_COMPARE(threadCount(), m_threads);
+        QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads, patienceMs);
     }
     QCOMPARE(log.warnings(), QStringList());
 }
@@ -120,7 +120,7 @@ void LifecycleTest::noSlotAfterDestructionBegan()
         QVERIFY(peer.settle(module.get()));
         // Much is on its way into the GUI thread, and more is coming, when the module goes.
         const EventStream stream(peer);
-        QTRY_VERIFY(recorder.count() > 20);
+        QTRY_VERIFY_WITH_TIMEOUT(recorder.count() > 20, patienceMs);
         const int before = recorder.count();
         module.reset();
         QCOMPARE(recorder.count(), before);
@@ -140,8 +140,8 @@ void LifecycleTest::deferredDeletion()
     const int sockets = socketCount();
     const QPointer<QConnectQmlPlugin> watched(module);
     module->deleteLater();
-    QTRY_VERIFY(watched.isNull());
-    QTRY_COMPARE(threadCount(), m_threads);
+    QTRY_VERIFY_WITH_TIMEOUT(watched.isNull(), patienceMs);
+    QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads, patienceMs);
     QCOMPARE(socketCount(), sockets - 1);
 }
 

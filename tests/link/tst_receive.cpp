@@ -87,7 +87,7 @@ void ReceiveTest::linkSignals()
     const QByteArray fence = hex("45454143 00010002");
     QVERIFY(peer.send(fence));
     const QString fenceSignal = QStringLiteral("sockUdpPacketArrived(17733, 1, 2)");
-    QTRY_VERIFY(recorder.texts().contains(fenceSignal));
+    QTRY_VERIFY_WITH_TIMEOUT(recorder.texts().contains(fenceSignal), patienceMs);
     QStringList fired = recorder.texts();
     fired.removeAll(QStringLiteral("started()")); // the receive thread begins with the first datagram
     QCOMPARE(fired, (QStringList{signal, fenceSignal}));

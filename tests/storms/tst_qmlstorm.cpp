@@ -87,7 +87,7 @@ void QmlStormTest::tornDownWithEventsPending()
         auto *module = root->property("module").value<QObject *>();
         QVERIFY(peer.connectTo(module));
         QVERIFY(peer.send(hex("544d4143 00780000")));
-        QTRY_COMPARE(tally.value(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(tally.value(), 1, patienceMs);
 
         // The receive thread takes them all in, and this one does not look.
         for (int i = 0; i < events; ++i)
@@ -113,7 +113,7 @@ void QmlStormTest::tornDownWithEventsPending()
         QCOMPARE(tally.value(), before);
         peer.discardPending();
         engine.reset(); // it has a thread too
-        QTRY_COMPARE(threadCount(), m_threads);
+        QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads, patienceMs);
     }
     QCOMPARE(log.warnings(), QStringList());
 }
@@ -141,14 +141,14 @@ void QmlStormTest::tornDownByAHandler()
         tally.setScreen(root);
         {
             const EventStream stream(peer);
-            QTRY_VERIFY(module.isNull());
+            QTRY_VERIFY_WITH_TIMEOUT(module.isNull(), patienceMs);
         }
         const int before = tally.value();
         QVERIFY(before > 0);
         QCoreApplication::processEvents();
         QCOMPARE(tally.value(), before);
         engine.reset();
-        QTRY_COMPARE(threadCount(), m_threads);
+        QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads, patienceMs);
         peer.discardPending();
     }
     QCOMPARE(log.warnings(), QStringList());

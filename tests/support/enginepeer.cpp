@@ -38,7 +38,9 @@ sockaddr_in socketAddress(const QHostAddress &address, quint16 port)
 // The module may send faster than a test reads.
 void enlargeReceiveBuffer(int descriptor)
 {
-    ::setsockopt(descriptor, SOL_SOCKET, SO_RCVBUF, &receiveBufferBytes, sizeof(receiveBufferBytes));
+    if (::setsockopt(descriptor, SOL_SOCKET, SO_RCVBUFFORCE, &receiveBufferBytes,
+                     sizeof(receiveBufferBytes)) != 0)
+        ::setsockopt(descriptor, SOL_SOCKET, SO_RCVBUF, &receiveBufferBytes, sizeof(receiveBufferBytes));
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/patience.h"
+
 #include <QByteArray>
 #include <QHostAddress>
 #include <QString>
@@ -32,7 +34,7 @@ public:
 
     /// The next datagram, waiting while the event loop runs. A null array (isNull()) when none arrives in
     /// time; an empty datagram is an empty array that is not null.
-    QByteArray next(int timeoutMs = 3000);
+    QByteArray next(int timeoutMs = patienceMs);
     /// True when a datagram is there to be read now.
     bool hasPending() const;
     /// Number of datagrams thrown away. Does not wait.
@@ -56,7 +58,7 @@ public:
 
     /// Waits until everything sent up to now has gone through the module: sends an event of kind "ZZ", which
     /// nothing understands, and waits for the module's signal of it. SignalRecorder leaves these out.
-    bool settle(QObject *module, int timeoutMs = 5000);
+    bool settle(QObject *module, int timeoutMs = patienceMs);
 
     static constexpr quint16 fenceKind = 0x5A5A;
 

@@ -2,6 +2,7 @@
 
 #include "transferpeer.h"
 
+#include "support/patience.h"
 #include "support/signalrecorder.h"
 
 #include <QByteArray>
@@ -13,8 +14,7 @@
 
 class QConnectQmlPlugin;
 
-/// How long a test waits for what has to come. Not for it to come in time: a machine may be slow and busy.
-constexpr int patienceMs = 120000;
+using testsupport::patienceMs;
 
 /// A control object and the engine it talks to. Several can live side by side, each with a port of its own.
 class Session

@@ -78,7 +78,7 @@ QStringList tst_TransferEngine::emitted() const
 
 bool tst_TransferEngine::waitUntilIdle() const
 {
-    return QTest::qWaitFor([&] { return !m_engine->isRunning(); }, 10000);
+    return QTest::qWaitFor([&] { return !m_engine->isRunning(); }, patienceMs);
 }
 
 void tst_TransferEngine::triggerFirmware_data()
@@ -231,7 +231,7 @@ void tst_TransferEngine::priority()
 void tst_TransferEngine::priorityStaysWhileTheThreadRuns()
 {
     m_engine->requestSoundBankVersion();
-    QVERIFY(m_session->peer().waitForCount(1, 5000));
+    QVERIFY(m_session->peer().waitForCount(1, patienceMs));
     m_engine->sendSoundBank(m_files.write(QStringLiteral("bank"), noise(100)));
     QVERIFY(m_engine->isRunning());
     QCOMPARE(m_engine->priority(), QThread::NormalPriority);
@@ -241,7 +241,7 @@ void tst_TransferEngine::priorityStaysWhileTheThreadRuns()
 void tst_TransferEngine::stop()
 {
     m_engine->requestSoundBankVersion();
-    QVERIFY(m_session->peer().waitForCount(1, 5000));
+    QVERIFY(m_session->peer().waitForCount(1, patienceMs));
     m_engine->stop();
     QVERIFY(m_engine->isFinished());
     m_engine->stop();

@@ -95,7 +95,7 @@ void tst_TransferHandlers::chainOfRequests()
     const auto list = [&](const char *name) {
         return object->property(name).value<QJSValue>().toVariant().toStringList();
     };
-    QVERIFY(QTest::qWaitFor([&] { return list("completions").size() == 4; }, 60000));
+    QVERIFY(QTest::qWaitFor([&] { return list("completions").size() == 4; }, patienceMs));
     QCOMPARE(object->property("rounds").toInt(), 30);
     QCOMPARE(object->property("shownBank").toString(), QStringLiteral("V 2.07"));
     QCOMPARE(object->property("shownVersion").toString(), QStringLiteral("V 1.05"));

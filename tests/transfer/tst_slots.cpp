@@ -85,7 +85,7 @@ void tst_Slots::channel()
     engine.deleteAllSlots(0);
     engine.deepErase(15);
     engine.requestMemInfo(0x50);
-    QVERIFY(m_session.peer().waitForCount(before + 3, 3000));
+    QVERIFY(m_session.peer().waitForCount(before + 3, patienceMs));
     QCOMPARE(m_session.peer().received().mid(before),
              (QVector<QByteArray>{hex("494d0003 0bb0633d 0bb0627f 0bb0067e"),
                                   hex("494d0003 0bbf6337 0bbf6256 0bbf0678"),
