@@ -148,7 +148,10 @@ void EngineAddressTest::pingGoesToAddress()
     const FakePing ping({QStringLiteral("1 packets transmitted, 1 packets received, 0% packet loss\n")});
     qputenv(variable, "127.20.21.101:20797");
     const QConnectQmlPlugin module;
-    QCOMPARE(ping.calls(), QStringList{QStringLiteral("-c 1 127.20.21.101")});
+    // Once, or more often when this machine is so busy that it takes more than a second.
+    QStringList calls = ping.calls();
+    calls.removeDuplicates();
+    QCOMPARE(calls, QStringList{QStringLiteral("-c 1 127.20.21.101")});
 }
 
 QTEST_MAIN(EngineAddressTest)
