@@ -11,7 +11,8 @@
 namespace {
 
 constexpr int endWaitMs = 600000;
-constexpr int toleranceMs = 5000;
+// How long before that one of the engines answers.
+constexpr int aheadMs = 30000;
 
 } // namespace
 
@@ -38,10 +39,10 @@ void tst_SoundBankTimeout::endAcknowledgement()
     soundBank.send(silent.plugin(), path);
     soundBank.send(late.plugin(), path);
 
-    QVERIFY(!late.waitFor(soundBank.completed(0).constFirst(), endWaitMs - toleranceMs));
+    QVERIFY(!late.waitFor(soundBank.completed(0).constFirst(), endWaitMs - aheadMs));
     late.peer().raise({0x4445, 0, 0});
-    QVERIFY(late.waitFor(soundBank.completed(0).constFirst(), toleranceMs));
-    QVERIFY(silent.waitFor(soundBank.completed(0xFF).constFirst(), 2 * toleranceMs));
+    QVERIFY(late.waitFor(soundBank.completed(0).constFirst(), aheadMs));
+    QVERIFY(silent.waitFor(soundBank.completed(0xFF).constFirst()));
     QVERIFY(clock.elapsed() >= endWaitMs);
     QCOMPARE(late.differenceWhenSettled(soundBank.progressed(1) + soundBank.completed(0)), QString());
     QCOMPARE(silent.differenceWhenSettled(soundBank.progressed(1) + soundBank.completed(0xFF)), QString());
