@@ -39,9 +39,12 @@ QStringList EngineDouble::received()
     QMetaObject::invokeMethod(m_module, "setSongLevel", Q_ARG(uchar, 0x7E));
     const QByteArray fence = QByteArray::fromHex("494D0003 0BB96337 0BB9625F 0BB9067E");
     QStringList texts;
-    for (QByteArray datagram = m_peer.next(); !datagram.isNull() && datagram != fence;
-         datagram = m_peer.next())
+    QByteArray datagram = m_peer.next();
+    for (; !datagram.isNull() && datagram != fence; datagram = m_peer.next())
         texts += QString::fromLatin1(datagram.toHex()).toUpper();
+    // A module that has stopped sending must not look like one that had nothing to send.
+    if (datagram.isNull())
+        texts += QStringLiteral("no fence");
     return texts;
 }
 
