@@ -159,7 +159,6 @@ void AuxPadsTest::pressesAgainAfterTheTime()
         ++struck;
     }
     QVERIFY2(sinceStrike.elapsed() >= earliestMs, qPrintable(QString::number(sinceStrike.elapsed())));
-    QVERIFY(struck > 1);
     QCOMPARE(connected.recorder.count(signal.constData()), 2);
     QCOMPARE(connected.recorder.count("noteChanged"), struck);
 }

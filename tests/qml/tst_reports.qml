@@ -59,9 +59,9 @@ ModuleTestCase {
               values: { position: 0x440 } },
             { tag: "program", sent: "494D4143 C90C 0005", fired: ["notePacketArrived: 1", "programChanged: 1"],
               values: {} },
-            { tag: "aux pad", sent: "494D4143 9909 7F5C | 494D4143 9909 7F5E",
-              fired: ["aux3Changed: 2", "noteChanged: 2", "notePacketArrived: 2"],
-              values: { aux3Pressed: false, aux4Pressed: false, note: 0xD5E7F } },
+            { tag: "aux pad", sent: "494D4143 9909 7F5C",
+              fired: ["aux3Changed: 2", "noteChanged: 1", "notePacketArrived: 1"],
+              values: { aux3Pressed: false, aux4Pressed: false, note: 0xC5C7F } },
 
             { tag: "power", sent: "53574143 5057 0001", fired: ["powerChanged: 1"],
               values: { powerPressed: true, foot1Pressed: false } },
