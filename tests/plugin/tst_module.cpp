@@ -146,6 +146,7 @@ void ModuleTest::otherNamesAreRefused()
 void ModuleTest::createdAndDestroyedAtOnce()
 {
     create("import ZeltaConnect 1.0\nZeltaConnect {}");
+    // One more at most, of the test before, that the kernel has not cleared away yet.
     const int threads = threadCount();
     const int sockets = socketCount();
     const int descriptors = descriptorCount();
@@ -156,7 +157,7 @@ void ModuleTest::createdAndDestroyedAtOnce()
         module.reset();
         QCOMPARE(socketCount(), sockets);
         QCOMPARE(descriptorCount(), descriptors);
-        QTRY_COMPARE(threadCount(), threads);
+        QTRY_VERIFY_WITH_TIMEOUT(threadCount() <= threads, patienceMs);
     }
 }
 

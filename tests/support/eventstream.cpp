@@ -14,7 +14,7 @@ EventStream::EventStream(EnginePeer &peer)
             peer.send(hex("494d4143 99096426"));
             peer.send(hex("4452") + QByteArray(36, '\x01'));
             peer.send(hex("494d4143 f7050000"));
-            std::this_thread::sleep_for(std::chrono::microseconds(50));
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
         }
     })
 {}

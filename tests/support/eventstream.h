@@ -9,8 +9,9 @@ namespace testsupport {
 
 class EnginePeer;
 
-/// Sends events of all kinds to the module from another thread until it is destroyed, as fast as the module
-/// reads them. The peer has to know the module, and is not to be used otherwise meanwhile.
+/// Sends events of all kinds to the module from another thread until it is destroyed, four in a millisecond:
+/// more would leave a busy machine little for anything else. The peer has to know the module, and is not to
+/// be used otherwise meanwhile.
 class EventStream
 {
 public:
