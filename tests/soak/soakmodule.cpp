@@ -8,6 +8,9 @@ namespace {
 constexpr int tickMs = 5;
 // After a pause of the whole machine the rate is caught up with slowly, so that no socket overflows.
 constexpr quint64 mostPerTick = 200;
+// More in front of it would keep a packet of a file from an engine that is slow, and its word from the
+// module.
+constexpr quint64 mostWaiting = 5000;
 constexpr double fullScale = 70.0;
 constexpr int mostProblems = 20;
 
@@ -21,8 +24,9 @@ constexpr std::array<SetLevel, SoakEngine::levels> setters{
 
 } // namespace
 
-SoakModule::SoakModule(int changesPerSecond)
+SoakModule::SoakModule(int changesPerSecond, const std::function<quint64()> &waiting)
     : m_changesPerSecond(changesPerSecond)
+    , m_waiting(waiting)
 {
     m_timer.setTimerType(Qt::PreciseTimer);
     QObject::connect(&m_timer, &QTimer::timeout, &m_plugin, [this] { changeSome(); });
@@ -63,6 +67,8 @@ void SoakModule::changeSome()
     const qint64 now = m_since.elapsed();
     m_worstDelayMs = qMax(m_worstDelayMs, now - m_lastTickMs - tickMs);
     m_lastTickMs = now;
+    if (m_waiting() > mostWaiting)
+        return;
     const quint64 due = m_startedAt + quint64(now) * quint64(m_changesPerSecond) / 1000;
     for (quint64 i = 0; i < mostPerTick && m_changes < due; ++i)
         change();

@@ -7,12 +7,15 @@
 #include <QStringList>
 #include <QTimer>
 
+#include <functional>
+
 /// The screen's side of the soak: changes levels at a steady rate and looks whether what arrives follows what
 /// came before. Lives in the thread of the interface.
 class SoakModule
 {
 public:
-    explicit SoakModule(int changesPerSecond);
+    /// waiting tells how many changes have been sent that are neither heard nor lost yet.
+    SoakModule(int changesPerSecond, const std::function<quint64()> &waiting);
     Q_DISABLE_COPY(SoakModule)
 
     QConnectQmlPlugin &plugin() { return m_plugin; }
@@ -42,6 +45,7 @@ private:
 
     QConnectQmlPlugin m_plugin;
     const int m_changesPerSecond;
+    const std::function<quint64()> m_waiting;
     QTimer m_timer;
     QElapsedTimer m_since;
     quint64 m_startedAt = 0;
