@@ -22,7 +22,7 @@ class LifetimeTest : public QObject
 private Q_SLOTS:
     void initTestCase() { m_threads = threadCount(); }
     // The threads of the test before may take a moment to go.
-    void init() { QTRY_COMPARE(threadCount(), m_threads); }
+    void init() { QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads, patienceMs); }
 
     void freshState();
     void sendsNothingByItself();
@@ -74,18 +74,18 @@ void LifetimeTest::sendsNothingByItself()
 // Nobody listens, and the address is the module's own: it starts all the same, and what comes reaches it.
 void LifetimeTest::standsWithoutAnEngine()
 {
-    // A port that no other run of this test has.
+    // A port where no engine of this test is, nor anybody whom the system gives a port.
     const QByteArray own = qgetenv("ZELTACONNECT_ENGINE");
-    qputenv("ZELTACONNECT_ENGINE",
-            own + ':' + QByteArray::number(30000 + QCoreApplication::applicationPid() % 30000));
+    qputenv("ZELTACONNECT_ENGINE", own + ":19798");
     const LogCatcher log;
     QConnectQmlPlugin module;
     qputenv("ZELTACONNECT_ENGINE", own);
     const SignalRecorder recorder(&module);
     module.setSnareStyle(1);
     module.setLedEnabled(3, true);
-    QTRY_VERIFY(
-        log.debugTexts("zeltaconnect.link").contains(QStringLiteral("not handled  \"4c4400030001\" ( 6 )")));
+    QTRY_VERIFY_WITH_TIMEOUT(
+        log.debugTexts("zeltaconnect.link").contains(QStringLiteral("not handled  \"4c4400030001\" ( 6 )")),
+        patienceMs);
     QCOMPARE(recorder.texts(), QStringList());
     // Where the module itself holds the engine's address, only the LED's packet is sent.
     QCOMPARE(log.warnings(), QStringList{QStringLiteral("QIODevice::write (QUdpSocket): device not open")});
@@ -121,7 +121,7 @@ void LifetimeTest::destroyedWhileATransferRuns()
     const QTemporaryDir directory;
     QFile bank(directory.filePath(QStringLiteral("bank.bin")));
     QVERIFY(bank.open(QIODevice::WriteOnly));
-    QVERIFY(bank.write(QByteArray(2000000, 'x')) > 0); // more than 13 seconds of it
+    QVERIFY(bank.resize(0x8000000)); // a minute and a half of it
     bank.close();
 
     EnginePeer peer;
@@ -133,21 +133,22 @@ void LifetimeTest::destroyedWhileATransferRuns()
     const SignalRecorder recorder(module.get());
     if (file) {
         module->sendSoundBank(bank.fileName());
-        QCOMPARE(peer.next(), hex("44535342 001e8480"));               // "DSSB", the size
+        QCOMPARE(peer.next(), hex("44535342 08000000"));               // "DSSB", the size
         QCOMPARE(peer.next().left(10), hex("44435342 00000000 0200")); // "DCSB", number 0, 512 words
     } else {
         module->requestSoundBankVersion();
         QCOMPARE(peer.next(), hex("534e0000"));
     }
-    QTRY_COMPARE(threadCount(), m_threads + 2);
+    QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads + 2, patienceMs);
 
     QCoreApplication::processEvents();
     const QStringList before = recorder.texts();
     QElapsedTimer destroying;
     destroying.start();
     module.reset();
-    QVERIFY2(destroying.elapsed() < 8000, qPrintable(QString::number(destroying.elapsed())));
-    QTRY_COMPARE(threadCount(), m_threads);
+    // Neither the file nor the wait for the reply, which takes 20 s, is seen to its end.
+    QVERIFY2(destroying.elapsed() < 10000, qPrintable(QString::number(destroying.elapsed())));
+    QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads, patienceMs);
     QCOMPARE(recorder.texts(), before);
     QCOMPARE(log.warnings(), QStringList());
 
