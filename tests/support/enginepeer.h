@@ -27,6 +27,9 @@ public:
     Q_DISABLE_COPY(EnginePeer)
 
     static constexpr quint16 enginePort = 19797;
+    /// How long a datagram is waited for. Less than patience, so that a module that does not send lets more
+    /// than one test tell of it.
+    static constexpr int answerMs = patienceMs / 4;
 
     /// False when the address could not be bound; errorString() says why.
     bool isOpen() const { return m_descriptor >= 0; }
@@ -34,7 +37,7 @@ public:
 
     /// The next datagram, waiting while the event loop runs. A null array (isNull()) when none arrives in
     /// time; an empty datagram is an empty array that is not null.
-    QByteArray next(int timeoutMs = patienceMs);
+    QByteArray next(int timeoutMs = answerMs);
     /// True when a datagram is there to be read now.
     bool hasPending() const;
     /// Number of datagrams thrown away. Does not wait.
@@ -58,7 +61,7 @@ public:
 
     /// Waits until everything sent up to now has gone through the module: sends an event of kind "ZZ", which
     /// nothing understands, and waits for the module's signal of it. SignalRecorder leaves these out.
-    bool settle(QObject *module, int timeoutMs = patienceMs);
+    bool settle(QObject *module, int timeoutMs = answerMs);
 
     static constexpr quint16 fenceKind = 0x5A5A;
 
