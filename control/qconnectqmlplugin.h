@@ -467,8 +467,8 @@ public:
     Q_INVOKABLE int backupTriggerBankList(const QString &fileName);
 
     // Sample slots and imports
-    // slotId is the name that the bank gets. Slot -1 sends a file without slot and name. What deletes does so at
-    // once, without an answer; slot information comes as udpPacketArrived(), memory as the flash sizes.
+    // slotId is the name that the bank gets. Slot -1 sends a file without slot and name. What deletes does so
+    // at once, without an answer; slot information comes as udpPacketArrived(), memory as the flash sizes.
     Q_INVOKABLE void sendImportSoundBank(const QString &fileName, const QString &slotId, int slot);
     Q_INVOKABLE void sendImportWaveSample(const QString &fileName, int slot);
     Q_INVOKABLE void deleteIsSlot(uchar slot);
@@ -574,8 +574,8 @@ Q_SIGNALS:
     void updateZeltaFwComplete();
 
     void waveTransferProgress(int slot, double progress);
-    /// An import has ended, with the engine's status. 0 alone does not prove that the file arrived: it is also
-    /// the status of an end that nobody acknowledged.
+    /// An import has ended, with the engine's status. 0 alone does not prove that the file arrived: it is
+    /// also the status of an end that nobody acknowledged.
     void waveTransferComplete(int slot, ushort complete);
 
     // Reserved for replies that the engine does not send yet; never emitted.

@@ -80,8 +80,8 @@ public:
     /// The file's top-level object; empty if it cannot be read or is no such JSON.
     QJsonObject parseSoundBankList(const QString &path);
     QJsonObject parseTriggerBankList(const QString &path);
-    /// Copies the file over the catalogue: 0, or -1 if it cannot be read, -2 if the catalogue cannot be opened
-    /// for writing. 0 also when the disk fills up meanwhile.
+    /// Copies the file over the catalogue: 0, or -1 if it cannot be read, -2 if the catalogue cannot be
+    /// opened for writing. 0 also when the disk fills up meanwhile.
     int backupSoundBankList(const QString &path);
     int backupTriggerBankList(const QString &path);
 
@@ -95,8 +95,8 @@ public:
     void requestMemInfo(unsigned char channel);
     void deepErase(unsigned char channel);
 
-    /// Index of a bluetooth firmware file, told by the path's last three characters: "bNN" is NN, a "b" before
-    /// anything else 0, "ipf" 0x4950, and the rest -1.
+    /// Index of a bluetooth firmware file, told by the path's last three characters: "bNN" is NN, a "b"
+    /// before anything else 0, "ipf" 0x4950, and the rest -1.
     int getBtFwSlotId(const QString &path);
     /// 0 when all files exist, -1 otherwise.
     int checkBtFirmware(const QStringList &files);

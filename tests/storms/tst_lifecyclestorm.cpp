@@ -1,5 +1,5 @@
-// Many control objects, one after the other and two at once, made and destroyed while the engine talks all the
-// time or a file is on its way. Nothing of them stays.
+// Many control objects, one after the other and two at once, made and destroyed while the engine talks all
+// the time or a file is on its way. Nothing of them stays.
 
 #include "support/connectedmodule.h"
 #include "support/eventstream.h"
