@@ -129,10 +129,11 @@ OptionsResult parseOptions(const QStringList &arguments, Options *options, QStri
     if (parser.isSet(duration)) {
         const double seconds = parser.value(duration).toDouble(&isNumber);
         constexpr int longest = 2000000;
-        if (!isNumber || !(seconds > 0.0 && seconds <= longest))
+        if (!isNumber || !(seconds > 0.0 && seconds <= longest)) {
             return bad(QStringLiteral("--duration takes seconds above 0, up to %1, not \"%2\"")
                            .arg(longest)
                            .arg(parser.value(duration)));
+        }
         options->durationMs = qMax(1, int(seconds * 1000.0));
     }
     return OptionsResult::Run;
