@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <map>
 #include <memory>
@@ -544,7 +545,7 @@ void tst_ZeltaSend::barOnTerminal()
 {
     const int master = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
     if (master < 0 || ::grantpt(master) != 0 || ::unlockpt(master) != 0)
-        QSKIP("no pseudo terminals here");
+        QSKIP(qPrintable(QStringLiteral("no pseudo terminal: ") + qt_error_string(errno)));
     SendRun run(100);
     run.process().setStandardOutputFile(QString::fromLocal8Bit(::ptsname(master)));
     run.start({QStringLiteral("--kind=triggerbank"), path("file.bin")});

@@ -184,7 +184,7 @@ void tst_TransferFiles::large()
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadWrite));
     if (!file.resize(size))
-        QSKIP("the file system has no files of that size");
+        QSKIP(qPrintable(QStringLiteral("no file of that size: ") + file.errorString()));
 
     Session session;
     session.plugin().sendTriggerBank(path);
