@@ -2,8 +2,6 @@
 
 #include <QLoggingCategory>
 
-/// The network link: start-up, datagrams that nothing understands.
+/// Messages of the link: the engine's address, the socket, datagrams of unknown form, dropped
+/// datagrams, records that are sent.
 Q_DECLARE_LOGGING_CATEGORY(lcLink)
-/// The control object: inbound state and the write path.
-Q_DECLARE_LOGGING_CATEGORY(lcControl)
-/// File transfers to the sound engine, versions and catalogues.

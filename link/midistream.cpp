@@ -2,8 +2,8 @@
 
 #include "link/logging.h"
 
-// The engine's MIDI output arrives one event per datagram. It is decoded as hex text, two characters a byte:
-// "494d" "4143", then status, code index, second and first data byte of the event.
+// The engine sends its MIDI output as one event per datagram. The event is decoded as hex text, two
+// characters a byte: "494d" "4143", then status, code index, second and first data byte.
 
 namespace {
 
@@ -14,8 +14,7 @@ constexpr int codeIndexPosition = 10;
 constexpr int valuePosition = 12;
 constexpr int controllerPosition = 14;
 
-// A message of this size would take the engine minutes to send; one whose end got lost must not fill the
-// memory of the board.
+// A message whose end is lost must not fill the memory.
 constexpr int sysExCharLimit = 8 * 1024 * 1024;
 
 enum TestCommandPart { ParameterMsb, ParameterLsb, ParameterValue, UnknownPart };
@@ -49,7 +48,7 @@ void SocketTransceiver::parseDatagram(const QString &hex, const QString &status,
     const QStringRef statusByte = hex.midRef(eventPosition, 2);
     const QStringRef codeIndexByte = hex.midRef(codeIndexPosition, 2);
     const QString event = hex.mid(eventPosition);
-    // The end is searched as text, so it is also found across two bytes; the engine's messages rely on it.
+    // The end is searched in the text, so it is also found across two bytes.
     const bool starts = statusByte == QLatin1String("f0");
     const bool ends = !starts && event.contains(QLatin1String("f7"));
     if (starts || ends || !m_sysEx.isEmpty()) {
@@ -79,8 +78,8 @@ void SocketTransceiver::storeTestCommandPart(const QString &hex)
         return;
     m_testCommandParts.at(part) = hex;
     m_testCommandCount = qMin(m_testCommandCount + 1, partsOfACommand);
-    // The counter only tells that three parts came since the last command, in whatever order; a value that
-    // comes too early is kept and waits for company.
+    // The counter counts parts since the last command, in any order. A value that arrives before two other
+    // parts is stored and not emitted.
     if (part == ParameterValue && m_testCommandCount == partsOfACommand) {
         m_testCommandCount = 0;
         Q_EMIT receivedTestCommand(m_testCommandParts.at(ParameterMsb).mid(valuePosition, 2),

@@ -4,7 +4,7 @@
 
 namespace zelta {
 
-/// Number of a Non-Registered Parameter: the device's name for one of its settings.
+/// Number of a Non-Registered Parameter, which selects a setting of the engine.
 struct NrpnNumber
 {
     quint8 msb;
@@ -18,21 +18,21 @@ struct DataEntry
     quint8 lsb;
 };
 
-// The MIDI controllers that make up a parameter change.
+// The MIDI controllers of a parameter change.
 constexpr quint8 nrpnMsbController = 0x63;
 constexpr quint8 nrpnLsbController = 0x62;
 constexpr quint8 dataEntryLsbController = 0x26;
 constexpr quint8 dataEntryMsbController = 0x06;
 
-/// A control change on a 0-based MIDI channel. The status byte is computed in eight bits and the channel is
-/// not masked, so any channel value gives the byte that the device has always been sent.
+/// A control change on a 0-based MIDI channel. The status byte is 0xB0 + channel in eight bits; the channel
+/// is not masked.
 MIDI_DATA controlChange(quint8 controller, quint8 value, quint8 channel);
 
-/// The usual parameter change, three events: number MSB (controller 99), number LSB (98), value (6).
+/// A parameter change of one data byte, three events: number MSB (controller 99), number LSB (98), value (6).
 MIDI_PACKET nrpnPacket(NrpnNumber number, quint8 value, quint8 channel);
 
-/// A parameter change of two data bytes, four events: the LSB of the value (controller 38) goes before its
-/// MSB (6), because the device takes the value over when controller 6 arrives.
+/// A parameter change of two data bytes, four events: number MSB, number LSB, LSB of the value (controller
+/// 38), MSB of the value (6).
 MIDI_PACKET nrpnPacket(NrpnNumber number, DataEntry value, quint8 channel);
 
 /// A packet of a single event.

@@ -2,8 +2,8 @@
 
 #include <QtGlobal>
 
-/// Six bytes that are sent as they lie in memory. The kind is kept in host order and the two arguments in
-/// big-endian order: the device reads the kind as two letters and the arguments as network words.
+/// A record of six bytes, sent in the byte order that it has in memory. The kind is in host byte order, the
+/// two arguments are in big-endian order.
 struct RAW_PACKET
 {
     quint16 kind;

@@ -2,8 +2,8 @@
 
 namespace zelta {
 
-/// Makes the pauses of the calling thread end when they are due. By default the kernel lets every sleep run
-/// up to 50 us late to batch wake-ups, which would stretch the 100 us pause between datagrams by half.
+/// Sets the timer slack of the calling thread to its minimum. By default the kernel may end every sleep up to
+/// 50 us late, which is half of the 100 us pause between datagrams.
 void useMinimalTimerSlack();
 
 } // namespace zelta
