@@ -10,8 +10,8 @@ namespace {
 
 constexpr double largestDataByte = 127.0;
 
-// A conversion out of range differs between processors: it wraps on some, saturates on others. NaN is not
-// greater than 0 and so gives 0.
+// The range is checked first, because an out-of-range conversion wraps on some processors and saturates on
+// others. NaN is not greater than 0, so it gives 0.
 quint8 truncatedToDataByte(double value)
 {
     if (!(value > 0.0))

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "controllers/parametercontroller.h"
+#include "controllers/devicecontroller.h"
 
-/// What the compressors of the three outputs share. The output is chosen by the page of the parameter number;
-/// values go to the engine as given.
-class OutputCompressor : public ParameterController
+/// Base of the compressors of the three outputs. The page of the parameter number selects the output.
+class OutputCompressor : public DeviceController
 {
     Q_OBJECT
 

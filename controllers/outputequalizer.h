@@ -1,11 +1,11 @@
 #pragma once
 
-#include "controllers/parametercontroller.h"
+#include "controllers/devicecontroller.h"
 
-/// What the equalisers of the three outputs share: four bands. The output is chosen by the page of the
-/// parameter number. Gain in dB (-15 to 15) and Q (0.1 to 8) are limited; a frequency of up to 16383 is
-/// exact.
-class OutputEqualizer : public ParameterController
+/// Base of the equalisers of the three outputs, each with four bands. The page of the parameter number
+/// selects the output. Gain, in dB, is limited to -15...15 and Q to 0.1...8. A frequency of 0...16383 is sent
+/// exactly.
+class OutputEqualizer : public DeviceController
 {
     Q_OBJECT
 

@@ -24,7 +24,7 @@ constexpr StrikeNote strikeNotes[] = {
 constexpr quint8 firstNote = 17;
 constexpr quint8 noPad = 14;
 
-// Indexed by note - 17. Drums cannot be choked.
+// Indexed by note - 17. Aftertouch on a note without a pad is ignored.
 constexpr std::array<quint8, 79> chokePads{{
     8,     9,     7,     noPad, 7,     10,    11,    12,    13,    7,            // 17 to 26
     noPad, noPad, noPad, noPad, noPad, noPad, noPad, noPad, noPad, noPad,        // 27 to 36

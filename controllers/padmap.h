@@ -6,17 +6,18 @@
 
 namespace zelta {
 
-/// Where on the kit a note sounds.
+/// A zone of a pad.
 struct PadZone
 {
     quint8 pad;  ///< 0 to 13
     quint8 zone; ///< 0 to 2
 };
 
-/// The pad and zone whose strike sends this MIDI note, if any.
+/// Returns the pad and zone of a strike with this MIDI note, or nothing if no pad has the note.
 std::optional<PadZone> struckPad(quint8 note);
 
-/// The pad that is choked by aftertouch on this MIDI note, if any.
+/// Returns the pad of an aftertouch event with this MIDI note, or nothing if no pad reports aftertouch with
+/// it.
 std::optional<quint8> chokedPad(quint8 note);
 
 } // namespace zelta

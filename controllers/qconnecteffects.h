@@ -1,14 +1,15 @@
 #pragma once
 
-#include "controllers/parametercontroller.h"
+#include "controllers/devicecontroller.h"
 
-/// The four global effect units. A routing word is given as its high and low byte.
-class qconnecteffects : public ParameterController
+/// The four global effect units: ambience, instrument reverb, room reverb and multi-effect. A routing is a
+/// number of two bytes: mb is its high byte, lb its low byte.
+class qconnecteffects : public DeviceController
 {
     Q_OBJECT
 
 public:
-    using ParameterController::ParameterController;
+    using DeviceController::DeviceController;
 
     void setAmbienceLevel(quint8 value, quint8 channel);
     void setAmbiencePreDelay(quint8 value, quint8 channel);
@@ -37,12 +38,15 @@ public:
     void setMultiFxType(quint8 value, quint8 channel);
     void setMultiFxActive(bool active, quint8 channel);
     void setMultiFxSendToRoom(quint8 value, quint8 channel);
-    /// A parameter of the current effect in its display units, scaled from [min, max] to 0...127 when the
-    /// type is 0; with any other type the value is the device's own number.
+    /// Parameter of the current effect. With type 0 the value is scaled from min...max, in display units, to
+    /// 0...127. With any other type the integer part of the value is sent, low eight bits.
     void setMultiFxParam0(double value, double min, double max, int type, quint8 channel);
     void setMultiFxParam1(double value, double min, double max, int type, quint8 channel);
     void setMultiFxParam2(double value, double min, double max, int type, quint8 channel);
     void setMultiFxParam3(double value, double min, double max, int type, quint8 channel);
     void setMultiFxParam4(double value, double min, double max, int type, quint8 channel);
     void setMultiFxRouting(quint8 mb, quint8 lb, quint8 channel);
+
+private:
+    void sendMultiFxParam(quint8 index, double value, double min, double max, int type, quint8 channel);
 };

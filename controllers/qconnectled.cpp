@@ -8,10 +8,8 @@
 
 namespace {
 
-// In the memory of a little-endian board these are the letters L and D, which is what the device looks for.
+// Sent in host byte order: the bytes "LD" on a little-endian board.
 constexpr quint16 ledKind = 0x444C;
-
-constexpr zelta::NrpnNumber ledBrightness{zelta::generalPage, 0x40};
 
 } // namespace
 
@@ -26,5 +24,5 @@ void qconnectled::enable(int id, bool enable)
 
 void qconnectled::setBrightness(quint8 level, quint8 channel)
 {
-    sendParameter(ledBrightness, level, channel);
+    sendParameter({zelta::generalPage, 0x40}, level, channel);
 }

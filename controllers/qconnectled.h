@@ -1,17 +1,17 @@
 #pragma once
 
-#include "controllers/parametercontroller.h"
+#include "controllers/devicecontroller.h"
 
 /// Front-panel LEDs.
-class qconnectled : public ParameterController
+class qconnectled : public DeviceController
 {
     Q_OBJECT
 
 public:
-    using ParameterController::ParameterController;
+    using DeviceController::DeviceController;
 
-    /// Switches one LED; id is its number on the panel (low 16 bits).
+    /// Switches one LED on or off. The low 16 bits of its number are sent.
     void enable(int id, bool enable);
-    /// Brightness of all LEDs, 0 to 127, sent as given.
+    /// Brightness of all LEDs.
     void setBrightness(quint8 level, quint8 channel);
 };

@@ -17,6 +17,6 @@ public:
     void setMasterCpRatio(quint8 ratio, quint8 channel) { setRatio(ratio, channel); }
     void setMasterCpBoost(quint8 boost, quint8 channel) { setBoost(boost, channel); }
     void setMasterCpKnee(quint8 knee, quint8 channel) { setKnee(knee, channel); }
-    /// Asks for one report of the meters.
+    /// Requests one report of the meters.
     void requestLevelUpdate(quint8 channel) { requestReport(channel); }
 };

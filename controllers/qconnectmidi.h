@@ -1,14 +1,14 @@
 #pragma once
 
-#include "controllers/parametercontroller.h"
+#include "controllers/devicecontroller.h"
 
-/// MIDI set-up of the module. Values go to the engine as given.
-class qconnectmidi : public ParameterController
+/// MIDI settings of the module.
+class qconnectmidi : public DeviceController
 {
     Q_OBJECT
 
 public:
-    using ParameterController::ParameterController;
+    using DeviceController::DeviceController;
 
     void setMidiChannel(quint8 value, quint8 channel);
     void setLocalControl(quint8 value, quint8 channel);

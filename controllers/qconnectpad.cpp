@@ -3,14 +3,16 @@
 #include "control/qconnectqmlplugin.h"
 #include "controllers/encodings.h"
 #include "controllers/padmap.h"
-#include "link/eventkind.h"
+#include "link/inboundtags.h"
 #include "link/parameterpages.h"
+
+#include <QPointer>
 
 #include <optional>
 
 namespace {
 
-// Status byte on MIDI channel 10 and code index of the events that pads cause.
+// Status byte on MIDI channel 10 (high byte) and code index (low byte) of the events of pads.
 constexpr quint16 noteOnEvent = 0x9909;
 constexpr quint16 polyPressureEvent = 0xA90A;
 constexpr quint16 controlChangeEvent = 0xB90B;
@@ -18,7 +20,7 @@ constexpr quint16 programChangeEvent = 0xC90C;
 
 constexpr quint8 aux3Pad = 12;
 constexpr quint8 aux4Pad = 13;
-constexpr quint8 hitZones = 2; // a strike on the third zone of an aux pad does not press its switch
+constexpr quint8 auxZones = 2; // the third zone of an aux pad does not press its switch
 constexpr int auxDebounceMs = 200;
 
 constexpr quint8 afterTouchZone = 4;
@@ -28,11 +30,6 @@ constexpr quint8 noteOnCodeIndex = 0x09;
 constexpr quint8 noteOffStatus = 0x80;
 constexpr quint8 noteOnStatus = 0x90;
 
-constexpr zelta::NrpnNumber autoTest{zelta::generalPage, 0x51};
-constexpr quint8 autoTestStart = 0x23;
-constexpr zelta::NrpnNumber mixInputGainLeft{0x3C, 0x21};
-constexpr zelta::NrpnNumber mixInputGainRight{0x3F, 0x21};
-
 constexpr quint32 packedPadEvent(quint8 value, quint8 note, quint8 pad, quint8 zone)
 {
     return value | (quint32(note) << 8) | (quint32(pad) << 16) | (quint32(zone) << 24);
@@ -41,7 +38,7 @@ constexpr quint32 packedPadEvent(quint8 value, quint8 note, quint8 pad, quint8 z
 } // namespace
 
 qconnectpad::qconnectpad(QConnectQmlPlugin *owner, QQuickItem *parent)
-    : ParameterController(owner, parent)
+    : DeviceController(owner, parent)
 {
     m_auxDebounce.setInterval(auxDebounceMs);
     m_auxDebounce.setSingleShot(true);
@@ -69,9 +66,11 @@ void qconnectpad::handleStrike(quint8 note, quint8 velocity)
     const std::optional<zelta::PadZone> struck = zelta::struckPad(note);
     if (!struck)
         return;
+    // A handler may delete the control object, and this controller with it.
+    const QPointer<qconnectpad> self(this);
     Q_EMIT noteReceived(packedPadEvent(velocity, note, struck->pad, struck->zone));
 
-    if (velocity == 0 || struck->zone >= hitZones)
+    if (!self || velocity == 0 || struck->zone >= auxZones)
         return;
     if (struck->pad == aux3Pad)
         pressAuxSwitch(zelta::aux3Switch);
@@ -89,9 +88,12 @@ void qconnectpad::pressAuxSwitch(quint16 switchNumber)
 {
     if (m_auxDebounce.isActive())
         return;
+    const QPointer<qconnectpad> self(this);
     owner()->updateSwitch(switchNumber, 1);
-    owner()->updateSwitch(switchNumber, 0);
-    m_auxDebounce.start();
+    if (self)
+        owner()->updateSwitch(switchNumber, 0);
+    if (self)
+        m_auxDebounce.start();
 }
 
 void qconnectpad::sendMidiNote(quint8 tone, quint8 velocity, quint8 channel)
@@ -107,11 +109,11 @@ void qconnectpad::sendNrpn(quint8 msb, quint8 lsb, quint8 value, quint8 channel)
 
 void qconnectpad::sendMidiAutoTest(quint8 channel)
 {
-    sendParameter(autoTest, autoTestStart, channel);
+    sendParameter({zelta::generalPage, 0x51}, 0x23, channel);
 }
 
 void qconnectpad::sendMidiMixInputGain(quint8 gain, quint8 channel)
 {
-    sendParameter(mixInputGainLeft, gain, channel);
-    sendParameter(mixInputGainRight, gain, channel);
+    sendParameter({0x3C, 0x21}, gain, channel);
+    sendParameter({0x3F, 0x21}, gain, channel);
 }

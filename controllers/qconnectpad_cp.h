@@ -1,14 +1,14 @@
 #pragma once
 
-#include "controllers/parametercontroller.h"
+#include "controllers/devicecontroller.h"
 
 /// Compressor of each pad. Pads are addressed by their MIDI note.
-class qconnectpad_cp : public ParameterController
+class qconnectpad_cp : public DeviceController
 {
     Q_OBJECT
 
 public:
-    using ParameterController::ParameterController;
+    using DeviceController::DeviceController;
 
     void setPadCpActive(bool active, quint8 note, quint8 channel);
     void setPadCpAttackTime(quint8 value, quint8 note, quint8 channel);
@@ -17,6 +17,6 @@ public:
     void setPadCpRatio(quint8 value, quint8 note, quint8 channel);
     void setPadCpBoost(quint8 value, quint8 note, quint8 channel);
     void setPadCpKnee(quint8 value, quint8 note, quint8 channel);
-    /// Asks for one report of the pad's meters.
+    /// Requests one report of the pad's meters.
     void requestLevelUpdate(quint8 note, quint8 channel);
 };

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "controllers/parametercontroller.h"
+#include "controllers/devicecontroller.h"
 
-/// Equaliser of each pad, three bands. Pads are addressed by their MIDI note. Gain in dB (-15 to 15) and Q
-/// (0.1 to 8) are limited; a frequency of up to 16383 is exact.
-class qconnectpad_eq : public ParameterController
+/// Equaliser of each pad, three bands. Pads are addressed by their MIDI note. Gain, in dB, is limited to
+/// -15...15 and Q to 0.1...8. A frequency of 0...16383 is sent exactly.
+class qconnectpad_eq : public DeviceController
 {
     Q_OBJECT
 
 public:
-    using ParameterController::ParameterController;
+    using DeviceController::DeviceController;
 
     void setPadEqActive(bool active, quint8 note, quint8 channel);
     void setPadEqLowGain(int gain, quint8 note, quint8 channel);

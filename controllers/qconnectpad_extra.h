@@ -1,14 +1,14 @@
 #pragma once
 
-#include "controllers/parametercontroller.h"
+#include "controllers/devicecontroller.h"
 
 /// Envelope, second sound and external MIDI note of each pad. Pads are addressed by their MIDI note.
-class qconnectpad_extra : public ParameterController
+class qconnectpad_extra : public DeviceController
 {
     Q_OBJECT
 
 public:
-    using ParameterController::ParameterController;
+    using DeviceController::DeviceController;
 
     void setPadExtraAttackTime(quint8 value, quint8 note, quint8 channel);
     void setPadExtraEnvelopeReleaseTime(quint8 value, quint8 note, quint8 channel);
@@ -17,9 +17,9 @@ public:
     void setPadExtraSecondSoundAttack(quint8 value, quint8 note, quint8 channel);
     void setPadExtraSecondSoundRelease(quint8 value, quint8 note, quint8 channel);
     void setPadMidiNote(quint8 extNote, quint8 note, quint8 channel);
-    /// Selects the second sound by its number, which is too large for one parameter: its high and low seven
-    /// bits go out as two parameters, high first, one datagram each.
+    /// Number of the second sound, 0 to 16383. Sends two parameters, one datagram each: the upper bits, then
+    /// the low seven bits.
     void setPadExtraSecondSoundSelect(quint32 value, quint8 note, quint8 channel);
-    /// Sends nothing, on purpose; screens may call it freely.
+    /// Sends nothing. Screens may call it.
     void setPadExtraCrossfeedBuzz(quint8 value, quint8 note, quint8 channel);
 };

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "controllers/parametercontroller.h"
+#include "controllers/devicecontroller.h"
 
-/// Which instrument a pad plays, its tuning and volume. Pads are addressed by their MIDI note.
-class qconnectpad_instrument : public ParameterController
+/// Instrument of each pad, its tuning and volume. Pads are addressed by their MIDI note.
+class qconnectpad_instrument : public DeviceController
 {
     Q_OBJECT
 
 public:
-    using ParameterController::ParameterController;
+    using DeviceController::DeviceController;
 
     void setSoundGroup(quint8 value, quint8 note, quint8 channel);
     void setSoundInstr(quint8 value, quint8 note, quint8 channel);

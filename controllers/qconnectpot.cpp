@@ -1,7 +1,7 @@
 #include "controllers/qconnectpot.h"
 
 #include "control/qconnectqmlplugin.h"
-#include "link/eventkind.h"
+#include "link/inboundtags.h"
 
 #include <array>
 
@@ -25,7 +25,7 @@ constexpr std::array<PotSignals, 4> pots{{
 } // namespace
 
 qconnectpot::qconnectpot(QConnectQmlPlugin *owner, QQuickItem *parent)
-    : ParameterController(owner, parent)
+    : DeviceController(owner, parent)
 {
     connect(owner, SIGNAL(potPacketArrived(quint16, quint16, quint16)), this,
             SLOT(handle(quint16, quint16, quint16)));

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "controllers/parametercontroller.h"
+#include "controllers/devicecontroller.h"
 
-/// Front-panel pots: turns their steps into the control object's signals.
-class qconnectpot : public ParameterController
+/// Front-panel pots: emits the control object's signals for their steps.
+class qconnectpot : public DeviceController
 {
     Q_OBJECT
 
@@ -11,7 +11,7 @@ public:
     qconnectpot(QConnectQmlPlugin *owner, QQuickItem *parent);
 
 Q_SIGNALS:
-    // Never emitted: the steps go out through the control object's signals.
+    // Never emitted. Steps are reported by triggerPot0Inc() and so on of the control object.
     void pot0Inc();
     void pot1Inc();
     void pot2Inc();
@@ -22,6 +22,7 @@ Q_SIGNALS:
     void pot3Dec();
 
 public Q_SLOTS:
-    /// Handles a pot event: idx is the pot, 0 to 3, data 0 a step down and anything else a step up.
+    /// Handles a pot event. idx is the pot, 0 to 3; other pots are ignored. data 0 is a step down, any other
+    /// value a step up.
     void handle(quint16 id, quint16 idx, quint16 data);
 };

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "controllers/parametercontroller.h"
+#include "controllers/devicecontroller.h"
 
-/// Selects the engine's program (drum kit).
-class qconnectprogram : public ParameterController
+/// Selects the engine's program.
+class qconnectprogram : public DeviceController
 {
     Q_OBJECT
 
 public:
-    using ParameterController::ParameterController;
+    using DeviceController::DeviceController;
 
-    /// Sends a program change on MIDI channel 10; the number goes out as given.
+    /// Sends a program change, always on MIDI channel 10.
     void setNewProgram(quint8 program);
 };

@@ -2,8 +2,8 @@
 
 #include "control/qconnectqmlplugin.h"
 #include "controllers/encodings.h"
-#include "link/eventkind.h"
 #include "link/parameterpages.h"
+#include "link/tag.h"
 
 #include <QtEndian>
 
@@ -11,17 +11,8 @@
 
 namespace {
 
-constexpr zelta::NrpnNumber fixedHiHat{zelta::generalPage, 0x03};
 constexpr zelta::NrpnNumber bluetooth{zelta::generalPage, 0x41};
-constexpr zelta::NrpnNumber autoOffDelay{zelta::generalPage, 0x42};
-
-constexpr quint8 bluetoothDisabled = 0x3F;
-constexpr quint8 bluetoothEnabled = 0x40;
-
-// The power packet names a parameter and carries no value: naming it is the command.
-constexpr zelta::NrpnNumber powerOff{0x4F, 0x46};
-
-constexpr quint16 bluetoothNameKind = zelta::eventKind('B', 'N');
+constexpr quint16 bluetoothNameKind = zelta::tag('B', 'N');
 constexpr int bluetoothNameOffset = 2;
 constexpr int bluetoothNameSize = 32;
 
@@ -31,9 +22,10 @@ void qconnectswitches::setPowerSwitch(bool on, quint8 channel)
 {
     if (on)
         return;
+    // This packet selects a parameter and sends no value.
     MIDI_PACKET packet(zelta::powerPacketHeader, 2);
-    packet.setData(0, zelta::controlChange(zelta::nrpnMsbController, powerOff.msb, channel));
-    packet.setData(1, zelta::controlChange(zelta::nrpnLsbController, powerOff.lsb, channel));
+    packet.setData(0, zelta::controlChange(zelta::nrpnMsbController, 0x4F, channel));
+    packet.setData(1, zelta::controlChange(zelta::nrpnLsbController, 0x46, channel));
     owner()->writeMidiData(packet);
 }
 
@@ -44,24 +36,25 @@ void qconnectswitches::setBluetoothSwitch(bool active, quint8 channel)
 
 void qconnectswitches::setBluetoothEnable(bool enable, quint8 channel)
 {
-    sendParameter(bluetooth, enable ? bluetoothEnabled : bluetoothDisabled, channel);
+    constexpr quint8 enabled = 0x40;
+    constexpr quint8 disabled = 0x3F;
+    sendParameter(bluetooth, enable ? enabled : disabled, channel);
 }
 
 void qconnectswitches::setAutoOff(int autoOff, quint8 channel)
 {
-    sendParameter(autoOffDelay, quint8(autoOff), channel);
+    sendParameter({zelta::generalPage, 0x42}, quint8(autoOff), channel);
 }
 
 void qconnectswitches::setFixedHiHat(bool active, quint8 channel)
 {
-    sendParameter(fixedHiHat, zelta::onOff(active), channel);
+    sendParameter({zelta::generalPage, 0x03}, zelta::onOff(active), channel);
 }
 
 void qconnectswitches::setBluetoothName(const QString &name)
 {
     const QByteArray encoded = name.toLocal8Bit();
-    // The length counts characters, whatever they take in bytes; an encoding that is shorter than the name
-    // must not be read past its end.
+    // Characters are counted, not bytes. The encoded name can have fewer bytes than the name has characters.
     const int length = std::min({bluetoothNameSize, name.size(), encoded.size()});
     QByteArray record(bluetoothNameOffset + bluetoothNameSize, '\0');
     qToBigEndian<quint16>(bluetoothNameKind, record.data());

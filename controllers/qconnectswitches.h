@@ -1,24 +1,24 @@
 #pragma once
 
-#include "controllers/parametercontroller.h"
+#include "controllers/devicecontroller.h"
 
 /// Power, bluetooth and the other global switches.
-class qconnectswitches : public ParameterController
+class qconnectswitches : public DeviceController
 {
     Q_OBJECT
 
 public:
-    using ParameterController::ParameterController;
+    using DeviceController::DeviceController;
 
-    /// Switches the module off when on is false; it cannot be switched on from here, so true sends nothing.
+    /// Switches the module off when on is false. Sends nothing when on is true.
     void setPowerSwitch(bool on, quint8 channel);
     void setBluetoothSwitch(bool active, quint8 channel);
-    /// The same parameter as setBluetoothSwitch(), with the pair of values that the radio itself listens to.
+    /// Sends the same parameter as setBluetoothSwitch() with another pair of values: 64 enables, 63 disables.
     void setBluetoothEnable(bool enable, quint8 channel);
-    /// The device's own steps; the low byte is sent.
+    /// Auto-off setting, in the device's own units. The low eight bits are sent.
     void setAutoOff(int autoOff, quint8 channel);
     void setFixedHiHat(bool active, quint8 channel);
-    /// Name under which the module is seen, of at most 32 bytes in the local encoding. The name is cut to as
-    /// many bytes as it has characters. Sent as one record of 34 bytes, not as MIDI.
+    /// Bluetooth name of the module, in the local 8-bit encoding. The encoded name is cut to 32 bytes and to
+    /// as many bytes as the name has characters. Sent as a record of 34 bytes, not as MIDI.
     void setBluetoothName(const QString &name);
 };

@@ -1,37 +1,18 @@
 #include "controllers/qconnecttrigger.h"
 
+#include "control/logging.h"
 #include "control/qconnectqmlplugin.h"
-#include "link/eventkind.h"
-#include "link/logging.h"
+#include "link/tag.h"
 
 #include <QElapsedTimer>
 #include <QtEndian>
 
 namespace {
 
-// The page selects the parameter, the trigger input is the second half of the number.
-constexpr quint8 bankPresetPage = 0x40;
-constexpr quint8 gainPage = 0x41;
-constexpr quint8 thresholdPage = 0x42;
-constexpr quint8 xTalkPage = 0x43;
-constexpr quint8 highLevelPage = 0x44;
-constexpr quint8 hhLowPositionPage = 0x45;
-constexpr quint8 hhHighPositionPage = 0x46;
-constexpr quint8 scanTimePage = 0x47;
-constexpr quint8 retriggerMaskPage = 0x48;
-constexpr quint8 triggerTypePage = 0x49;
-constexpr quint8 positionalSensingPage = 0x4A;
-constexpr quint8 curvePresetPage = 0x4C;
-constexpr quint8 hhChickSensitivityPage = 0x4D;
-constexpr quint8 hhSplashSensitivityPage = 0x4E;
-constexpr quint8 dynLevelPage = 0x50;
-constexpr quint8 dynTimePage = 0x51;
-constexpr quint8 transferEndPage = 0x4F;
-
 constexpr int curvePoints = 9;
 constexpr int curvePointsOffset = 4;
 constexpr int curvePacketSize = curvePointsOffset + curvePoints * 2;
-constexpr quint16 curvePacketKind = zelta::eventKind('T', 'C');
+constexpr quint16 curvePacketKind = zelta::tag('T', 'C');
 
 constexpr qint64 transferEndPauseMs = 100;
 
@@ -39,82 +20,82 @@ constexpr qint64 transferEndPauseMs = 100;
 
 void qconnecttrigger::setTriggerBankPreset(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({bankPresetPage, pad}, value, channel);
+    sendParameter({0x40, pad}, value, channel);
 }
 
 void qconnecttrigger::setTriggerGain(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({gainPage, pad}, value, channel);
+    sendParameter({0x41, pad}, value, channel);
 }
 
 void qconnecttrigger::setTriggerThreshold(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({thresholdPage, pad}, value, channel);
+    sendParameter({0x42, pad}, value, channel);
 }
 
 void qconnecttrigger::setTriggerXTalk(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({xTalkPage, pad}, value, channel);
+    sendParameter({0x43, pad}, value, channel);
 }
 
 void qconnecttrigger::setTriggerHighLevel(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({highLevelPage, pad}, value, channel);
+    sendParameter({0x44, pad}, value, channel);
 }
 
 void qconnecttrigger::setTriggerHHLowPosition(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({hhLowPositionPage, pad}, value, channel);
+    sendParameter({0x45, pad}, value, channel);
 }
 
 void qconnecttrigger::setTriggerHHHighPosition(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({hhHighPositionPage, pad}, value, channel);
+    sendParameter({0x46, pad}, value, channel);
 }
 
 void qconnecttrigger::setTriggerScanTime(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({scanTimePage, pad}, value, channel);
+    sendParameter({0x47, pad}, value, channel);
 }
 
 void qconnecttrigger::setTriggerRetriggerMask(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({retriggerMaskPage, pad}, value, channel);
+    sendParameter({0x48, pad}, value, channel);
 }
 
 void qconnecttrigger::setTriggerTriggerType(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({triggerTypePage, pad}, value, channel);
+    sendParameter({0x49, pad}, value, channel);
 }
 
 void qconnecttrigger::setTriggerPositionalSensing(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({positionalSensingPage, pad}, value, channel);
+    sendParameter({0x4A, pad}, value, channel);
 }
 
 void qconnecttrigger::setTriggerCurvePreset(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({curvePresetPage, pad}, value, channel);
+    sendParameter({0x4C, pad}, value, channel);
 }
 
 void qconnecttrigger::setTriggerHHChickSensitivity(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({hhChickSensitivityPage, pad}, value, channel);
+    sendParameter({0x4D, pad}, value, channel);
 }
 
 void qconnecttrigger::setTriggerHHSplashSensitivity(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({hhSplashSensitivityPage, pad}, value, channel);
+    sendParameter({0x4E, pad}, value, channel);
 }
 
 void qconnecttrigger::setTriggerDynLevel(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({dynLevelPage, pad}, value, channel);
+    sendParameter({0x50, pad}, value, channel);
 }
 
 void qconnecttrigger::setTriggerDynTime(quint8 value, quint8 pad, quint8 channel)
 {
-    sendParameter({dynTimePage, pad}, value, channel);
+    sendParameter({0x51, pad}, value, channel);
 }
 
 void qconnecttrigger::sendTriggerCurvePacket(quint32 id, const QVector<int> &curve)
@@ -127,7 +108,7 @@ void qconnecttrigger::sendTriggerCurvePacket(quint32 id, const QVector<int> &cur
     QByteArray packet(curvePacketSize, '\0');
     qToBigEndian<quint16>(curvePacketKind, packet.data());
     qToBigEndian<quint16>(quint16(id), packet.data() + 2);
-    // Each point is a word whose high byte the device wants zero, whatever the point's own high byte is.
+    // Each point is a 16-bit number whose high byte is always zero.
     for (int i = 0; i < curvePoints; ++i)
         qToBigEndian<quint16>(quint8(curve.at(i)), packet.data() + curvePointsOffset + i * 2);
     owner()->writeBinaryData(packet);
@@ -135,7 +116,7 @@ void qconnecttrigger::sendTriggerCurvePacket(quint32 id, const QVector<int> &cur
 
 void qconnecttrigger::sendTriggerTransferEnd(quint8 lsb, quint8 channel)
 {
-    sendParameter({transferEndPage, lsb}, 0, channel);
+    sendParameter({0x4F, lsb}, 0, channel);
     QElapsedTimer sinceMarker;
     sinceMarker.start();
     while (!sinceMarker.hasExpired(transferEndPauseMs)) {

@@ -1,17 +1,16 @@
 #pragma once
 
-#include "controllers/parametercontroller.h"
+#include "controllers/devicecontroller.h"
 
 #include <QVector>
 
-/// Trigger inputs: sensitivities, times, curves. The input is named by its number, as the engine counts them;
-/// values go to it as given.
-class qconnecttrigger : public ParameterController
+/// Trigger inputs: sensitivities, times and curves. An input is addressed by its number.
+class qconnecttrigger : public DeviceController
 {
     Q_OBJECT
 
 public:
-    using ParameterController::ParameterController;
+    using DeviceController::DeviceController;
 
     void setTriggerBankPreset(quint8 value, quint8 pad, quint8 channel);
     void setTriggerGain(quint8 value, quint8 pad, quint8 channel);
@@ -30,10 +29,9 @@ public:
     void setTriggerDynLevel(quint8 value, quint8 pad, quint8 channel);
     void setTriggerDynTime(quint8 value, quint8 pad, quint8 channel);
 
-    /// Sends a velocity curve of nine points (low byte each; further points are ignored) for the curve with
-    /// the given id (low 16 bits). A curve of fewer points is refused with a warning and nothing is sent.
+    /// Sends a velocity curve: the low 16 bits of its id and the low byte of its first nine points. A curve
+    /// of fewer points is refused with a warning.
     void sendTriggerCurvePacket(quint32 id, const QVector<int> &curve);
-    /// Marks the end of a trigger transfer, then blocks for 100 ms: the engine takes the settings over in
-    /// that time and must not be sent anything else by this thread.
+    /// Marks the end of a trigger transfer, then blocks the calling thread for 100 ms.
     void sendTriggerTransferEnd(quint8 lsb, quint8 channel);
 };
