@@ -1,13 +1,13 @@
 #include "transfer/qconnectfirmware.h"
 
 #include "control/qconnectqmlplugin.h"
-
-#include <QMutexLocker>
+#include "transfer/fileversions.h"
+#include "transfer/transfertags.h"
 
 namespace {
 
 // Low byte of a data acknowledgement.
-constexpr quint8 ackGoOn = 0x00;
+constexpr quint8 ackNoError = 0x00;
 constexpr quint8 ackRetransmit = 0xBE;
 constexpr quint8 ackMemoryFullFirst = 0xE1;
 constexpr quint8 ackMemoryFullLast = 0xE3;
@@ -15,7 +15,7 @@ constexpr quint8 ackRefusal = 0xE0; // in the high nibble
 
 } // namespace
 
-/// Where the reply to a version query is kept, and who is told.
+/// Where the reply to a version query is stored, and the signal that reports it.
 struct qconnectfirmware::VersionReply
 {
     quint16 id;
@@ -42,26 +42,20 @@ const qconnectfirmware::VersionReply *qconnectfirmware::versionReply(quint16 id)
     return nullptr;
 }
 
-// The state changes under the mutex; the signals go out after it is released and last of all, because their
-// handlers may call any method, or delete the object.
+// A signal is emitted last and without a lock: its handler may call any method, or delete the object.
 void qconnectfirmware::handleAck(quint16 id, quint16 a, quint16 b)
 {
-    const VersionReply *version = versionReply(id);
-    QMutexLocker locker(&m_taskMutex);
     pushLogLine(QStringLiteral("ack handle %1 : %2 : %3").arg(id).arg(a).arg(b));
-    if (version) {
-        m_lastReplyValue = zelta::versionWord(a, b);
-        this->*version->version = m_lastReplyValue;
-        wakeWaiter();
-        locker.unlock();
-        Q_EMIT(m_plugin->*version->changed)();
+    if (const VersionReply *reply = versionReply(id)) {
+        const int version = zelta::versionWord(a, b);
+        this->*reply->version = version;
+        m_state.storeReply(version);
+        Q_EMIT(m_plugin->*reply->changed)();
         return;
     }
     switch (id) {
     case zelta::hihatRawValueQuery:
-        m_lastReplyValue = a;
-        wakeWaiter();
-        locker.unlock();
+        m_state.storeReply(a);
         Q_EMIT m_plugin->hihatRawValueChanged(a);
         break;
     case zelta::endPacketKind: handleEndAck(a, b); break;
@@ -73,49 +67,28 @@ void qconnectfirmware::handleAck(quint16 id, quint16 a, quint16 b)
 void qconnectfirmware::handleEndAck(quint16 a, quint16 b)
 {
     pushLogLine(QStringLiteral("End packet ACK received %1 : %2").arg(a).arg(b));
-    m_endStatus = b;
-    if (b != 0) {
+    if (b != 0)
         pushLogLine(QStringLiteral("checksum error"));
-        m_endFailed = true;
-    }
-    wakeWaiter();
+    m_state.storeEnd(b);
 }
 
-// Data acknowledgements end no wait: they interrupt the stream of data.
 void qconnectfirmware::handleDataAck(quint16 a, quint16 b)
 {
     const auto code = quint8(b & 0xFF);
     const quint32 from = quint32(b >> 8) << 16 | a;
 
     if (code == ackRetransmit) {
-        const QMutexLocker locker(&m_retransmitMutex);
-        requestRetransmit(from);
-        ++m_retransmitCount;
+        m_state.requestRetransmit(from, true);
         pushLogLine(QStringLiteral("<-- needs re-transmit beginning with %1").arg(from));
     } else if (code >= ackMemoryFullFirst && code <= ackMemoryFullLast) {
         pushLogLine(QStringLiteral("NACK_FULLMEMORY_ERR"));
-        m_endStatus = b;
-        m_abortRequested = true;
+        m_state.abort(b);
     } else if ((code & 0xF0) == ackRefusal) {
-        const QMutexLocker locker(&m_retransmitMutex);
         pushLogLine(QStringLiteral("data & 0xF0 is 0xE0: "));
-        m_stopRequested = true;
-    } else if (code != ackGoOn) {
-        const QMutexLocker locker(&m_retransmitMutex);
+        m_state.requestStop();
+    } else if (code != ackNoError) {
         pushLogLine(QStringLiteral("data & 0xFF is not 0: "));
-        requestRetransmit(from);
+        m_state.requestRetransmit(from, false);
         pushLogLine(QStringLiteral("one chunk is missed "));
     }
-}
-
-void qconnectfirmware::requestRetransmit(quint32 from)
-{
-    m_retransmitRequested = true;
-    m_retransmitFrom = from;
-}
-
-void qconnectfirmware::wakeWaiter()
-{
-    m_answered = true;
-    m_ackCondition.wakeOne();
 }

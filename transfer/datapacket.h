@@ -3,11 +3,11 @@
 #include <QByteArray>
 #include <QString>
 
-/// A datagram of the file-transfer protocol: a kind word, a content word and, by kind, further fields, all
-/// big-endian. It is sent as one datagram. A plain value; any thread.
+/// A packet of the file-transfer protocol, sent as one datagram: a kind tag, a content tag and further
+/// fields, all big-endian. A value type; can be used in any thread.
 ///
 /// setStart(), setSlot(), setSoundBankId() and setFileName() append, so the order of calls is the order of
-/// the fields; setData() and setEnd() write at fixed positions of a packet that holds its two words only.
+/// the fields. setData() and setEnd() write at fixed positions of a packet that holds only its two tags.
 class DATA_PACKET
 {
 public:
@@ -17,12 +17,12 @@ public:
     void setStart(unsigned int size);
     /// Appends the low 16 bits of the slot number.
     void setSlot(unsigned int slot);
-    /// Appends the low 16 bits of the bank number; on the wire there is no difference to a slot.
+    /// Appends the low 16 bits of the bank number, as setSlot() does.
     void setSoundBankId(unsigned int id);
-    /// Appends the name as UTF-8, closed by a zero byte.
+    /// Appends the name as UTF-8 and a zero byte.
     void setFileName(const QString &name);
     /// Completes a data packet: its number within the file, the chunk's length in 16-bit words, the chunk.
-    /// The chunk has an even length.
+    /// The length of the chunk must be even.
     void setData(unsigned int number, const QByteArray &chunk);
     /// Completes an end packet with the checksum of the file.
     void setEnd(unsigned int checksum);

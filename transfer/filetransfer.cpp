@@ -1,225 +1,219 @@
-#include "transfer/qconnectfirmware.h"
+#include "transfer/filetransfer.h"
 
 #include "control/qconnectqmlplugin.h"
 #include "transfer/datapacket.h"
 #include "transfer/inputfile.h"
-#include "transfer/pause.h"
+#include "transfer/logging.h"
+#include "transfer/qconnectfirmware.h"
+#include "transfer/transferstate.h"
+#include "transfer/transfertags.h"
 
-#include <QFile>
-#include <QMutexLocker>
+#include <QDeadlineTimer>
+
+namespace zelta {
 
 namespace {
 
 constexpr int noSlot = -1;
-constexpr int statusNotOpened = -1;
-
 constexpr quint32 packetsPerPause = 10;
-// The engine takes its time to get ready for a stream that begins anew.
 constexpr unsigned long retransmitPauseS = 4;
-
-// A set of bluetooth files is numbered 0 to 15 and followed by one more; progress counts whole files.
-constexpr int lastBtFileIndex = 15;
-constexpr qreal btFileCount = 17.0;
 
 } // namespace
 
-// Returns false when the file is passed over without a word.
-bool qconnectfirmware::sendFile(const FirmwareDesc &task, const zelta::TaskTraits &traits,
-                                const Versions &versions)
+FileTransfer::FileTransfer(QConnectQmlPlugin &plugin, qconnectfirmware &engine, TransferState &state,
+                           const FirmwareDesc &task, const FirmwareVersions &versions)
+    : m_plugin(plugin)
+    , m_engine(engine)
+    , m_state(state)
+    , m_task(task)
+    , m_traits(*traitsOf(task.kind))
+    , m_versions(versions)
+    , m_file(task.path)
+{}
+
+bool FileTransfer::run()
 {
-    QFile file(task.path);
-    if (!zelta::openForReading(file)) {
-        pushLogLine(QStringLiteral("can't open file"));
-        m_transferStatus = statusNotOpened;
+    if (!openForReading(m_file)) {
+        m_engine.pushLogLine(QStringLiteral("can't open file"));
+        logUnreadable(m_file);
+        m_state.noteUnopenedFile();
         return true;
     }
-    pushLogLine(QStringLiteral("file is open"));
-    resetFileState();
-
-    const qint64 announcedSize = file.size();
-    if (!sendStart(task, traits.content, announcedSize))
+    m_engine.pushLogLine(QStringLiteral("file is open"));
+    m_state.beginFile();
+    m_size = m_file.size();
+    if (!sendStart())
         return false;
-    reportStart(task.kind, versions);
-    const quint32 checksum = sendData(file, announcedSize, task, traits);
-    file.close();
+    if (m_traits.started) {
+        Q_EMIT m_engine.internalUpdateStarted();
+        Q_EMIT(m_engine.*m_traits.started)(m_versions.device, m_versions.file);
+    }
+    Outcome outcome = sendData();
+    m_file.close();
 
-    if (m_abortRequested) {
-        pushLogLine(QStringLiteral("transfer was aborted no end packet"));
-        if (task.kind == zelta::ImportSoundBankTask || task.kind == zelta::ImportWaveSampleTask)
-            reportImportEnd(task.slot);
+    // Decided here, once: a task that is queued later withdraws the abort, but not for this file.
+    if ((outcome == Outcome::EndOfFile || outcome == Outcome::Refused) && !sendEnd())
+        outcome = Outcome::Aborted;
+    const bool aborted = outcome == Outcome::Aborted || outcome == Outcome::ReadFailed;
+    const FileEnd end = m_state.fileEnd();
+    if (aborted) {
+        m_engine.pushLogLine(QStringLiteral("transfer was aborted no end packet"));
+        QString reason = QStringLiteral("status 0x%1").arg(end.status, 0, 16);
+        if (m_state.isStopped())
+            reason = QStringLiteral("the object is deleted");
+        else if (outcome == Outcome::ReadFailed)
+            reason = QStringLiteral("read failed");
+        qCInfo(lcTransfer) << m_task.path << "aborted:" << qPrintable(reason);
+    }
+    if (m_traits.reportEnd && (!aborted || m_traits.reportsAbort))
+        m_traits.reportEnd(m_engine, end, m_task.slot, m_versions.file);
+    return true;
+}
+
+bool FileTransfer::sendStart()
+{
+    DATA_PACKET packet(startPacketKind, m_traits.content);
+    packet.setStart(quint32(m_size));
+    if (m_task.slot == noSlot) {
+        m_engine.pushLogLine(QStringLiteral("send start packet"));
     } else {
-        sendEnd(traits, checksum);
-        reportEnd(task, versions);
-    }
-    return true;
-}
-
-void qconnectfirmware::resetFileState()
-{
-    m_currentPacket = 0;
-    m_logLines.clear();
-    const QMutexLocker locker(&m_retransmitMutex);
-    m_retransmitCount = 0;
-    m_retransmitRequested = false;
-    m_stopRequested = false;
-}
-
-// Returns false, sending nothing, for content that has no form with a slot.
-bool qconnectfirmware::sendStart(const FirmwareDesc &task, quint16 content, qint64 size)
-{
-    DATA_PACKET packet(zelta::startPacketKind, content);
-    packet.setStart(quint32(size));
-    if (task.slot == noSlot) {
-        pushLogLine(QStringLiteral("send start packet"));
-        m_plugin->writeBinaryData(packet);
-        return true;
-    }
-
-    packet.setSlot(quint32(task.slot));
-    pushLogLine(QStringLiteral("send start packet for slot based transfer"));
-    switch (content) {
-    case zelta::importSoundBankContent:
-        pushLogLine(QStringLiteral("/ToDo set ID "));
-        packet.setFileName(task.name);
-        break;
-    case zelta::importWaveSampleContent: {
-        const QString fileName = task.path.mid(task.path.lastIndexOf(QLatin1Char('/')) + 1);
-        pushLogLine(QStringLiteral("set fileName %1").arg(fileName));
-        packet.setFileName(fileName);
-        break;
-    }
-    case zelta::btFirmwareContent: break;
-    default: pushLogLine(QStringLiteral("undefined Type use slot!!! ignore file")); return false;
-    }
-    m_plugin->writeBinaryData(packet);
-    return true;
-}
-
-void qconnectfirmware::reportStart(int kind, const Versions &versions)
-{
-    if (kind == zelta::ZeltaFirmwareTask) {
-        Q_EMIT internalUpdateStarted();
-        Q_EMIT zeltaFirmwareUpdateStarted(versions.device, versions.file);
-    } else if (kind == zelta::TriggerFirmwareTask) {
-        Q_EMIT internalUpdateStarted();
-        Q_EMIT triggerFirmwareUpdateStarted(versions.device, versions.file);
-    }
-}
-
-// Streams the file until its end, a refusal or an abort. A pass that meets an abort is still completed: the
-// engine sees the packet, empty if need be. Returns the checksum of all that was sent.
-quint32 qconnectfirmware::sendData(QFile &file, qint64 announcedSize, const FirmwareDesc &task,
-                                   const zelta::TaskTraits &traits)
-{
-    // A file that has become shorter is not at its end before the announced one: reading there yields nothing
-    // and aborts, so that the engine does not take a part for the whole.
-    const auto atEnd = [&file, announcedSize] {
-        return file.pos() >= announcedSize && file.atEnd();
-    };
-
-    quint32 checksum = 0;
-    qint64 size = announcedSize;
-    while (!atEnd() && !m_abortRequested && !m_stopRequested) {
-        DATA_PACKET packet(zelta::dataPacketKind, traits.content);
-        if (!prepareData(file, task, traits.chunkBytes))
-            continue;
-
-        QByteArray chunk = file.read(traits.chunkBytes);
-        if (chunk.isEmpty()) {
-            pushLogLine(QStringLiteral("read returns 0 bytes --> abort"));
-            m_abortRequested = true;
+        packet.setSlot(quint32(m_task.slot));
+        m_engine.pushLogLine(QStringLiteral("send start packet for slot based transfer"));
+        if (!m_traits.appendName) {
+            m_engine.pushLogLine(QStringLiteral("undefined Type use slot!!! ignore file"));
+            return false;
         }
-        pushLogLine(QStringLiteral("current packet %1").arg(m_currentPacket));
-        if (chunk.size() % 2 != 0)
-            chunk.append('\0');
-        // Chunks that are sent again count again; the engine sums up what it receives.
-        if (traits.checksum)
-            checksum += zelta::chunkChecksum(chunk);
+        m_traits.appendName(m_engine, packet, m_task);
+    }
+    m_plugin.writeBinaryData(packet);
+    return true;
+}
 
-        m_taskMutex.lock();
-        packet.setData(m_currentPacket, chunk);
-        m_plugin->writeBinaryData(packet);
+FileTransfer::Outcome FileTransfer::sendData()
+{
+    Outcome outcome = Outcome::EndOfFile;
+    while (outcome == Outcome::EndOfFile && !atEnd()) {
+        if (m_state.isAbortRequested())
+            outcome = Outcome::Aborted;
+        else if (m_state.isStopRequested())
+            outcome = Outcome::Refused;
+        else if (!sendNextData())
+            outcome = Outcome::ReadFailed;
+    }
+    reportProgress();
+    return outcome;
+}
+
+// QFile::atEnd() compares with a cached size and does not notice that a file has become shorter.
+bool FileTransfer::atEnd()
+{
+    m_size = m_file.size();
+    return m_file.pos() >= m_size;
+}
+
+// Sends one data packet, unless the engine has refused the data. Returns false when the file cannot be read;
+// the packet is sent nevertheless, without a chunk if nothing was read.
+bool FileTransfer::sendNextData()
+{
+    bool readable = true;
+    if (const std::optional<quint32> packet = m_state.retransmitFrom())
+        readable = rewind(*packet);
+    if (m_state.isStopRequested()) {
+        m_engine.pushLogLine(QStringLiteral("stop data transfer"));
+        return readable;
+    }
+    const QByteArray chunk = m_file.read(m_traits.chunkBytes);
+    if (chunk.isEmpty()) {
+        m_engine.pushLogLine(QStringLiteral("read returns 0 bytes --> abort"));
+        m_state.abort();
+        readable = false;
+    } else {
+        // The position exceeds the size if the file has grown meanwhile, or has become shorter while its
+        // content was buffered.
+        m_size = qMax(m_size, m_file.pos());
+    }
+    sendChunk(chunk);
+    if (m_traits.reportProgress && m_size > 0)
+        m_newProgress.push_back(qreal(m_file.pos()) / qreal(m_size));
+    if (m_currentPacket % packetsPerPause == 0)
+        pause();
+    return readable;
+}
+
+// Continues with this packet, after the pause before a resend.
+bool FileTransfer::rewind(quint32 packet)
+{
+    const bool sought = m_file.seek(qint64(m_traits.chunkBytes) * packet);
+    if (!sought) {
+        m_engine.pushLogLine(QStringLiteral("seek failed --> abort"));
+        m_state.abort();
+    }
+    m_currentPacket = packet;
+    m_engine.pushLogLine(QStringLiteral("retransmit at %1").arg(m_currentPacket));
+    reportProgress();
+    QThread::sleep(retransmitPauseS);
+    // Requests that arrived during the pause refer to the stream before it.
+    m_state.clearRetransmit();
+    return sought;
+}
+
+void FileTransfer::sendChunk(const QByteArray &chunk)
+{
+    m_engine.pushLogLine(QStringLiteral("current packet %1").arg(m_currentPacket));
+    QByteArray padded = chunk;
+    if (padded.size() % 2 != 0)
+        padded.append('\0');
+    // A chunk that is sent again counts again, as the protocol defines.
+    if (m_traits.checksum)
+        m_checksum += chunkChecksum(padded);
+    m_state.whileLocked([&] {
+        DATA_PACKET packet(dataPacketKind, m_traits.content);
+        packet.setData(m_currentPacket, padded);
+        m_plugin.writeBinaryData(packet);
         ++m_currentPacket;
-        m_taskMutex.unlock();
-
-        // The file may grow. Asking the file system for every packet would make the stream slower than its
-        // pauses, so it is asked where the known size is exceeded.
-        if (file.pos() > size)
-            size = qMax(size, file.size());
-        if (size > 0)
-            m_untoldProgress.push_back(qreal(file.pos()) / qreal(size));
-        if (m_currentPacket % packetsPerPause == 0) {
-            const zelta::Pause pause(std::chrono::milliseconds(traits.pauseMs));
-            reportProgress(task);
-            pause.finish();
-        }
-    }
-    reportProgress(task);
-    return checksum;
+    });
 }
 
-// Goes back to where the engine wants the data from, if it asked. Returns false when it wants no more.
-bool qconnectfirmware::prepareData(QFile &file, const FirmwareDesc &task, int chunkBytes)
+// Emits the progress signals within the pause.
+void FileTransfer::pause()
 {
-    QMutexLocker locker(&m_retransmitMutex);
-    if (m_retransmitRequested) {
-        if (!file.seek(qint64(chunkBytes) * m_retransmitFrom)) {
-            pushLogLine(QStringLiteral("seek failed --> abort"));
-            m_abortRequested = true;
-        }
-        m_currentPacket = m_retransmitFrom;
-        pushLogLine(QStringLiteral("retransmit at %1").arg(m_currentPacket));
-        locker.unlock();
-        reportProgress(task);
-        sleep(retransmitPauseS);
-        locker.relock();
-        // Requests that came during the pause were about the stream before it.
-        m_retransmitRequested = false;
-    }
-    if (m_stopRequested) {
-        pushLogLine(QStringLiteral("stop data transfer"));
+    const QDeadlineTimer end(m_traits.pauseMs, Qt::PreciseTimer);
+    reportProgress();
+    const qint64 left = end.remainingTimeNSecs();
+    if (left > 0)
+        QThread::usleep(static_cast<unsigned long>(left / 1000 + 1));
+}
+
+// Reports every packet since the previous call. A signal wakes the GUI thread, which takes longer than
+// sending a packet, so signals are emitted in pauses only.
+void FileTransfer::reportProgress()
+{
+    for (const qreal fraction : m_newProgress)
+        m_traits.reportProgress(m_engine, m_task.slot, fraction);
+    m_newProgress.clear();
+}
+
+// Returns false after an abort; the end packet is not sent then.
+bool FileTransfer::sendEnd()
+{
+    m_engine.pushLogLine(QStringLiteral("send end packet"));
+    const std::optional<bool> answered = m_state.finish(
+        [this] {
+            DATA_PACKET packet(endPacketKind, m_traits.content);
+            packet.setEnd(m_checksum);
+            m_plugin.writeBinaryData(packet);
+            m_engine.pushLogLine(QStringLiteral("wait for answer: %1").arg(m_traits.endWaitMs));
+        },
+        m_traits.endWaitMs);
+    if (!answered)
         return false;
+    if (!*answered)
+        m_engine.pushLogLine(QStringLiteral("timeout"));
+    if (m_traits.afterEndS > 0) {
+        m_engine.pushLogLine(QStringLiteral("wait after update"));
+        QThread::sleep(m_traits.afterEndS);
     }
     return true;
 }
 
-// Tells of every packet since the last time. To wake the thread that hears of it takes longer than to send a
-// packet, so it is done where the stream stands still.
-void qconnectfirmware::reportProgress(const FirmwareDesc &task)
-{
-    for (const qreal fraction : m_untoldProgress) {
-        switch (task.kind) {
-        case zelta::SoundBankTask: Q_EMIT soundTransferProgress(fraction); break;
-        case zelta::TriggerBankTask: Q_EMIT triggerTransferProgress(fraction); break;
-        case zelta::ImportSoundBankTask:
-        case zelta::ImportWaveSampleTask: Q_EMIT importSlotProgress(task.slot, fraction); break;
-        case zelta::BtFirmwareTask:
-            Q_EMIT btfwTransferProgress(task.slot <= lastBtFileIndex ? (task.slot + 1) / btFileCount : 0.0);
-            break;
-        default: break;
-        }
-    }
-    m_untoldProgress.clear();
-}
-
-void qconnectfirmware::sendEnd(const zelta::TaskTraits &traits, quint32 checksum)
-{
-    DATA_PACKET packet(zelta::endPacketKind, traits.content);
-    packet.setEnd(checksum);
-    pushLogLine(QStringLiteral("send end packet"));
-    {
-        const QMutexLocker locker(&m_taskMutex);
-        m_endFailed = false;
-        m_endStatus = 0;
-        m_plugin->writeBinaryData(packet);
-        pushLogLine(QStringLiteral("wait for answer: %1").arg(traits.endWaitMs));
-        if (!waitForAnswer(traits.endWaitMs)) {
-            pushLogLine(QStringLiteral("timeout"));
-            m_endFailed = true;
-        }
-    }
-    if (traits.afterEndS > 0) {
-        pushLogLine(QStringLiteral("wait after update"));
-        sleep(traits.afterEndS);
-    }
-}
+} // namespace zelta

@@ -33,7 +33,7 @@ quint16 littleEndianWord(const QByteArray &bytes, int offset)
 int zeltaFirmwareVersion(const QString &path)
 {
     const QByteArray prefix = QByteArrayLiteral("4810QN-");
-    constexpr int prefixToVersion = 10; // three letters of a variant stand between prefix and number
+    constexpr int prefixToVersion = 10; // three characters between prefix and number
 
     const QByteArray window = firstBytes(path, textWindow);
     const int start = window.indexOf(prefix);

@@ -1,5 +1,7 @@
 #include "transfer/inputfile.h"
 
+#include "transfer/logging.h"
+
 #include <QFile>
 
 #include <sys/stat.h>
@@ -8,7 +10,7 @@ namespace zelta {
 
 bool openForReading(QFile &file, QIODevice::OpenMode textMode)
 {
-    // QFile would log a warning.
+    // QFile logs a warning for an empty name.
     if (file.fileName().isEmpty())
         return false;
     struct stat status = {};
@@ -16,6 +18,13 @@ bool openForReading(QFile &file, QIODevice::OpenMode textMode)
     if (::stat(name.constData(), &status) == 0 && !S_ISREG(status.st_mode))
         return false;
     return file.open(QIODevice::ReadOnly | textMode);
+}
+
+void logUnreadable(const QFile &file)
+{
+    const QString reason =
+        file.error() == QFile::NoError ? QStringLiteral("not a regular file") : file.errorString();
+    qCInfo(lcTransfer) << file.fileName() << "cannot be opened:" << qPrintable(reason);
 }
 
 } // namespace zelta

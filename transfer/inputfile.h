@@ -6,9 +6,11 @@ class QFile;
 
 namespace zelta {
 
-/// Opens a file read-only, in text mode if asked for. Returns false when that fails, and for all that is no
-/// regular file: a named pipe waits for a writer and a device may have no end, which would hold the calling
-/// thread for ever.
+/// Opens a file read-only, in text mode if requested. Returns false when that fails, and for everything that
+/// is not a regular file: opening a named pipe waits for a writer, and a device may have no end.
 bool openForReading(QFile &file, QIODevice::OpenMode textMode = QIODevice::NotOpen);
+
+/// Writes one line to the log of transfers: why openForReading() returned false for the file.
+void logUnreadable(const QFile &file);
 
 } // namespace zelta

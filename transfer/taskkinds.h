@@ -1,13 +1,16 @@
 #pragma once
 
 #include "transfer/fileversions.h"
-#include "transfer/transferwords.h"
 
-#include <array>
+#include <QThread>
+
+class DATA_PACKET;
+class qconnectfirmware;
+struct FirmwareDesc;
 
 namespace zelta {
 
-/// What a transfer task does; the position in the table of traits.
+/// What a task does; the index of its row in the table of traits.
 enum TaskKind : int {
     ZeltaFirmwareTask,
     TriggerFirmwareTask,
@@ -19,50 +22,43 @@ enum TaskKind : int {
     SoundBankVersionTask,
     TriggerBankVersionTask,
     HihatRawValueTask,
+    TaskKindCount
 };
 
-/// The fixed parameters of one kind of task.
+/// How the transfer of a file ended.
+struct FileEnd
+{
+    bool failed;         ///< the end was not acknowledged, or acknowledged with an error
+    quint16 status;      ///< latest status of the engine
+    quint32 retransmits; ///< number of resends that the engine requested
+};
+
+/// The fixed parameters of one kind of task. A null function is a step that the kind does not have.
 struct TaskTraits
 {
-    quint16 query;           ///< word of the query that comes first, 0 for none
-    FileVersion fileVersion; ///< the version that must exceed the reply, null for none
-    quint16 content;         ///< content word of the file's packets, 0 when there is no file
-    int chunkBytes;          ///< file bytes per data packet, an even number
-    unsigned long pauseMs;   ///< after every tenth data packet
-    int endWaitMs;           ///< longest wait for the end acknowledgement
-    bool checksum;           ///< whether the end packet carries the sum of what was sent
-    unsigned long afterEndS; ///< sleep after the end, while the engine restarts
+    TaskKind kind;
+    quint16 query;                     ///< tag of the query that is sent first, 0 for none
+    FileVersion fileVersion = nullptr; ///< version of the file; must be higher than the reply
+    quint16 content = 0;               ///< content tag of the file's packets, 0 for a kind without a file
+    int chunkBytes = 0;                ///< file bytes per data packet, an even number
+    int pauseMs = 0;                   ///< after every tenth data packet
+    int endWaitMs = 0;                 ///< longest wait for the end acknowledgement
+    bool checksum = false;             ///< the end packet carries the sum of the sent chunks, otherwise 0
+    unsigned long afterEndS = 0;       ///< pause after the end
+
+    /// Appends the fields after the slot number of the start packet. Null: no start packet with a slot.
+    void (*appendName)(qconnectfirmware &engine, DATA_PACKET &packet, const FirmwareDesc &task) = nullptr;
+    /// Signal that is emitted after the start packet.
+    void (qconnectfirmware::*started)(int deviceVersion, int fileVersion) = nullptr;
+    /// Emits the progress of one data packet.
+    void (*reportProgress)(qconnectfirmware &engine, int slot, qreal fraction) = nullptr;
+    /// Emits the signals at the end of a file.
+    void (*reportEnd)(qconnectfirmware &engine, const FileEnd &end, int slot, int fileVersion) = nullptr;
+    bool reportsAbort = false;                            ///< reportEnd is also called after an abort
+    QThread::Priority priority = QThread::NormalPriority; ///< of the thread when the task starts it
 };
 
-constexpr int standardChunk = 512;
-constexpr int soundBankChunk = 1024;
-constexpr int standardEndWait = 15000;
-// A sound bank is programmed into flash before it is acknowledged.
-constexpr int soundBankEndWait = 600000;
-
-// clang-format off
-constexpr std::array<TaskTraits, 10> taskTraits = {{
-    // query                  file version            content                  chunk           pause  end wait         sum    after
-    {zeltaVersionQuery,       zeltaFirmwareVersion,   zeltaFirmwareContent,    standardChunk,  10,    standardEndWait,  false, 20},
-    {triggerVersionQuery,     triggerFirmwareVersion, triggerFirmwareContent,  standardChunk,  10,    standardEndWait,  true,  0},
-    {0,                       nullptr,                soundBankContent,        soundBankChunk, 7,     soundBankEndWait, true,  0},
-    {0,                       nullptr,                triggerBankContent,      standardChunk,  15,    standardEndWait,  true,  0},
-    {0,                       nullptr,                importSoundBankContent,  standardChunk,  7,     standardEndWait,  true,  0},
-    {0,                       nullptr,                importWaveSampleContent, standardChunk,  7,     standardEndWait,  true,  0},
-    {0,                       nullptr,                btFirmwareContent,       standardChunk,  1,     standardEndWait,  false, 0},
-    {soundBankVersionQuery,   nullptr,                0,                       0,              0,     0,                false, 0},
-    {triggerBankVersionQuery, nullptr,                0,                       0,              0,     0,                false, 0},
-    {hihatRawValueQuery,      nullptr,                0,                       0,              0,     0,                false, 0},
-}};
-// clang-format on
-static_assert(taskTraits[BtFirmwareTask].content == btFirmwareContent &&
-                  taskTraits[HihatRawValueTask].query == hihatRawValueQuery,
-              "the kinds number the rows");
-
-/// The traits of a kind, null when there is no such kind.
-constexpr const TaskTraits *traitsOf(int kind)
-{
-    return kind >= 0 && kind < int(taskTraits.size()) ? &taskTraits[std::size_t(kind)] : nullptr;
-}
+/// Returns the traits of a kind, or null if there is no such kind.
+const TaskTraits *traitsOf(int kind);
 
 } // namespace zelta
