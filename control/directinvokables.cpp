@@ -16,7 +16,7 @@ void QConnectQmlPlugin::sendDirectNrpn(uchar firstByte, uchar secondByte, uchar 
     m_pad.sendNrpn(firstByte, secondByte, value, parameterChannel);
 }
 
-// Front panel
+// Front panel and mix input
 
 void QConnectQmlPlugin::setLedEnabled(int id, bool enable)
 {

@@ -2,28 +2,23 @@
 
 #include "link/midipacket.h"
 
-#include <QtEndian>
+#include <cstring>
 
 namespace {
 
-constexpr int eventSize = 4;
+constexpr int eventSize = int(sizeof(MIDI_DATA));
 constexpr char sysExStart = '\xF0';
 constexpr char sysExEnd = '\xF7';
 
-// The code index of an event tells how the message goes on. The engine expects it to be chosen by the number
-// of values still to come, not counting the start and end bytes, which is not always what USB-MIDI would
-// choose.
+// Code index of an event that begins with this many values left. The start and end bytes are not counted, so
+// it differs from the USB-MIDI rule for some lengths.
 char sysExCodeIndex(int valuesLeft)
 {
-    constexpr char startsOrContinues = 0x04;
-    constexpr char endsWithOneByte = 0x05;
-    constexpr char endsWithTwoBytes = 0x06;
-    constexpr char endsWithThreeBytes = 0x07;
     switch (valuesLeft) {
-    case 0: return endsWithOneByte;
-    case 1: return endsWithTwoBytes;
-    case 2: return endsWithThreeBytes;
-    default: return startsOrContinues;
+    case 0: return 0x05;  // ends with one byte
+    case 1: return 0x06;  // ends with two bytes
+    case 2: return 0x07;  // ends with three bytes
+    default: return 0x04; // starts or continues
     }
 }
 
@@ -31,24 +26,28 @@ char sysExCodeIndex(int valuesLeft)
 
 void QConnectQmlPlugin::sendSysEx(const QList<int> &packetValues)
 {
-    QByteArray payload;
+    QByteArray events;
     const int count = packetValues.size();
     for (int i = 0; i <= count; ++i) {
-        if (payload.size() % eventSize == 0)
-            payload.append(sysExCodeIndex(count - i));
+        if (events.size() % eventSize == 0)
+            events.append(sysExCodeIndex(count - i));
         if (i == 0)
-            payload.append(sysExStart);
+            events.append(sysExStart);
         if (i < count)
-            payload.append(char(packetValues.at(i)));
+            events.append(char(packetValues.at(i)));
     }
-    payload.append(sysExEnd);
-    while (payload.size() % eventSize != 0)
-        payload.append('\0');
+    events.append(sysExEnd);
+    while (events.size() % eventSize != 0)
+        events.append('\0');
 
-    QByteArray header(eventSize, '\0');
-    qToBigEndian<quint16>(zelta::midiPacketHeader, header.data());
-    qToBigEndian<quint16>(quint16(payload.size() / eventSize), header.data() + 2);
-    writeBinaryData(header + payload);
+    const int eventCount = events.size() / eventSize;
+    MIDI_PACKET packet(zelta::midiPacketHeader, quint16(eventCount));
+    for (int i = 0; i < eventCount; ++i) {
+        MIDI_DATA event;
+        std::memcpy(&event, events.constData() + i * eventSize, sizeof(event));
+        packet.setData(i, event);
+    }
+    writeMidiData(packet);
 }
 
 void QConnectQmlPlugin::forwardTestCommand(const QString &high, const QString &low, const QString &value)

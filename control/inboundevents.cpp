@@ -1,13 +1,15 @@
 #include "control/qconnectqmlplugin.h"
 
-#include "link/eventkind.h"
-#include "link/logging.h"
+#include "control/logging.h"
+#include "link/inboundtags.h"
+
+#include <QPointer>
 
 namespace {
 
 enum MeterSection : quint16 { MasterSection = 0, MonitorSection = 1, HeadphoneSection = 2 };
 
-// The engine's level that QML shows as 1.0.
+// Level of the engine that a property shows as 1.0.
 constexpr double fullLevel = 70.0;
 
 double fraction(quint16 level)
@@ -15,7 +17,7 @@ double fraction(quint16 level)
     return level / fullLevel;
 }
 
-// Stores value in field; true when that changed it.
+// Stores the value. Returns true if the field had another value.
 template<typename T>
 bool assign(T &field, T value)
 {
@@ -43,7 +45,7 @@ void QConnectQmlPlugin::udpPacket(quint16 id, quint16 idx, quint16 data)
 void QConnectQmlPlugin::updateNote(quint32 note)
 {
     m_state.note = note;
-    // A pad struck twice alike is two hits, so this one is told even when the value stays the same.
+    // Also emitted without a change: two equal strikes are two hits.
     Q_EMIT noteChanged();
 }
 
@@ -74,15 +76,14 @@ void QConnectQmlPlugin::updateTempo(quint16 tempo)
 
 void QConnectQmlPlugin::updateSampleFlashSize(quint16 lo, quint16 hi)
 {
-    // Two readings of one event: the whole memory is counted in 16-bit words by both numbers together, the
-    // memory for samples in blocks of 128 KiB by the low one alone.
-    constexpr quint32 bytesPerWord = 2;
-    constexpr int blockShift = 17;
-    const quint32 total = ((quint32(hi) << 16) | lo) * bytesPerWord;
-    const quint32 samples = quint32(lo) << blockShift;
+    // Both formulas are intended: the total is twice the 32-bit number, the other size is lo * 128 KiB.
+    const quint32 total = ((quint32(hi) << 16) | lo) * 2;
+    const quint32 samples = quint32(lo) << 17;
+    // A handler of the first signal may delete this object.
+    const QPointer<QConnectQmlPlugin> self(this);
     if (assign(m_state.totalFlashSize, total))
         Q_EMIT totalSampleFlashSizeChanged();
-    if (assign(m_state.flashSize, samples))
+    if (self && assign(m_state.flashSize, samples))
         Q_EMIT sampleFlashSizeChanged();
 }
 

@@ -4,7 +4,7 @@
 
 namespace zelta {
 
-/// Last compressor report of one section, each level as a fraction of the engine's level 70.
+/// Last meter report of one compressor. The engine's level 70 is 1.0.
 struct CompressorMeters
 {
     double inL = 0.0;
@@ -15,7 +15,7 @@ struct CompressorMeters
     double outR = 0.0;
 };
 
-/// Last output report, each level as a fraction of the engine's level 70.
+/// Last meter report of the outputs. The engine's level 70 is 1.0.
 struct OutputMeters
 {
     double masterL = 0.0;
@@ -38,7 +38,7 @@ struct OutputMeters
     double usbInR = 0.0;
 };
 
-/// Front-panel switches and jack detection, true while pressed or plugged.
+/// Front-panel switches and jack detection, true while the engine reports a value other than 0.
 struct SwitchStates
 {
     bool power = false;
@@ -51,7 +51,7 @@ struct SwitchStates
     bool homeButton = false;
 };
 
-/// All that the sound engine has reported and QML reads as properties. Only the GUI thread touches it.
+/// Last values that the sound engine reported, as QML reads them. Used in the GUI thread only.
 struct InboundState
 {
     quint32 note = 0;

@@ -4,8 +4,6 @@
 
 using zelta::parameterChannel;
 
-// Metronome
-
 void QConnectQmlPlugin::setMetronomeClick(uchar tone)
 {
     m_metronome.setMetronomeClickSoundSelection(tone, parameterChannel);

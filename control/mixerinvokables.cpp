@@ -4,8 +4,6 @@
 
 using zelta::parameterChannel;
 
-// Mixer
-
 void QConnectQmlPlugin::setSnareStyle(uchar style)
 {
     m_volume.setSnareStyle(style, parameterChannel);

@@ -41,7 +41,7 @@ void QConnectQmlPlugin::setInstrumentSecondFineTuning(uchar fineTuning, uchar no
     m_padInstrument.setInstrumentSecondFineTuning(fineTuning, note, parameterChannel);
 }
 
-// Pad envelope and second sound
+// Pad envelope, second sound and MIDI note
 
 void QConnectQmlPlugin::setPadExtraAttackTime(uchar value, uchar note)
 {

@@ -4,7 +4,7 @@
 
 namespace zelta {
 
-/// Parameter traffic goes out on MIDI channel 10, 9 counted from zero.
+/// Channel of all parameter messages: MIDI channel 10, counted from 0.
 constexpr quint8 parameterChannel = 9;
 
 } // namespace zelta

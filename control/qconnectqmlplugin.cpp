@@ -4,7 +4,7 @@
 
 QConnectQmlPlugin::QConnectQmlPlugin(QQuickItem *parent)
     : QQuickItem(parent)
-    , m_link(new SocketTransceiver())
+    , m_link(std::make_unique<SocketTransceiver>())
 {
     connectPads();
     connectLink();
@@ -13,11 +13,10 @@ QConnectQmlPlugin::QConnectQmlPlugin(QQuickItem *parent)
 
 QConnectQmlPlugin::~QConnectQmlPlugin()
 {
-    // The transfer thread sends through the link, so it has to end before the link goes; the link goes before
-    // all else, so that no event of the engine reaches a half-destroyed object.
+    // The transfer thread sends through the link, so it must end first. The link is destroyed before all
+    // other members, so that no event of the engine reaches a partly destroyed object.
     m_firmware.stop();
-    delete m_link;
-    m_link = nullptr;
+    m_link.reset();
 }
 
 void QConnectQmlPlugin::connectPads()
@@ -31,22 +30,22 @@ void QConnectQmlPlugin::connectPads()
 
 void QConnectQmlPlugin::connectLink()
 {
-    connect(m_link, SIGNAL(sockUdpPacketArrived(quint16, quint16, quint16)), this,
+    connect(m_link.get(), SIGNAL(sockUdpPacketArrived(quint16, quint16, quint16)), this,
             SLOT(udpPacket(quint16, quint16, quint16)));
-    connect(m_link,
+    connect(m_link.get(),
             SIGNAL(sockCompPacketArrived(quint16, quint16, quint16, quint16, quint16, quint16, quint16)),
             this, SLOT(updateComp(quint16, quint16, quint16, quint16, quint16, quint16, quint16)));
     connect(
-        m_link,
+        m_link.get(),
         SIGNAL(sockOutLevelPacketArrived(quint16, quint16, quint16, quint16, quint16, quint16, quint16,
                                          quint16, quint16, quint16, quint16, quint16, quint16, quint16,
                                          quint16, quint16, quint16, quint16)),
         this,
         SLOT(updateOuts(quint16, quint16, quint16, quint16, quint16, quint16, quint16, quint16, quint16,
                         quint16, quint16, quint16, quint16, quint16, quint16, quint16, quint16, quint16)));
-    connect(m_link, SIGNAL(receivedTestCommand(QString, QString, QString)), this,
+    connect(m_link.get(), SIGNAL(receivedTestCommand(QString, QString, QString)), this,
             SLOT(forwardTestCommand(QString, QString, QString)));
-    connect(m_link, SIGNAL(receivedSysEx(QString)), this, SLOT(forwardSysEx(QString)));
+    connect(m_link.get(), SIGNAL(receivedSysEx(QString)), this, SLOT(forwardSysEx(QString)));
 }
 
 void QConnectQmlPlugin::connectTransfers()

@@ -31,22 +31,27 @@
 #include <QStringList>
 #include <QVector>
 
+#include <memory>
+
 class DATA_PACKET;
 class MIDI_PACKET;
 struct RAW_PACKET;
 class SocketTransceiver;
 
-/// The back end of the touch screen: the one object that QML sees, as ZeltaConnect 1.0.
+/// The back end of the touch screen: the QML type ZeltaConnect 1.0. Used from the GUI thread only.
 ///
-/// Properties show what the sound engine last reported, signals tell that something arrived, methods change
-/// settings of the engine or queue a transfer. Everything here is used from the GUI thread. A method that
-/// changes a setting sends at once and awaits nothing: no value is checked beyond what the controllers say,
-/// and a datagram that gets lost is lost.
+/// Properties hold the values that the sound engine reported last. Methods change settings of the engine or
+/// queue a transfer. Signals report what arrived; a handler may call any method and may delete the object.
+///
+/// A method that changes a setting sends one datagram at once. It does not wait for an answer and reports no
+/// failure. Values are 0 to 127 in the device's own units and are sent unchecked, unless a comment says
+/// otherwise; a value above 127 is sent with bit 7 set. An argument `note` is the MIDI note of a pad.
+/// Arguments `mb` and `lb` are the high and the low byte of a routing.
 class QConnectQmlPlugin : public QQuickItem
 {
     Q_OBJECT
 
-    // Pads and tempo.
+    // Pads and metronome.
     Q_PROPERTY(uint note READ note NOTIFY noteChanged FINAL)
     Q_PROPERTY(uint afterTouchNote READ afterTouchNote NOTIFY afterTouchNoteChanged FINAL)
     Q_PROPERTY(uint position READ position NOTIFY positionChanged FINAL)
@@ -57,7 +62,7 @@ class QConnectQmlPlugin : public QQuickItem
     Q_PROPERTY(uint flashSize READ flashSize NOTIFY sampleFlashSizeChanged FINAL)
     Q_PROPERTY(uint totalFlashSize READ totalFlashSize NOTIFY totalSampleFlashSizeChanged FINAL)
 
-    // Compressor meters; 1.0 is the engine's level 70.
+    // Compressor meters; the engine's level 70 is 1.0.
     Q_PROPERTY(double padCpInL READ padCpInL NOTIFY padCpChanged FINAL)
     Q_PROPERTY(double padCpInR READ padCpInR NOTIFY padCpChanged FINAL)
     Q_PROPERTY(double padCpGrL READ padCpGrL NOTIFY padCpChanged FINAL)
@@ -83,7 +88,7 @@ class QConnectQmlPlugin : public QQuickItem
     Q_PROPERTY(double headCpOutL READ headCpOutL NOTIFY headCpChanged FINAL)
     Q_PROPERTY(double headCpOutR READ headCpOutR NOTIFY headCpChanged FINAL)
 
-    // Output meters; 1.0 is the engine's level 70.
+    // Output meters; the engine's level 70 is 1.0.
     Q_PROPERTY(double masterOutL READ masterOutL NOTIFY outputLevelsChanged FINAL)
     Q_PROPERTY(double masterOutR READ masterOutR NOTIFY outputLevelsChanged FINAL)
     Q_PROPERTY(double monitorOutL READ monitorOutL NOTIFY outputLevelsChanged FINAL)
@@ -103,7 +108,7 @@ class QConnectQmlPlugin : public QQuickItem
     Q_PROPERTY(double usbInLLevel READ usbInLLevel NOTIFY outputLevelsChanged FINAL)
     Q_PROPERTY(double usbInRLevel READ usbInRLevel NOTIFY outputLevelsChanged FINAL)
 
-    // Switches.
+    // Switches and jack detection; true while the engine reports a value other than 0.
     Q_PROPERTY(bool powerPressed READ powerPressed NOTIFY powerChanged FINAL)
     Q_PROPERTY(bool foot1Pressed READ foot1Pressed NOTIFY foot1Changed FINAL)
     Q_PROPERTY(bool foot2Pressed READ foot2Pressed NOTIFY foot2Changed FINAL)
@@ -113,7 +118,7 @@ class QConnectQmlPlugin : public QQuickItem
     Q_PROPERTY(bool mixInDetectPressed READ mixInDetectPressed NOTIFY mixInDetectChanged FINAL)
     Q_PROPERTY(bool homeButtonPressed READ homeButtonPressed NOTIFY homeButtonChanged FINAL)
 
-    // Versions, as display texts.
+    // Versions, formatted for display.
     Q_PROPERTY(QString zeltaFwVersion READ zeltaFwVersion NOTIFY zeltaVersionChanged)
     Q_PROPERTY(QString triggerFwVersion READ triggerFwVersion NOTIFY triggerVersionChanged)
     Q_PROPERTY(QString soundBankVersion READ soundBankVersion NOTIFY soundbankVersionChanged)
@@ -125,13 +130,13 @@ class QConnectQmlPlugin : public QQuickItem
     Q_PROPERTY(double btfwProgress READ btfwProgress NOTIFY btfwProgressChanged)
 
 public:
-    /// Waits for the sound engine (ten seconds at most), opens the link and connects everything.
+    /// Opens the link. Blocks the GUI thread until the sound engine answers a ping, for 10 s at most.
     explicit QConnectQmlPlugin(QQuickItem *parent = nullptr);
-    /// Ends a running transfer and the link, waiting for both threads.
+    /// Aborts a running transfer, closes the link and waits for both threads.
     ~QConnectQmlPlugin() override;
 
-    // The write path, for the controllers and the transfer engine. One datagram each; returns the number of
-    // bytes sent or -1. GUI thread; writeBinaryData(DATA_PACKET) is for the transfer thread.
+    // Write path. Each call sends one datagram and returns the number of bytes sent, or -1. Called in the GUI
+    // thread, writeBinaryData(const DATA_PACKET &) in the transfer thread.
 
     qint64 writeMidiData(const MIDI_PACKET &packet);
     qint64 writeBinaryData(const DATA_PACKET &packet);
@@ -210,45 +215,43 @@ public:
     double btfwProgress() const { return m_state.btfwProgress; }
 
     // Direct MIDI
-    // Notes, SysEx and free parameters for tests and tools. One or two datagrams each. sendSysEx() sends the
-    // low byte of each value; a message that exceeds a datagram, some 49,000 values, is not sent.
+    /// Sends a note on and a note off, one datagram each. The velocity is limited to 127.
     Q_INVOKABLE void sendMidiNote(uchar tone, uchar velocity);
+    /// Sends a SysEx message; the low bytes of the values are sent between its start and end byte. A message
+    /// of more than about 49,000 values exceeds a datagram and is not sent.
     Q_INVOKABLE void sendSysEx(const QList<int> &packetValues);
+    /// Sets the parameter with the given number, high byte first. The value is limited to 127.
     Q_INVOKABLE void sendDirectNrpn(uchar firstByte, uchar secondByte, uchar value);
 
     // Metronome
-    // Tempo in beats per minute; routing words are sent as their high and low byte.
-    Q_INVOKABLE void setMetronomeClick(uchar tone);
+    Q_INVOKABLE void setMetronomeClick(uchar tone); ///< click sound
     Q_INVOKABLE void setMetronomeClickLevel(uchar level);
-    Q_INVOKABLE void setMetronomeTempo(ushort tempo);
+    Q_INVOKABLE void setMetronomeTempo(ushort tempo); ///< beats per minute, 20 to 275
     Q_INVOKABLE void setMetronomeTimeSignatureNum(uchar numerator);
     Q_INVOKABLE void setMetronomeTimeSignatureDen(uchar denominator);
-    Q_INVOKABLE void setMetronomeInterval(uchar interval);
+    Q_INVOKABLE void setMetronomeInterval(uchar interval); ///< subdivision of the beat
     Q_INVOKABLE void setMetronomeActive(bool active);
     Q_INVOKABLE void setMetronomeTap(bool tap);
     Q_INVOKABLE void setMetronomeClickRouting(uchar mb, uchar lb);
-    Q_INVOKABLE void setMetronomeTapNote1(uchar note);
-    Q_INVOKABLE void setMetronomeTapNote2(uchar note);
+    Q_INVOKABLE void setMetronomeTapNote1(uchar note); ///< MIDI note
+    Q_INVOKABLE void setMetronomeTapNote2(uchar note); ///< MIDI note
     Q_INVOKABLE void setMetronomeAccent(bool accent);
 
-    // Front panel
-    // LED numbers and brightness as the panel counts them.
-    Q_INVOKABLE void setLedEnabled(int id, bool enable);
+    // Front panel and mix input
+    Q_INVOKABLE void setLedEnabled(int id, bool enable); ///< LED number, 0 to 65535
     Q_INVOKABLE void setLedBrightness(uchar level);
-    Q_INVOKABLE void sendMidiMixInputGain(uchar gain);
+    Q_INVOKABLE void sendMidiMixInputGain(uchar gain); ///< sends two datagrams
 
     // Mixer
-    // Levels and balances, 0 to 127. Direct outputs have an index from 0, which is sent unchecked.
-    // requestOutsUpdate() asks for a fresh report of the output levels.
-    Q_INVOKABLE void setSnareStyle(uchar style);
+    Q_INVOKABLE void setSnareStyle(uchar style); ///< 0 to 2; higher values are sent as 2
     Q_INVOKABLE void setXFadeBalance(uchar balance);
     Q_INVOKABLE void setMixInLevel(uchar level);
     Q_INVOKABLE void setSynthMasterLevel(uchar level);
-    Q_INVOKABLE void setMasterOutBalance(uchar balance);
+    Q_INVOKABLE void setMasterOutBalance(uchar balance); ///< 0 to 127; 1 is sent as 0
     Q_INVOKABLE void setMasterOutLevel(uchar level);
-    Q_INVOKABLE void setMonitorOutBalance(uchar balance);
+    Q_INVOKABLE void setMonitorOutBalance(uchar balance); ///< 0 to 127; 1 is sent as 0
     Q_INVOKABLE void setMonitorOutLevel(uchar level);
-    Q_INVOKABLE void setHeadphoneOutBalance(uchar balance);
+    Q_INVOKABLE void setHeadphoneOutBalance(uchar balance); ///< 0 to 127; 1 is sent as 0
     Q_INVOKABLE void setHeadphoneOutLevel(uchar level);
     Q_INVOKABLE void setSongLevel(uchar level);
     Q_INVOKABLE void setPlaybackRouting(uchar mb, uchar lb);
@@ -262,12 +265,12 @@ public:
     Q_INVOKABLE void setDirectOut8Level(uchar level);
     Q_INVOKABLE void setSpdifOutLevel(uchar level);
     Q_INVOKABLE void setUsbInLevel(uchar level);
-    Q_INVOKABLE void setDirectOutMode(uchar index, uchar mode);
-    Q_INVOKABLE void requestOutsUpdate();
-    Q_INVOKABLE void setDrumKitVolume(uchar level);
+    Q_INVOKABLE void setDirectOutMode(uchar index, uchar mode); ///< index from 0, not checked
+    Q_INVOKABLE void requestOutsUpdate();                       ///< requests one report of the output meters
+    Q_INVOKABLE void setDrumKitVolume(uchar level);             ///< limited to 127
 
     // Pad equaliser
-    // Addressed by the pad's note, which comes first. Gain in dB, -15 to 15; Q 0.1 to 8.
+    // Gain in dB, limited to -15...15; Q limited to 0.1...8; frequency 0 to 16383.
     Q_INVOKABLE void setPadEqActive(uchar note, bool active);
     Q_INVOKABLE void setPadEqLowFreq(uchar note, uint frequency);
     Q_INVOKABLE void setPadEqLowGain(uchar note, int gain);
@@ -278,7 +281,6 @@ public:
     Q_INVOKABLE void setPadEqMid1Q(uchar note, double q);
 
     // Pad compressor
-    // Addressed by the pad's note, which comes last. requestPadUpdate() asks for the pad's meters.
     Q_INVOKABLE void setPadCpActive(bool active, uchar note);
     Q_INVOKABLE void setPadCpAttackTime(uchar value, uchar note);
     Q_INVOKABLE void setPadCpReleaseTime(uchar value, uchar note);
@@ -286,7 +288,7 @@ public:
     Q_INVOKABLE void setPadCpRatio(uchar value, uchar note);
     Q_INVOKABLE void setPadCpBoost(uchar value, uchar note);
     Q_INVOKABLE void setPadCpKnee(uchar value, uchar note);
-    Q_INVOKABLE void requestPadUpdate(uchar note);
+    Q_INVOKABLE void requestPadUpdate(uchar note); ///< requests one report of the pad's compressor meters
 
     // Pad instrument
     // Coarse tuning in semitones, -64 to 63.
@@ -298,29 +300,28 @@ public:
     Q_INVOKABLE void setInstrumentSecondCoarseTuning(signed char tuning, uchar note);
     Q_INVOKABLE void setInstrumentSecondFineTuning(uchar fineTuning, uchar note);
 
-    // Pad envelope and second sound
-    // setPadExtraCrossfeedBuzz() sends nothing; the second sound is selected with two datagrams.
+    // Pad envelope, second sound and MIDI note
     Q_INVOKABLE void setPadExtraAttackTime(uchar value, uchar note);
     Q_INVOKABLE void setPadExtraEnvelopeReleaseTime(uchar value, uchar note);
-    Q_INVOKABLE void setPadExtraCrossfeedBuzz(uchar value, uchar note);
-    Q_INVOKABLE void setPadExtraSecondSoundActive(uchar value, uchar note);
-    Q_INVOKABLE void setPadExtraSecondSoundSelect(uint value, uchar note);
+    Q_INVOKABLE void setPadExtraCrossfeedBuzz(uchar value, uchar note);     ///< sends nothing
+    Q_INVOKABLE void setPadExtraSecondSoundActive(uchar value, uchar note); ///< on unless the value is 0
+    Q_INVOKABLE void setPadExtraSecondSoundSelect(uint value, uchar note);  ///< 0 to 16383; two datagrams
     Q_INVOKABLE void setPadExtraSecondSoundVolume(uchar value, uchar note);
     Q_INVOKABLE void setPadExtraSecondSoundAttack(uchar value, uchar note);
     Q_INVOKABLE void setPadExtraSecondSoundRelease(uchar value, uchar note);
-    Q_INVOKABLE void setPadMidiNote(uchar extNote, uchar note);
+    Q_INVOKABLE void setPadMidiNote(uchar extNote, uchar note); ///< extNote is the external MIDI note
 
     // Pad mixer
     Q_INVOKABLE void setPadMixerVolume(uchar value, uchar note);
     Q_INVOKABLE void setPadMixerAmbience(uchar value, uchar note);
-    Q_INVOKABLE void setPadMixerPanning(uchar value, uchar note);
+    Q_INVOKABLE void setPadMixerPanning(uchar value, uchar note); ///< 0 to 127; 1 is sent as 0
     Q_INVOKABLE void setPadMixerRoomReverb(uchar value, uchar note);
     Q_INVOKABLE void setPadMixerInstrumentReverb(uchar value, uchar note);
     Q_INVOKABLE void setPadMixerMultiFX(uchar value, uchar note);
     Q_INVOKABLE void setPadMixerMultiFXDirect(uchar mb, uchar lb, uchar note);
 
     // Master equaliser
-    // Gain in dB, -15 to 15; Q 0.1 to 8; both are limited.
+    // For all three outputs: gain in dB, limited to -15...15; Q limited to 0.1...8; frequency 0 to 16383.
     Q_INVOKABLE void setMasterEqActive(bool active);
     Q_INVOKABLE void setMasterEqLowFreq(uint frequency);
     Q_INVOKABLE void setMasterEqLowGain(int gain);
@@ -387,7 +388,7 @@ public:
     Q_INVOKABLE void setMonitorCpKnee(uchar knee);
 
     // Compressor meters
-    // Each asks the engine for one report of that section.
+    // Each method requests one report of the meters of that output.
     Q_INVOKABLE void requestMasterCpUpdate();
     Q_INVOKABLE void requestHeadCpUpdate();
     Q_INVOKABLE void requestMonitorCpUpdate();
@@ -407,7 +408,7 @@ public:
     Q_INVOKABLE void setInstrumentReverbGatedReverbThreshold(uchar threshold);
     Q_INVOKABLE void setInstrumentReverbType(uchar reverbType);
     Q_INVOKABLE void setInstrumentReverbSendToRoom(uchar send);
-    Q_INVOKABLE void setInstrumentReverbActive(uint active);
+    Q_INVOKABLE void setInstrumentReverbActive(uint active); ///< on unless the value is 0
 
     // Room reverb
     Q_INVOKABLE void setRoomReverbLevel(uchar level);
@@ -420,11 +421,11 @@ public:
     Q_INVOKABLE void setRoomReverbActive(bool active);
 
     // Multi-effect
-    // A parameter comes in display units with its range; with a type other than 0 it is already the device's
-    // number.
+    // setMultiFxParam...(): With type 0 the parameter is scaled from its range min...max, in display units,
+    // to 0...127. With any other type its integer part is sent, low eight bits.
     Q_INVOKABLE void setMultiFxLevel(uchar level);
     Q_INVOKABLE void setMultiFxType(uchar type);
-    Q_INVOKABLE void setMultiFxActive(uint active);
+    Q_INVOKABLE void setMultiFxActive(uint active); ///< on unless the value is 0
     Q_INVOKABLE void setMultiFxSendToRoom(uchar send);
     Q_INVOKABLE void setMultiFxParam0(double param0, double min, double max, int type);
     Q_INVOKABLE void setMultiFxParam1(double param1, double min, double max, int type);
@@ -437,29 +438,32 @@ public:
     Q_INVOKABLE void setRoomReverbRouting(uchar mb, uchar lb);
     Q_INVOKABLE void setMultiFxRouting(uchar mb, uchar lb);
 
-    // Program and switches
-    // setAutoOff() sends the low byte. The name is cut to 32 bytes and to as many bytes as it has characters.
+    // Program, power and bluetooth
     Q_INVOKABLE void setProgramNumber(uchar newProgram);
-    Q_INVOKABLE void sendPowerOff();
+    Q_INVOKABLE void sendPowerOff(); ///< switches the module off
     Q_INVOKABLE void setBluetoothSwitch(bool active);
-    Q_INVOKABLE void setAutoOff(int autoOff);
+    Q_INVOKABLE void setAutoOff(int autoOff); ///< the low eight bits are sent
     Q_INVOKABLE void setFixedHiHat(bool active);
+    /// Sends the same parameter as setBluetoothSwitch() with the values 64 and 63 in place of 1 and 0.
     Q_INVOKABLE void setBluetoothEnable(bool enable);
+    /// Bluetooth name of the module, in the local 8-bit encoding. The encoded name is cut to 32 bytes and to
+    /// as many bytes as the name has characters.
     Q_INVOKABLE void setBluetoothName(const QString &name);
 
-    // Transfers and versions
-    // Each queues one task for the transfer thread and returns at once; the outcome comes as a signal.
+    // Transfers and queries
+    // Each method queues one task and returns at once; signals report the outcome. Files are named by their
+    // path, not by a URL. Firmware is sent only if it is newer than the version that the engine reports.
     Q_INVOKABLE void sendZeltaFirmware(const QString &fileName);
     Q_INVOKABLE void sendTriggerFirmware(const QString &fileName);
     Q_INVOKABLE void sendSoundBank(const QString &fileName);
     Q_INVOKABLE void sendTriggerBank(const QString &fileName);
-    Q_INVOKABLE void requestSoundBankVersion();
-    Q_INVOKABLE void requestTriggerBankVersion();
-    Q_INVOKABLE void requestHHRawValue();
+    Q_INVOKABLE void requestSoundBankVersion();   ///< soundbankVersionChanged()
+    Q_INVOKABLE void requestTriggerBankVersion(); ///< triggerbankVersionChanged()
+    Q_INVOKABLE void requestHHRawValue();         ///< hihatRawValueChanged()
 
     // Catalogues
-    // parse...() return the content of a JSON file, empty when it cannot be read; backup...() copy a file to
-    // the catalogue and return 0, -1 (source unreadable) or -2 (catalogue cannot be opened for writing).
+    // parse...() return the content of a JSON file, empty if it cannot be read. backup...() copy a file over
+    // the catalogue and return 0, -1 (file cannot be read) or -2 (catalogue cannot be opened for writing).
     Q_INVOKABLE QString parseJsonFile(const QString &fileName);
     Q_INVOKABLE QJsonObject parseSoundBankList(const QString &fileName);
     Q_INVOKABLE QJsonObject parseTriggerBankList(const QString &fileName);
@@ -467,8 +471,9 @@ public:
     Q_INVOKABLE int backupTriggerBankList(const QString &fileName);
 
     // Sample slots and imports
-    // slotId is the name that the bank gets. Slot -1 sends a file without slot and name. What deletes does so
-    // at once, without an answer; slot information comes as udpPacketArrived(), memory as the flash sizes.
+    // Imports are queued like the transfers above, for slot 0 to 65535; slot -1 sends the file without slot
+    // and name. slotId is the name of the imported bank. Delete commands are sent at once. Replies to
+    // the requests are events: flash sizes change their properties, others are emitted as udpPacketArrived().
     Q_INVOKABLE void sendImportSoundBank(const QString &fileName, const QString &slotId, int slot);
     Q_INVOKABLE void sendImportWaveSample(const QString &fileName, int slot);
     Q_INVOKABLE void deleteIsSlot(uchar slot);
@@ -478,15 +483,13 @@ public:
     Q_INVOKABLE void requestIwSlotInfo(uchar slot);
     Q_INVOKABLE void requestMemInfo();
 
-    // Bluetooth firmware
-    // checkBtFw() returns 0 when every listed file exists, otherwise -1.
-    Q_INVOKABLE void sendBtFw(const QString &fileName);
-    Q_INVOKABLE int checkBtFw(const QStringList &fileNames);
-    Q_INVOKABLE void deepErase();
+    // Bluetooth firmware and deep erase
+    Q_INVOKABLE void sendBtFw(const QString &fileName);      ///< queues one file of the firmware
+    Q_INVOKABLE int checkBtFw(const QStringList &fileNames); ///< 0 if every file exists, otherwise -1
+    Q_INVOKABLE void deepErase();                            ///< sends the command at once
 
     // Trigger settings
-    // Addressed by the number of the trigger input, the first argument. sendTriggerTransferEnd() blocks for
-    // 100 ms.
+    // The argument note is the number of the trigger input here.
     Q_INVOKABLE void sendTriggerBankPreset(uchar note, uchar preset);
     Q_INVOKABLE void sendTriggerGain(uchar note, uchar gain);
     Q_INVOKABLE void sendTriggerThreshold(uchar note, uchar threshold);
@@ -503,8 +506,10 @@ public:
     Q_INVOKABLE void sendTriggerCurvePreset(uchar note, uchar curvePreset);
     Q_INVOKABLE void sendTriggerDynLevel(uchar note, uchar dynLevel);
     Q_INVOKABLE void sendTriggerDynTime(uchar note, uchar dynTime);
+    /// Sends the low 16 bits of curvePreset and the low byte of the first nine points of the curve. A curve
+    /// of fewer points is refused with a warning.
     Q_INVOKABLE void sendTriggerCurveData(uint curvePreset, const QVector<int> &curveData);
-    Q_INVOKABLE void sendTriggerTransferEnd(uchar note);
+    Q_INVOKABLE void sendTriggerTransferEnd(uchar note); ///< blocks the GUI thread for 100 ms
 
     // MIDI settings
     Q_INVOKABLE void setMidiInput(uchar midiInput);
@@ -518,7 +523,7 @@ public:
     Q_INVOKABLE void setKitVolumeChannel(uchar kitVolumeChannel);
 
 Q_SIGNALS:
-    // A front-panel pot was turned by one step.
+    // A front-panel pot has been turned by one step.
     void triggerPot0Inc();
     void triggerPot1Inc();
     void triggerPot2Inc();
@@ -528,18 +533,19 @@ Q_SIGNALS:
     void triggerPot2Dec();
     void triggerPot3Dec();
 
+    /// A pad was struck. Emitted for every strike, also when the property keeps its value.
     void noteChanged();
     void afterTouchNoteChanged();
     void positionChanged();
     void beatChanged();
 
-    /// An event that nothing else consumed; the transfer engine takes its acknowledgements from here.
+    /// An event without a property, such as an acknowledgement of a transfer or the information of a slot.
     void udpPacketArrived(ushort id, ushort idx, ushort data);
-    // Hand-over to the pot and pad controllers, not meant for QML.
+    // Internal: input of the pot and pad controllers.
     void potPacketArrived(ushort id, ushort idx, ushort data);
     void notePacketArrived(ushort id, ushort idx, ushort data);
 
-    // A version became known. Always emitted by the GUI thread.
+    // A version property has been set.
     void zeltaVersionChanged();
     void triggerVersionChanged();
     void soundbankVersionChanged();
@@ -560,7 +566,7 @@ Q_SIGNALS:
     void aux4Changed();
     void hpDetectChanged();
     void mixInDetectChanged();
-    /// The value is always 0; homeButtonPressed tells the state.
+    /// The value is always 0; read homeButtonPressed instead.
     void homeButtonChanged(int value);
 
     void tempoChanged();
@@ -570,28 +576,31 @@ Q_SIGNALS:
     void totalSampleFlashSizeChanged();
     void btfwProgressChanged();
 
-    /// The sound engine has taken its new firmware.
+    /// The sound engine has acknowledged its new firmware.
     void updateZeltaFwComplete();
 
     void waveTransferProgress(int slot, double progress);
-    /// An import has ended, with the engine's status. 0 alone does not prove that the file arrived: it is
-    /// also the status of an end that nobody acknowledged.
+    /// An import has ended with the engine's status. Status 0 does not prove that the file arrived: the
+    /// status is also 0 if the engine did not acknowledge the end of the file.
     void waveTransferComplete(int slot, ushort complete);
 
-    // Reserved for replies that the engine does not send yet; never emitted.
+    // Never emitted.
     void slotInfoReceived(int slot, const QString &fileId, const QString &slotType);
     void memInfoReceived(int value);
 
-    // A transfer has ended: 0 success, 0xFF no or bad end acknowledgement, else the engine's own status.
+    // A transfer has ended: 0 for success, 0xFF if its end was not acknowledged, or acknowledged with an
+    // error.
     void soundbankTransferComplete(ushort complete, uint retransmitCount);
     void triggerbankTransferComplete(ushort complete);
     void bluetoothTransferComplete(ushort complete);
 
-    /// A test command of the engine, two hex characters each.
+    /// A test command of the engine; each part is two hex digits.
     void testCommand(const QString &high, const QString &low, const QString &value);
-    /// A SysEx message of the engine, as hex text of its USB-MIDI events.
+    /// A SysEx message of the engine; the value is the hex text of its USB-MIDI events.
     void sysEx(const QString &value);
 
+    // Start and end of firmware updates, of either kind and of each kind. programChanged(): the engine has
+    // changed its program.
     void intFwUpdateStarted();
     void intFwUpdateFinished();
     void programChanged(int program);
@@ -616,7 +625,7 @@ private Q_SLOTS:
     void updateSwitch(quint16 switchNumber, quint16 value);
     void updateTempo(quint16 tempo);
 
-    // Progress and completion of transfers.
+    // Progress and completion of transfers; program change of the pad controller.
     void updateSoundTransferProgress(qreal progress);
     void updateTriggerTransferProgress(qreal progress);
     void updateBtFwTransferProgress(qreal progress);
@@ -639,15 +648,14 @@ private Q_SLOTS:
     void forwardSysEx(const QString &sysEx);
 
 private:
-    // The aux pads press aux 3 and aux 4 as the switches do.
+    // Calls updateSwitch() for the aux pads.
     friend class qconnectpad;
 
     void connectPads();
     void connectLink();
     void connectTransfers();
 
-    // Construction order, which start-up relies on: the pot and pad controllers connect themselves to this
-    // object. Destruction runs the other way round, after the link has gone.
+    // In the order of construction. The pot and pad controllers connect themselves to this object.
     qconnectled m_led{this, nullptr};
     qconnectpot m_pot{this, nullptr};
     qconnectpad m_pad{this, nullptr};
@@ -672,5 +680,5 @@ private:
     qconnectmidi m_midi{this, nullptr};
 
     zelta::InboundState m_state;
-    SocketTransceiver *m_link = nullptr;
+    std::unique_ptr<SocketTransceiver> m_link;
 };

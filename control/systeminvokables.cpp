@@ -4,7 +4,7 @@
 
 using zelta::parameterChannel;
 
-// Program and switches
+// Program, power and bluetooth
 
 void QConnectQmlPlugin::setProgramNumber(uchar newProgram)
 {

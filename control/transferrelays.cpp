@@ -1,6 +1,6 @@
 #include "control/qconnectqmlplugin.h"
 
-// What the transfer engine tells, handed to QML in the GUI thread.
+// Signals of the transfer engine, emitted again for QML in the GUI thread.
 
 void QConnectQmlPlugin::updateSoundTransferProgress(qreal progress)
 {
