@@ -2,15 +2,15 @@
 
 #include <QQmlExtensionPlugin>
 
-/// What the QML engine loads when a screen imports the module. Registers the one type and owns nothing.
+/// Plug-in that the QML engine loads when a screen imports the module. Registers the type ZeltaConnect.
 class ZeltaConnectPlugin : public QQmlExtensionPlugin
 {
     Q_OBJECT
-    // Written out, since Qt's own macro carries a version suffix in some releases and none in others; the
-    // record in the library is to read the same whatever it was built with.
+    // Not QQmlExtensionInterface_iid: its version suffix differs between Qt releases, and the metadata in the
+    // library is the same for all of them.
     Q_PLUGIN_METADATA(IID "org.qt-project.Qt.QQmlExtensionInterface")
 
 public:
-    /// Registers QConnectQmlPlugin as ZeltaConnect 1.0 under the given URI, whatever that is.
+    /// Registers QConnectQmlPlugin as ZeltaConnect 1.0 under the given URI. The URI is not checked.
     void registerTypes(const char *uri) override;
 };
