@@ -1,4 +1,4 @@
-// How the command lines of the engine are read: one row and one reader for each command.
+// The command table: one row and one reader function for each command.
 #pragma once
 
 #include "commands.h"
@@ -16,9 +16,9 @@ constexpr int largestByte = 0x7F;
 constexpr int largestWord = 0xFFFF;
 constexpr int anyNumberOfWords = std::numeric_limits<int>::max();
 
-using Run = std::function<QStringList(SoundEngine &)>;
+using Run = std::function<CommandResult(SoundEngine &)>;
 
-/// What a command's reader gets and gives back: an empty Run means that problem says why.
+/// Input and output of a reader function. When it returns an empty Run, problem says why.
 struct Reader
 {
     const QStringList &arguments;
@@ -35,19 +35,23 @@ struct CommandRow
     const char *name;
     const char *arguments;
     const char *help;
-    int least; ///< words that must and may follow the name
-    int most;
+    int least; ///< smallest number of arguments
+    int most;  ///< largest number of arguments
     Run (*read)(Reader &);
 };
 
-/// Commands that make the engine send something, and commands that set or show something.
+/// Commands that send something.
 const QVector<CommandRow> &sendCommands();
+/// Commands that set or show something.
 const QVector<CommandRow> &stateCommands();
 
-/// A command that sets something.
+/// A command that changes the engine and shows nothing.
 Run setting(const std::function<void(SoundEngine &)> &set);
 
-bool readOnOff(const QString &word, bool *on);
+bool readOnOff(const QString &text, bool *on);
+
+/// Reads two letters, or a number of more than two characters.
+bool readTag(const QString &word, quint16 *value);
 
 struct Named
 {

@@ -29,9 +29,10 @@ bool Reader::number(int index, int largest, int *value)
 {
     if (index < count() && readNumber(arguments.at(index), largest, value))
         return true;
-    problem = index < count()
-                  ? QStringLiteral("\"%1\" is no number from 0 to %2").arg(arguments.at(index)).arg(largest)
-                  : QStringLiteral("a number is missing");
+    problem =
+        index < count()
+            ? QStringLiteral("\"%1\" is not a number from 0 to %2").arg(arguments.at(index)).arg(largest)
+            : QStringLiteral("a number is missing");
     return false;
 }
 
@@ -43,10 +44,10 @@ Run setting(const std::function<void(SoundEngine &)> &set)
     };
 }
 
-bool readOnOff(const QString &word, bool *on)
+bool readOnOff(const QString &text, bool *on)
 {
-    *on = word == QLatin1String("on");
-    return *on || word == QLatin1String("off");
+    *on = text == QLatin1String("on");
+    return *on || text == QLatin1String("off");
 }
 
 QStringList wordsOf(const QString &line)
@@ -56,12 +57,29 @@ QStringList wordsOf(const QString &line)
     return words.isEmpty() ? QStringList() : words.split(QLatin1Char(' '));
 }
 
-bool readNumber(const QString &word, int largest, int *number)
+bool readNumber(const QString &text, int largest, int *number)
 {
+    // QString::toInt() alone also takes signs.
+    if (text.isEmpty() || !text.at(0).isDigit())
+        return false;
     bool isNumber = false;
-    const bool hex = word.startsWith(QLatin1String("0x"));
-    *number = word.toInt(&isNumber, hex ? 16 : 10);
-    return isNumber && *number >= 0 && *number <= largest && !word.startsWith(QLatin1Char('+'));
+    const bool hex = text.startsWith(QLatin1String("0x"));
+    *number = text.toInt(&isNumber, hex ? 16 : 10);
+    return isNumber && *number >= 0 && *number <= largest;
+}
+
+bool readTag(const QString &word, quint16 *value)
+{
+    int number = 0;
+    if (word.size() > 2 && readNumber(word, largestWord, &number)) {
+        *value = quint16(number);
+        return true;
+    }
+    const QByteArray letters = word.toLatin1();
+    if (letters.size() != 2)
+        return false;
+    *value = wordAt(letters, 0);
+    return true;
 }
 
 bool parseCommand(const QString &line, Command *command, QString *problem)

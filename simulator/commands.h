@@ -10,21 +10,32 @@ class SoundEngine;
 
 namespace simulated {
 
+/// The result of a command: lines to show, and whether its datagrams were sent.
+struct CommandResult
+{
+    CommandResult(const QStringList &shown = {})
+        : lines(shown)
+    {}
+
+    QStringList lines;
+    bool isSent = true; ///< false: lines say why not. True for commands that send nothing.
+};
+
 struct Command
 {
-    /// Carries the command out; returns lines to show.
-    std::function<QStringList(SoundEngine &)> run;
+    std::function<CommandResult(SoundEngine &)> run;
     bool isQuit = false;
 };
 
-/// Reads one command line. False and one line in problem when it is none; nothing is carried out either way.
+/// Reads one command line without running it. Returns false and sets problem to one line when the command is
+/// unknown or an argument is wrong.
 bool parseCommand(const QString &line, Command *command, QString *problem);
 
-/// The words of a line: separated by blanks, a # begins a comment.
+/// Splits a line at its blanks; a # begins a comment.
 QStringList wordsOf(const QString &line);
 
-/// A decimal number or one with 0x, from 0 to largest.
-bool readNumber(const QString &word, int largest, int *number);
+/// Reads a number from 0 to largest: decimal, or hexadecimal with 0x.
+bool readNumber(const QString &text, int largest, int *number);
 
 QStringList commandHelp();
 

@@ -1,5 +1,8 @@
 #include "console.h"
 
+#include <QTextStream>
+#include <QTime>
+
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
@@ -41,6 +44,16 @@ bool mayRead()
 }
 
 } // namespace
+
+void OutputLines::print(const QString &line)
+{
+    // Flushed after each line, because scripts wait for lines.
+    static QTextStream out(stdout);
+    if (m_timestamps)
+        out << QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz "));
+    out << line << '\n';
+    out.flush();
+}
 
 InputLines::InputLines(QObject *parent)
     : QObject(parent)
@@ -93,7 +106,7 @@ EndSignals::EndSignals(QObject *parent)
     });
     handle(SIGINT, onSignal);
     handle(SIGTERM, onSignal);
-    // A reader of the output that goes away is no reason to die without a summary.
+    // If the output pipe is closed, the program must still run to its end.
     handle(SIGPIPE, SIG_IGN);
 }
 

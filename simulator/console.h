@@ -1,4 +1,4 @@
-// Standard input and the signals that end a program, as events.
+// Standard input and output and termination signals as Qt signals.
 #pragma once
 
 #include <QByteArray>
@@ -9,8 +9,18 @@
 
 namespace simulated {
 
-/// Lines typed or piped in. In the background of a terminal nothing is read, since that would stop the
-/// program.
+/// Standard output, one line at a time, with the time of day before each if that is switched on.
+class OutputLines
+{
+public:
+    void setTimestamps(bool on) { m_timestamps = on; }
+    void print(const QString &line);
+
+private:
+    bool m_timestamps = false;
+};
+
+/// Lines of standard input. A background process of a terminal reads nothing, because reading would stop it.
 class InputLines : public QObject
 {
     Q_OBJECT
@@ -20,7 +30,7 @@ public:
 
 Q_SIGNALS:
     void lineRead(const QString &line);
-    /// The person at the terminal closed the input. The end of a pipe or file is no reason to end.
+    /// Standard input was closed at a terminal. Not emitted at the end of a pipe or file.
     void closedByHand();
 
 private:
@@ -30,7 +40,7 @@ private:
     QByteArray m_rest;
 };
 
-/// SIGINT and SIGTERM.
+/// Emits received() for SIGINT and SIGTERM.
 class EndSignals : public QObject
 {
     Q_OBJECT

@@ -9,7 +9,7 @@ namespace {
 constexpr int missedWhileAway = 20;
 constexpr int lateBy = 3;
 
-// Number of a data packet, -1 for every other datagram.
+// Number of a data packet, -1 for any other datagram.
 qint64 packetNumber(const QByteArray &datagram)
 {
     return datagram.size() >= 10 && wordAt(datagram, 0) == Tag::TransferData ? qint64(longAt(datagram, 4))
@@ -30,20 +30,35 @@ void DatagramFilter::setSeed(quint32 seed)
 void DatagramFilter::setFailures(const FailureSet &failures)
 {
     m_failures = failures;
-    m_drop = m_duplicate = m_reorder = {};
-    m_onceDone = m_vanishDone = false;
+    m_choices.clear();
+    m_happened.clear();
     m_deafFor = 0;
 }
 
-bool DatagramFilter::isChosen(Failure failure, Choice *choice)
+bool DatagramFilter::isChosen(Failure failure)
 {
-    if (!m_failures.has(failure))
-        return false;
-    if (choice->position == 0)
-        choice->chosen = int(m_random.bounded(m_failures.value(failure)));
-    const bool chosen = choice->position == choice->chosen;
-    choice->position = (choice->position + 1) % m_failures.value(failure);
+    bool chosen = false;
+    for (const ActiveFailure &active : m_failures.active()) {
+        if (active.failure != failure)
+            continue;
+        Choice &choice = m_choices[active.id];
+        if (choice.position == 0)
+            choice.chosen = int(m_random.bounded(active.value));
+        chosen = chosen || choice.position == choice.chosen;
+        choice.position = (choice.position + 1) % active.value;
+    }
     return chosen;
+}
+
+bool DatagramFilter::happensOnce(Failure failure, qint64 number)
+{
+    for (const ActiveFailure &active : m_failures.active()) {
+        if (active.failure == failure && active.value == number && !m_happened.contains(active.id)) {
+            m_happened.insert(active.id);
+            return true;
+        }
+    }
+    return false;
 }
 
 void DatagramFilter::noteVanishing(const QByteArray &datagram)
@@ -51,19 +66,16 @@ void DatagramFilter::noteVanishing(const QByteArray &datagram)
     const qint64 number = packetNumber(datagram);
     if (number < 0 || m_deafFor != 0)
         return;
-    if (m_failures.has(Failure::Vanish) && number == m_failures.value(Failure::Vanish))
+    if (happensOnce(Failure::Vanish, number))
         m_deafFor = -1;
-    if (!m_vanishDone && m_failures.has(Failure::VanishAndReturn) &&
-        number == m_failures.value(Failure::VanishAndReturn)) {
-        m_vanishDone = true;
+    else if (happensOnce(Failure::VanishAndReturn, number))
         m_deafFor = missedWhileAway;
-    }
 }
 
 QVector<QByteArray> DatagramFilter::pass(const QByteArray &datagram)
 {
     if (wordAt(datagram, 0) == Tag::TransferStart)
-        m_onceDone = m_vanishDone = false;
+        m_happened.clear();
 
     noteVanishing(datagram);
     if (m_deafFor != 0) {
@@ -73,46 +85,43 @@ QVector<QByteArray> DatagramFilter::pass(const QByteArray &datagram)
         return {};
     }
 
-    QVector<QByteArray> heard;
+    QVector<QByteArray> passed;
     const qint64 number = packetNumber(datagram);
     const auto once = [&](Failure failure) {
-        if (m_onceDone || number < 0 || !m_failures.has(failure) || number != m_failures.value(failure))
-            return false;
-        m_onceDone = true;
-        return true;
+        return number >= 0 && happensOnce(failure, number);
     };
-    if (isChosen(Failure::Drop, &m_drop) || once(Failure::LoseOnce)) {
+    if (isChosen(Failure::Drop) || once(Failure::LoseOnce)) {
         ++m_lost;
-    } else if (isChosen(Failure::Reorder, &m_reorder)) {
+    } else if (isChosen(Failure::Reorder)) {
         m_held.append({datagram, 1});
-        return heard;
+        return passed;
     } else if (once(Failure::DelayOnce)) {
         m_held.append({datagram, lateBy});
-        return heard;
+        return passed;
     } else {
-        heard.append(datagram);
-        if (isChosen(Failure::Duplicate, &m_duplicate) || once(Failure::DuplicateOnce))
-            heard.append(datagram);
+        passed.append(datagram);
+        if (isChosen(Failure::Duplicate) || once(Failure::DuplicateOnce))
+            passed.append(datagram);
     }
 
     for (auto held = m_held.begin(); held != m_held.end();) {
         if (--held->behind > 0) {
             ++held;
         } else {
-            heard.append(held->datagram);
+            passed.append(held->datagram);
             held = m_held.erase(held);
         }
     }
-    return heard;
+    return passed;
 }
 
 QVector<QByteArray> DatagramFilter::flush()
 {
-    QVector<QByteArray> heard;
+    QVector<QByteArray> passed;
     for (const Held &held : qAsConst(m_held))
-        heard.append(held.datagram);
+        passed.append(held.datagram);
     m_held.clear();
-    return heard;
+    return passed;
 }
 
 } // namespace simulated

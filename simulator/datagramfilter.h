@@ -3,12 +3,14 @@
 #include "failures.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QRandomGenerator>
+#include <QSet>
 #include <QVector>
 
 namespace simulated {
 
-/// A bad network between module and engine: what arrives is lost, doubled or late.
+/// Simulates a bad network between module and engine: drops, duplicates and delays received datagrams.
 class DatagramFilter
 {
 public:
@@ -17,25 +19,25 @@ public:
     void setSeed(quint32 seed);
     void setFailures(const FailureSet &failures);
 
-    /// What the engine hears when datagram arrives, in this order; may be nothing.
+    /// The datagrams that the engine receives when `datagram` arrives, in order. May be empty.
     QVector<QByteArray> pass(const QByteArray &datagram);
 
-    /// What is still held back, for when nothing follows any more.
+    /// Releases the delayed datagrams when no further datagram arrives.
     QVector<QByteArray> flush();
 
     int heldBack() const { return m_held.size(); }
 
-    /// True while the engine is gone: it neither hears nor speaks.
+    /// True while a failure mode makes the engine unreachable in both directions.
     bool isGone() const { return m_deafFor != 0; }
 
-    /// Datagrams that never got through.
+    /// Number of dropped datagrams.
     quint64 lost() const { return m_lost; }
 
 private:
     struct Held
     {
         QByteArray datagram;
-        int behind; // datagrams to let by first
+        int behind; // number of datagrams to deliver first
     };
 
     // One datagram of every block of N, chosen at random.
@@ -45,18 +47,16 @@ private:
         int chosen = 0;
     };
 
-    bool isChosen(Failure failure, Choice *choice);
+    bool isChosen(Failure failure);
+    bool happensOnce(Failure failure, qint64 number);
     void noteVanishing(const QByteArray &datagram);
 
     FailureSet m_failures;
     QRandomGenerator m_random;
-    Choice m_drop;
-    Choice m_duplicate;
-    Choice m_reorder;
+    QHash<int, Choice> m_choices; // by the failure's id
+    QSet<int> m_happened;         // ids of the failures that have happened in this transfer
     QVector<Held> m_held;
-    bool m_onceDone = false;
-    bool m_vanishDone = false;
-    int m_deafFor = 0; // datagrams still to miss; -1: all
+    int m_deafFor = 0; // number of datagrams still to drop; -1: all
     quint64 m_lost = 0;
 };
 

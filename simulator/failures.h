@@ -1,7 +1,6 @@
-// The ways in which the engine can be told to fail.
+// Failure modes: faults of the engine and of the network that a test or a person switches on.
 #pragma once
 
-#include <QHash>
 #include <QStringList>
 #include <QVector>
 
@@ -13,7 +12,7 @@ enum class Failure {
     ResendBeforeStart,
     ResendPastEnd,
     UnknownLowByte,
-    Refuse, ///< its low byte is part of the mode
+    Refuse, ///< one mode for each refusal code
     BadChecksum,
     NoEndAck,
     NoQueryReply,
@@ -34,38 +33,48 @@ struct FailureMode
 {
     const char *name;
     Failure failure;
-    quint8 code;      ///< low byte of a refusal
-    int defaultValue; ///< N when none is given; -1: takes no N
+    quint8 code;      ///< refusal code, 0 in other modes
+    int defaultValue; ///< N when none is given; -1: the mode takes no N
     const char *description;
 };
 
 const QVector<FailureMode> &failureModes();
 
-/// One line for each mode: name, N with its default where it takes one, what happens.
+/// One line for each mode: name, default of N where the mode takes one, description.
 QStringList failureHelp();
 
-/// The failures that are switched on, with their N.
+/// A failure mode that is switched on.
+struct ActiveFailure
+{
+    QString name; ///< of the mode
+    Failure failure;
+    int value;   ///< N; -1 in modes without
+    quint8 code; ///< refusal code
+    int id;      ///< distinguishes two of the same mode
+};
+
+/// The failure modes that are switched on. A mode that is added twice applies twice.
 class FailureSet
 {
 public:
-    /// text is NAME or NAME=N; false and a line in problem when it names nothing or N does not fit.
+    /// text is NAME, NAME=N or, for modes that happen at a packet, NAME=N,N,... with up to 1000 packets,
+    /// which adds the mode once for each. Returns false and sets problem to one line when the name is unknown
+    /// or a number is out of range; nothing is added then.
     bool add(const QString &text, QString *problem = nullptr);
-    bool add(const QString &name, int value, QString *problem = nullptr);
+    /// Removes every failure of the mode with that name. Returns false and sets problem to one line when the
+    /// name is unknown.
+    bool remove(const QString &name, QString *problem = nullptr);
     void clear();
 
-    bool has(Failure failure) const { return m_values.contains(failure); }
-    /// N of a failure that is on, or -1.
-    int value(Failure failure) const { return m_values.value(failure, -1); }
-    quint8 refusalCode() const { return m_refusalCode; }
+    /// In the order in which they were added.
+    const QVector<ActiveFailure> &active() const { return m_active; }
+    bool has(Failure failure) const;
+    /// N of a failure; of the last one when the mode is on twice, -1 when it is off.
+    int value(Failure failure) const;
 
 private:
-    QHash<Failure, int> m_values;
-    quint8 m_refusalCode = 0;
+    QVector<ActiveFailure> m_active;
+    int m_nextId = 0;
 };
-
-inline uint qHash(Failure failure, uint seed = 0)
-{
-    return ::qHash(int(failure), seed);
-}
 
 } // namespace simulated

@@ -10,7 +10,7 @@ constexpr int stepsPerBar = 16;
 constexpr int stepsPerBeat = 4;
 constexpr int barsPerPhrase = 8;
 
-// Pads by their notes.
+// Notes of the pads.
 constexpr int kick = 36;
 constexpr int snare = 38;
 constexpr int crossStick = 37;
@@ -68,7 +68,7 @@ void Groove::playHands(int bar, int step, QVector<Stroke> *strokes)
 {
     const bool onRide = bar >= 4;
 
-    // A crash after each fill, grabbed now and then just before the back beat.
+    // A crash after each fill, sometimes choked before the backbeat.
     const int crash = onRide ? crash2 : crash1;
     if (step == 0 && bar % 4 == 0)
         hit(crash, 118, strokes);
@@ -109,7 +109,7 @@ void Groove::playFeet(int bar, int step, QVector<Stroke> *strokes)
     else if (step == 3 && chance(25))
         hit(kick, 80, strokes);
 
-    // While the hands are on the ride, the left foot closes the hi-hat on two and four.
+    // With the hands on the ride, the left foot closes the hi-hat on two and four.
     if (bar >= 4 && step % 8 == 4) {
         movePedal(pedalClosed, strokes);
         hit(chick, 70, strokes);
@@ -138,8 +138,8 @@ void Groove::movePedal(int position, QVector<Stroke> *strokes)
 
 void Groove::hit(int note, int velocity, QVector<Stroke> *strokes)
 {
-    const int human = velocity + int(m_random.bounded(15)) - 7;
-    strokes->append({Stroke::Kind::Hit, note, std::clamp(human, 1, 127), int(m_random.bounded(8))});
+    const int varied = velocity + int(m_random.bounded(15)) - 7;
+    strokes->append({Stroke::Kind::Hit, note, std::clamp(varied, 1, 127), int(m_random.bounded(8))});
 }
 
 bool Groove::chance(int percent)

@@ -5,6 +5,7 @@
 
 namespace simulated {
 
+/// A stroke on a pad, or a movement of the hi-hat pedal.
 struct Stroke
 {
     enum class Kind { Hit, Choke, HiHatPosition };
@@ -12,12 +13,10 @@ struct Stroke
     Kind kind;
     int note;    ///< pad note; unused for the pedal
     int value;   ///< velocity, pressure or pedal position, 0 to 127
-    int delayMs; ///< how late the hand is, behind the sixteenth
+    int delayMs; ///< after the sixteenth, for a human feel
 };
 
-/// A drummer: which pads are struck on each sixteenth of an endless groove.
-///
-/// The same seed plays the same strokes.
+/// Generates the strokes of an endless groove, one sixteenth at a time. The same seed gives the same strokes.
 class Groove
 {
 public:
@@ -25,7 +24,7 @@ public:
 
     void restart(quint32 seed);
 
-    /// Beat (1 to 4) that the next sixteenth falls on, 0 between beats.
+    /// Beat of the next sixteenth, 1 to 4, or 0 between beats.
     int beat() const;
 
     /// The strokes of the next sixteenth.

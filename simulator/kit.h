@@ -1,4 +1,4 @@
-// The pads of the kit, their zones and the notes they play.
+// The pads of the kit, their zones and their notes.
 #pragma once
 
 #include <QString>
@@ -8,18 +8,19 @@ namespace simulated {
 
 struct Zone
 {
-    const char *name; ///< as commands and scenarios write it
+    const char *name; ///< in commands and scenarios
     quint8 note;
     quint8 pad;       ///< 0 to 13
-    bool canBeChoked; ///< reports pressure when it is held
+    quint8 zone;      ///< as the module reports it: 0 main, 1 rim, edge or cross stick, 2 bell
+    bool canBeChoked; ///< reports pressure when it is choked
 };
 
 const QVector<Zone> &kitZones();
 
-/// The zone that plays note, or nullptr.
+/// The zone with that note, or nullptr.
 const Zone *zoneOfNote(int note);
 
-/// The note of a zone's name ("snare") or of a number ("38", "0x26") from 0 to 127; -1 if it is neither.
+/// The note of a zone's name ("snare") or of a number from 0 to 127 ("38", "0x26"); -1 for other texts.
 int noteFromText(const QString &text);
 
 } // namespace simulated

@@ -6,13 +6,13 @@ namespace simulated {
 
 namespace {
 
-// A module may send thousands of datagrams without a pause.
+// The module may send thousands of datagrams without a pause.
 constexpr int receiveBufferBytes = 32 * 1024 * 1024;
 
-// Datagrams read before timers get their turn again.
+// Number of datagrams read before timers run again.
 constexpr int batch = 256;
 
-// How long a datagram that a failure mode holds back waits for the ones it is to follow.
+// A delayed datagram waits at most this long for later ones.
 constexpr int holdMs = 50;
 
 constexpr int largestDatagram = 65536;
@@ -21,7 +21,7 @@ void askForLargeBuffer(QUdpSocket *socket)
 {
     socket->setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, receiveBufferBytes);
 #ifdef SO_RCVBUFFORCE
-    // Beyond the system's limit, for those who may; for others the request above stands.
+    // Exceeds the system's limit. Fails without CAP_NET_ADMIN; then the request above applies.
     const int bytes = receiveBufferBytes;
     ::setsockopt(int(socket->socketDescriptor()), SOL_SOCKET, SO_RCVBUFFORCE, &bytes, sizeof bytes);
 #endif
@@ -43,7 +43,7 @@ Line::Line(QObject *parent)
 bool Line::listen(const QHostAddress &address, quint16 port)
 {
     close();
-    // Sharing the address would split the traffic between two engines.
+    // Two engines with the same address would each receive a part of the traffic.
     if (!m_socket.bind(address, port, QAbstractSocket::DontShareAddress))
         return false;
     askForLargeBuffer(&m_socket);
@@ -67,11 +67,12 @@ void Line::setModule(const QHostAddress &address, quint16 port)
 bool Line::send(const QByteArray &datagram)
 {
     if (!knowsModule())
-        return refuse(QStringLiteral("no module has been heard yet"));
+        return refuse(QStringLiteral("no module is known yet"));
     if (m_filter.isGone())
         return refuse(QStringLiteral("a failure mode has made the engine vanish"));
     if (m_socket.writeDatagram(datagram, m_module, m_modulePort) != datagram.size())
         return refuse(m_socket.errorString());
+    Q_EMIT sent(datagram);
     return true;
 }
 
@@ -90,8 +91,10 @@ void Line::readPending()
         const qint64 size = m_socket.readDatagram(buffer.data(), buffer.size(), &sender, &senderPort);
         if (size < 0)
             continue;
+        const QByteArray datagram(buffer.constData(), int(size));
+        Q_EMIT arrived(datagram, sender, senderPort);
         setModule(sender, senderPort);
-        deliver(m_filter.pass(QByteArray(buffer.constData(), int(size))));
+        deliver(m_filter.pass(datagram));
         if (m_filter.heldBack() > 0)
             m_flush.start();
     }

@@ -9,7 +9,7 @@
 
 namespace simulated {
 
-/// The engine's end of the cable: one UDP socket and the module behind it.
+/// The engine's UDP socket and the address of the module.
 class Line : public QObject
 {
     Q_OBJECT
@@ -23,14 +23,14 @@ public:
     quint16 port() const { return m_socket.localPort(); }
     QString errorString() const { return m_socket.errorString(); }
 
-    /// The module is whoever sent last; it can also be named before it sends anything.
+    /// Sets the address before the module sends anything. Each received datagram sets it, too.
     void setModule(const QHostAddress &address, quint16 port);
     QHostAddress moduleAddress() const { return m_module; }
     quint16 modulePort() const { return m_modulePort; }
     bool knowsModule() const { return m_modulePort != 0; }
 
-    /// False when there is no module yet, or the engine has vanished, or the send failed; sendProblem() says
-    /// which.
+    /// Returns false when no module is known, a failure mode has made the engine vanish, or the socket fails.
+    /// sendProblem() returns the reason.
     bool send(const QByteArray &datagram);
     QString sendProblem() const { return m_sendProblem; }
 
@@ -39,6 +39,9 @@ public:
 
 Q_SIGNALS:
     void received(const QByteArray &datagram);
+    /// A datagram as it comes from the network. A failure mode can still drop or delay it.
+    void arrived(const QByteArray &datagram, const QHostAddress &sender, quint16 senderPort);
+    void sent(const QByteArray &datagram);
     void moduleChanged(const QHostAddress &address, quint16 port);
 
 private:

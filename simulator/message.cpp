@@ -43,13 +43,13 @@ void addOnce(const QString &violation, Message *message)
         message->violations.append(violation);
 }
 
-// Code index and status of an event have to be those of its kind on channel 10.
+// Checks code index and status of an event on channel 10.
 void checkEvent(const MidiEvent &event, quint8 codeIndex, quint8 status, Message *message)
 {
     if (event.codeIndex != codeIndex) {
-        addOnce(QStringLiteral("code index %1 where %2 belongs")
-                    .arg(byteText(event.codeIndex), byteText(codeIndex)),
-                message);
+        addOnce(
+            QStringLiteral("code index %1 instead of %2").arg(byteText(event.codeIndex), byteText(codeIndex)),
+            message);
     }
     if (event.status != status) {
         addOnce(
@@ -85,7 +85,7 @@ Message decodeSingleEvent(const MidiEvent &event)
     return message;
 }
 
-// Controllers 99, 98, 38 when there is a second byte, 6: in this order and no other.
+// Controllers 99, 98, 38 (only with a second value byte) and 6, in this order.
 Message decodeParameter(const QByteArray &datagram, int count)
 {
     static constexpr quint8 threeEvents[] = {Midi::ParameterHigh, Midi::ParameterLow, Midi::Value};
@@ -98,7 +98,7 @@ Message decodeParameter(const QByteArray &datagram, int count)
         const MidiEvent event = eventAt(datagram, i);
         if (event.data1 != order[i])
             return unreadable(
-                QStringLiteral("controller %1 where controller %2 belongs").arg(event.data1).arg(order[i]));
+                QStringLiteral("controller %1 instead of controller %2").arg(event.data1).arg(order[i]));
         checkEvent(event, 0x0B, Midi::ControlChange, &message);
     }
     message.msb = eventAt(datagram, 0).data2;
@@ -109,13 +109,12 @@ Message decodeParameter(const QByteArray &datagram, int count)
 
     const ParameterInfo info = parameterInfo(message.msb, message.lsb);
     if (info.isKnown() && info.hasTwoBytes() != (count == 4))
-        message.violations.append(
-            QStringLiteral("%1 comes with %2 value byte(s)").arg(info.name).arg(count - 2));
+        message.violations.append(QStringLiteral("%1 has %2 value byte(s)").arg(info.name).arg(count - 2));
     return message;
 }
 
-// The code indexes of the module's SysEx stream count the values still to come when an event opens,
-// without the closing F7; the engine knows the stream by exactly these.
+// In the module's SysEx stream the code index of an event depends on the number of remaining values, without
+// the closing F7.
 quint8 expectedSysExCodeIndex(int valuesToCome)
 {
     switch (valuesToCome) {
@@ -142,7 +141,7 @@ Message decodeSysEx(const QByteArray &datagram, int count)
 
     const int values = message.payload.size() - 2;
     for (int i = 0; i < count; ++i) {
-        // The first event holds F0 and two values, every further one three.
+        // The first event contains F0 and two values, each further event three values.
         const int opensAt = i == 0 ? 0 : 3 * i - 1;
         const quint8 expected = expectedSysExCodeIndex(values - opensAt);
         const quint8 codeIndex = eventAt(datagram, i).codeIndex;
@@ -155,12 +154,12 @@ Message decodeSysEx(const QByteArray &datagram, int count)
     return message;
 }
 
-// The header's count must be the number of events that are there.
+// Checks the event count of the header against the size.
 QString countProblem(const QByteArray &datagram)
 {
     const int rest = datagram.size() - packetHeaderSize;
     if (rest < 0 || rest % eventSize != 0)
-        return QStringLiteral("length %1 is no whole number of events").arg(datagram.size());
+        return QStringLiteral("length %1 is not a whole number of events").arg(datagram.size());
     const int count = wordAt(datagram, 2);
     if (count * eventSize != rest)
         return QStringLiteral("header counts %1 events, datagram holds %2").arg(count).arg(rest / eventSize);
@@ -291,7 +290,8 @@ Message decodeTransferStart(const QByteArray &datagram)
     if (named) {
         message.payload = datagram.mid(10);
         if (message.payload.indexOf('\0') != message.payload.size() - 1)
-            message.violations.append(QStringLiteral("name of a start packet without its one closing zero"));
+            message.violations.append(
+                QStringLiteral("name of a start packet without exactly one closing zero"));
         const int end = message.payload.indexOf('\0');
         if (end >= 0)
             message.payload.truncate(end);
@@ -349,7 +349,7 @@ QString pointsText(const QByteArray &points)
     return texts.join(QLatin1Char(' '));
 }
 
-// Names come from the network and go to a terminal.
+// Names from the network must not send control characters to a terminal.
 QString quoted(QString name)
 {
     for (QChar &c : name) {
@@ -357,17 +357,6 @@ QString quoted(QString name)
             c = QLatin1Char('?');
     }
     return QLatin1Char('"') + name + QLatin1Char('"');
-}
-
-QString queryText(quint16 query)
-{
-    switch (query) {
-    case Tag::EngineVersion: return QStringLiteral("query VN: sound engine version");
-    case Tag::TriggerVersion: return QStringLiteral("query TV: trigger board version");
-    case Tag::SoundBankVersion: return QStringLiteral("query SN: sound bank version");
-    case Tag::TriggerBankVersion: return QStringLiteral("query TN: trigger bank version");
-    default: return QStringLiteral("query HL: hi-hat raw value");
-    }
 }
 
 QString startText(const Message &message)
@@ -405,6 +394,18 @@ Message decode(const QByteArray &datagram)
     }
 }
 
+QString queryName(quint16 query)
+{
+    switch (query) {
+    case Tag::EngineVersion: return QStringLiteral("sound engine version");
+    case Tag::TriggerVersion: return QStringLiteral("trigger board version");
+    case Tag::SoundBankVersion: return QStringLiteral("sound bank version");
+    case Tag::TriggerBankVersion: return QStringLiteral("trigger bank version");
+    case Tag::HiHatRaw: return QStringLiteral("hi-hat raw value");
+    default: return QString();
+    }
+}
+
 QString describe(const Message &message)
 {
     switch (message.kind) {
@@ -428,7 +429,8 @@ QString describe(const Message &message)
         return QStringLiteral("trigger curve %1: %2").arg(message.number).arg(pointsText(message.payload));
     case Message::Kind::BluetoothName:
         return QStringLiteral("bluetooth name ") + quoted(QString::fromLocal8Bit(message.payload));
-    case Message::Kind::Query: return queryText(message.content);
+    case Message::Kind::Query:
+        return QStringLiteral("query %1: %2").arg(tagText(message.content), queryName(message.content));
     case Message::Kind::TransferStart: return startText(message);
     case Message::Kind::TransferData:
         return QStringLiteral("transfer data %1, packet %2, %3 bytes")

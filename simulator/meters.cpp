@@ -15,7 +15,7 @@ constexpr double cymbalDecay = 0.93;
 constexpr double threshold = 0.5;
 constexpr double ratio = 3.0;
 
-// Where a pad sits, 0 left to 1 right, seen from the drummer.
+// Position of each pad, from 0 (left) to 1 (right).
 constexpr double padPositions[] = {0.5,  0.45, 0.35, 0.45, 0.65, 0.75, 0.8,
                                    0.25, 0.2,  0.85, 0.1,  0.3,  0.7,  0.9};
 
@@ -71,7 +71,7 @@ void Meters::setFader(Section section, int level)
 
 double Meters::sideLevel(double panOfSide(int pad)) const
 {
-    // Drums sound one after the other rather than together: the loudest counts, the others add a little.
+    // The loudest pad determines the level; the others add a little.
     double loudest = 0.0;
     double sum = 0.0;
     for (int pad = 0; pad < padCount; ++pad) {
@@ -97,7 +97,7 @@ OutputLevels Meters::outputs() const
         levels[next++] = onWire(m_pads[out]);
     levels[next++] = onWire(left);
     levels[next++] = onWire(right);
-    return levels; // nothing plays into the USB inputs
+    return levels; // the USB inputs stay silent
 }
 
 CompressorLevels Meters::compressor(Section section, int note) const

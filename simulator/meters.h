@@ -4,29 +4,28 @@
 
 namespace simulated {
 
-/// Meter levels that follow the pads: a hit raises them, silence lets them fall.
+/// Meter levels of the pads: a hit raises a level, which falls with time.
 class Meters
 {
 public:
     enum Section { Master, Monitor, Headphone, Pad, SectionCount };
 
-    /// A pad hit on note with velocity 0 to 127.
+    /// A hit on the pad zone with that note; velocity 0 to 127.
     void hit(int note, int velocity);
 
-    /// A choked cymbal falls silent at once.
+    /// Silences a cymbal at once.
     void choke(int note);
 
-    /// Lets everything fall by the time that passes between two reports at 30 Hz.
+    /// Lowers all levels by one step of 1/30 s.
     void decay();
 
     /// Fader of an output section, 0 to 127.
     void setFader(Section section, int level);
 
-    /// Levels as the wire has them: 70 is full scale.
+    /// Levels on the wire: 70 is full scale.
     OutputLevels outputs() const;
 
-    /// Input, gain reduction and output of a section's compressor. For the pad section, of the pad that
-    /// plays note.
+    /// Input, gain reduction and output of a section's compressor; in section Pad, of the pad with that note.
     CompressorLevels compressor(Section section, int note) const;
 
 private:

@@ -72,7 +72,7 @@ constexpr Row globalRows[] = {
     {0x04, 0x08, Byte, "multi-FX parameter 4"},
     {0x04, 0x0F, Routing, "multi-FX routing"},
 
-    // The click lives on three per-pad pages, as if it were a pad with note 1.
+    // The click uses three per-pad pages like a pad with note 1.
     {0x0F, 0x01, Routing, "metronome click routing"},
     {0x17, 0x01, Byte, "metronome click sound"},
     {0x1A, 0x01, Byte, "metronome click level"},
@@ -138,7 +138,7 @@ constexpr Row globalRows[] = {
     {0x3D, 0x7F, Byte, "delete all slots"},
 };
 
-// Equaliser and compressor of the three outputs: the page chooses the output.
+// Equaliser and compressor of the three outputs: one page for each output.
 constexpr const char *sectionNames[] = {"master", "monitor", "headphone"};
 constexpr quint8 firstSectionPage = 0x38;
 constexpr SectionRow sectionRows[] = {
@@ -299,8 +299,8 @@ QString parameterText(quint8 msb, quint8 lsb, quint8 value, int low)
 
 int tempoFromBytes(quint8 value, quint8 low)
 {
-    // The word counts sixty-fourths of a beat per minute from 20; bit 6 of its low byte is the odd one.
-    return 20 + (value << 1) + (low >> 6);
+    // The 14-bit word is (bpm - 20) * 64, so bit 6 of the low byte is one beat per minute.
+    return 20 + (value << 1) + ((low >> 6) & 1);
 }
 
 } // namespace simulated

@@ -1,16 +1,16 @@
-// Names and value forms of the engine's parameters.
+// Names and encodings of the engine's parameters.
 #pragma once
 
 #include <QString>
 
 namespace simulated {
 
-/// How a parameter's value reads.
+/// Encoding of a parameter's value.
 enum class ValueForm : quint8 {
     Byte,      ///< one data byte
-    Tempo,     ///< two data bytes of a word in 1/64 bpm above 20
+    Tempo,     ///< two data bytes of seven bits: (bpm - 20) * 64
     Frequency, ///< two data bytes of seven bits
-    Routing    ///< two data bytes, the high and the low half of a routing word
+    Routing    ///< two data bytes: high and low half of a routing number
 };
 
 struct ParameterInfo
@@ -22,11 +22,11 @@ struct ParameterInfo
     bool hasTwoBytes() const { return form != ValueForm::Byte; }
 };
 
-/// The parameter with number msb/lsb; per-pad pages carry the pad's note in lsb, trigger pages the input.
+/// The parameter with number msb/lsb. On per-pad pages lsb is the pad's note, on trigger pages the input.
 ParameterInfo parameterInfo(quint8 msb, quint8 lsb);
 
 /// "pad 38 EQ low gain 63", "metronome tempo 120", "parameter 0x0C/0x22 value 5" for an unknown number.
-/// low is the second data byte, or -1 when none came.
+/// low is the second data byte, or -1 in the three-event form.
 QString parameterText(quint8 msb, quint8 lsb, quint8 value, int low);
 
 int tempoFromBytes(quint8 value, quint8 low);

@@ -95,7 +95,7 @@ void Performer::updateClock()
 
 void Performer::step()
 {
-    // From the start of the clock rather than from step to step, so that lateness does not add up.
+    // Counted from the start of the clock, so that delays do not add up.
     m_nextStepMs += msPerMinute / (m_tempo * stepsPerBeat);
     m_clock.start(std::max(0, int(m_nextStepMs - double(m_sinceStart.elapsed()))));
 

@@ -8,7 +8,7 @@
 
 namespace simulated {
 
-/// What the engine does of its own accord as time passes: groove, beats and meters.
+/// Timed output of the engine: groove, beats and meters.
 class Performer : public QObject
 {
     Q_OBJECT
@@ -16,11 +16,12 @@ class Performer : public QObject
 public:
     explicit Performer(QObject *parent = nullptr);
 
+    // The range that the tempo parameter can express.
     static constexpr int slowest = 20;
-    static constexpr int fastest = 275;
+    static constexpr int fastest = 531;
     static constexpr int beatsPerBar = 4;
 
-    /// Both kept within slowest and fastest.
+    /// In beats per minute, clamped to slowest and fastest.
     void setTempo(int beatsPerMinute);
     int tempo() const { return m_tempo; }
 
@@ -28,12 +29,12 @@ public:
     void setGroove(bool playing);
     bool isGroovePlaying() const { return m_grooving; }
 
-    /// Beats without a groove, as a metronome has them.
+    /// Beats without a groove.
     void setMetronome(bool running);
     void setMeters(bool running);
     bool areMetersRunning() const { return m_meterTimer.isActive(); }
 
-    /// A tap of the tempo button. Two taps make a tempo; true when this one changed it.
+    /// A tap of the tempo button. The time between two taps sets the tempo; returns true when it changed.
     bool tap();
 
 Q_SIGNALS:
@@ -63,7 +64,7 @@ private:
     QElapsedTimer m_sinceStart;
     QElapsedTimer m_sinceTap;
     Groove m_groove;
-    QVector<LateStroke> m_late; // the next one first
+    QVector<LateStroke> m_late; // ordered by dueMs
     quint32 m_seed = 1;
     int m_tempo = 120;
     bool m_grooving = false;

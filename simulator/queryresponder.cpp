@@ -8,7 +8,7 @@ namespace simulated {
 
 namespace {
 
-// Every query and the one whose reply it gets in its place.
+// The query whose reply is sent instead.
 quint16 another(quint16 query)
 {
     switch (query) {
@@ -39,11 +39,11 @@ void QueryResponder::setAnswer(quint16 query, quint16 a, quint16 b)
 void QueryResponder::take(quint16 query)
 {
     if (m_failures.has(Failure::StrayAcks)) {
-        Q_EMIT noted(QStringLiteral("acknowledged packet 0 of no transfer"));
+        Q_EMIT noted(QStringLiteral("acknowledged packet 0 without a transfer"));
         Q_EMIT reply(Tag::TransferData, 0, 0);
     }
     if (m_failures.has(Failure::NoQueryReply)) {
-        Q_EMIT noted(QStringLiteral("kept silent about query %1").arg(tagText(query)));
+        Q_EMIT noted(QStringLiteral("did not answer query %1").arg(tagText(query)));
         return;
     }
     const quint16 id = m_failures.has(Failure::WrongQueryReply) ? another(query) : query;

@@ -17,7 +17,7 @@ public:
 
     void setFailures(const FailureSet &failures) { m_failures = failures; }
 
-    /// The two words that answer query.
+    /// Sets the two numbers of the answer to query.
     void setAnswer(quint16 query, quint16 a, quint16 b);
 
     void take(quint16 query);

@@ -19,33 +19,33 @@ struct ReceivedFile
     quint32 size = 0; ///< as announced
     Outcome outcome = Outcome::Abandoned;
     quint16 status = 0;          ///< as acknowledged
-    QByteArray data;             ///< empty when stored, or no longer kept, or too large to be kept
-    QString path;                ///< where it is stored, empty when it is not
-    qint64 received = 0;         ///< bytes of the file that came
-    quint32 packets = 0;         ///< data packets heard, repeated ones included
-    quint32 repeatedPackets = 0; ///< of these, the ones that were there already
-    quint32 gaps = 0;            ///< times that a number was missing
-    quint32 resendRequests = 0;  ///< requests sent, those of failure modes included
+    QByteArray data;             ///< empty when stored, dropped or too large
+    QString path;                ///< of the stored file, or empty
+    qint64 received = 0;         ///< bytes received
+    quint32 packets = 0;         ///< data packets received, including repeated ones
+    quint32 repeatedPackets = 0; ///< data packets received before
+    quint32 gaps = 0;            ///< gaps in the packet numbers
+    quint32 resendRequests = 0;  ///< requests sent, including those of failure modes
     bool stored = true;          ///< false when writing failed
 };
 
-/// One readable line.
+/// The file as one line of text.
 QString fileText(const ReceivedFile &file);
 
-/// Takes the bytes of a file in their order, into memory or into a directory.
+/// Collects the bytes of a file in order, in memory or in a directory.
 class FileSink
 {
 public:
-    /// Larger files are checked and counted but not kept, unless there is a directory.
+    /// Larger files are not kept in memory.
     static constexpr qint64 memoryLimit = 64 * 1024 * 1024;
 
-    /// With a directory, writes to fileName inside it, under a name ending in .part until it is whole.
-    /// Without one, keeps up to that many bytes, and no more than memoryLimit.
+    /// With a directory, writes to fileName in it, with .part appended until the file is whole. Without one,
+    /// keeps up to keptBytes and at most memoryLimit in memory.
     FileSink(const QString &directory, const QString &fileName, qint64 keptBytes);
 
     void append(const QByteArray &bytes);
 
-    /// Fills in data or path.
+    /// Sets data, or path and stored, of file.
     void finish(bool whole, ReceivedFile *file);
 
 private:

@@ -1,8 +1,11 @@
 #include "scenario.h"
 
-#include "soundengine.h"
+#include "kit.h"
+#include "switches.h"
 
 #include <QFile>
+
+#include <algorithm>
 
 namespace simulated {
 
@@ -10,10 +13,67 @@ namespace {
 
 constexpr int longestMs = 24 * 60 * 60 * 1000;
 
-int parameterKey(int msb, int lsb)
+constexpr int mostProblems = 100;
+
+bool readWaitParameter(const QStringList &words, ScenarioStep *step)
 {
-    return (msb << 8) | lsb;
+    int msb = 0;
+    int lsb = 0;
+    step->kind = ScenarioStep::Kind::WaitParameter;
+    if (words.size() < 3 || words.size() > 4 || !readNumber(words.at(1), 0xFF, &msb) ||
+        !readNumber(words.at(2), 0xFF, &lsb) ||
+        (words.size() == 4 && !readNumber(words.at(3), 0xFF, &step->value)))
+        return false;
+    step->msb = quint8(msb);
+    step->lsb = quint8(lsb);
+    return true;
 }
+
+bool readWaitStrike(const QStringList &words, ScenarioStep *step)
+{
+    step->kind = ScenarioStep::Kind::WaitStrike;
+    if (words.size() == 2)
+        step->number = noteFromText(words.at(1));
+    return words.size() == 1 || (words.size() == 2 && step->number >= 0);
+}
+
+bool readWaitSwitch(const QStringList &words, ScenarioStep *step)
+{
+    constexpr int largestValue = 0xFFFF;
+    step->kind = ScenarioStep::Kind::WaitSwitch;
+    if (words.size() == 1)
+        return true;
+    quint16 tag = 0;
+    bool isNamed = false;
+    if (words.size() > 3 || !readSwitch(words.at(1), &tag, &isNamed))
+        return false;
+    step->number = tag;
+    return words.size() == 2 || readNumber(words.at(2), isNamed ? 1 : largestValue, &step->value);
+}
+
+struct WaitRow
+{
+    const char *what;
+    const char *arguments;
+    const char *help;
+    bool (*read)(const QStringList &words, ScenarioStep *step);
+};
+
+constexpr WaitRow waits[] = {
+    {"module", "", "waits until the module is known",
+     [](const QStringList &words, ScenarioStep *step) {
+         step->kind = ScenarioStep::Kind::WaitModule;
+         return words.size() == 1;
+     }},
+    {"transfer", "", "waits for the end of a file",
+     [](const QStringList &words, ScenarioStep *step) {
+         step->kind = ScenarioStep::Kind::WaitTransfer;
+         return words.size() == 1;
+     }},
+    {"param", " HIGH LOW [VALUE]", "waits for a parameter", readWaitParameter},
+    {"strike", " [PAD|NOTE]", "waits for a strike by the groove, a person or a drum kit", readWaitStrike},
+    {"switch", " [NAME [VALUE]]", "waits for a switch, likewise", readWaitSwitch},
+};
 
 bool parseWait(QStringList words, ScenarioStep *step, QString *problem)
 {
@@ -26,28 +86,20 @@ bool parseWait(QStringList words, ScenarioStep *step, QString *problem)
         }
         words = words.mid(0, within);
     }
-    const QString what = words.value(0);
-    if (what == QLatin1String("module") && words.size() == 1) {
-        step->kind = ScenarioStep::Kind::WaitModule;
-        return true;
+    QStringList names;
+    for (const WaitRow &row : waits) {
+        if (words.value(0) == QLatin1String(row.what)) {
+            *problem = QStringLiteral("usage: wait-for %1%2 [within MS]")
+                           .arg(QLatin1String(row.what), QLatin1String(row.arguments));
+            return row.read(words, step);
+        }
+        names.append(QLatin1String(row.what));
     }
-    if (what == QLatin1String("transfer") && words.size() == 1) {
-        step->kind = ScenarioStep::Kind::WaitTransfer;
-        return true;
-    }
-    int msb = 0;
-    int lsb = 0;
-    if (what == QLatin1String("param") && (words.size() == 3 || words.size() == 4) &&
-        readNumber(words.at(1), 0xFF, &msb) && readNumber(words.at(2), 0xFF, &lsb) &&
-        (words.size() == 3 || readNumber(words.at(3), 0xFF, &step->value))) {
-        step->kind = ScenarioStep::Kind::WaitParameter;
-        step->msb = quint8(msb);
-        step->lsb = quint8(lsb);
-        return true;
-    }
-    *problem = QStringLiteral("usage: wait-for module|transfer|param HIGH LOW [VALUE] [within MS]");
+    *problem = QStringLiteral("usage: wait-for %1 [...] [within MS]").arg(names.join(QLatin1Char('|')));
     return false;
 }
+
+} // namespace
 
 bool parseStep(const QString &line, ScenarioStep *step, QString *problem)
 {
@@ -67,7 +119,121 @@ bool parseStep(const QString &line, ScenarioStep *step, QString *problem)
     return parseCommand(words.join(QLatin1Char(' ')), &step->command, problem);
 }
 
-} // namespace
+QStringList stepHelp()
+{
+    const auto line = [](const char *usage, const char *help) {
+        return QStringLiteral("%1 %2").arg(QLatin1String(usage), -34).arg(QLatin1String(help));
+    };
+    QStringList lines{line("after MS COMMAND", "runs a command after the previous step"),
+                      line("at MS COMMAND", "runs a command at a time since the start"),
+                      line("repeat N", "plays the lines up to the matching end N times"),
+                      line("end", "ends the lines of repeat")};
+    for (const WaitRow &row : waits) {
+        const QByteArray usage = QByteArray("wait-for ") + row.what + row.arguments + " [within MS]";
+        lines.append(line(usage.constData(), row.help));
+    }
+    return lines;
+}
+
+bool StepReader::take(const QString &line, int number, QString *problem)
+{
+    const QStringList words = wordsOf(line);
+    const QString first = words.value(0);
+    bool good = true;
+    if (first == QLatin1String("repeat")) {
+        good = openBlock(words.join(QLatin1Char(' ')), number, problem);
+    } else if (first == QLatin1String("end")) {
+        good = takeEnd(words.join(QLatin1Char(' ')), problem);
+    } else if (!words.isEmpty()) {
+        ScenarioStep step;
+        step.line = number;
+        good = parseStep(line, &step, problem) && check(step, problem);
+        if (good)
+            add(step);
+    }
+    m_blockHasFault = m_blockHasFault || !good;
+    return good;
+}
+
+bool StepReader::openBlock(const QString &line, int number, QString *problem)
+{
+    ScenarioStep block;
+    block.kind = ScenarioStep::Kind::Repeat;
+    block.line = number;
+    block.text = line;
+    bool good = false;
+    const QStringList words = wordsOf(line);
+    if (m_open.size() >= deepestBlock) {
+        *problem = QStringLiteral("repeat within more than %1 others").arg(deepestBlock - 1);
+    } else if (words.size() != 2 || !readNumber(words.at(1), mostRounds, &block.rounds) ||
+               block.rounds == 0) {
+        *problem = QStringLiteral("usage: repeat N, from 1 to %1").arg(mostRounds);
+    } else {
+        good = true;
+    }
+    if (good || m_source == Source::File) {
+        m_open.append(block);
+        m_blockHasFault = false;
+    }
+    return good;
+}
+
+bool StepReader::takeEnd(const QString &line, QString *problem)
+{
+    if (line != QLatin1String("end")) {
+        *problem = QStringLiteral("usage: end");
+        return false;
+    }
+    if (m_open.isEmpty()) {
+        *problem = QStringLiteral("end without repeat");
+        return false;
+    }
+    const bool hasNothing = m_open.constLast().body.isEmpty();
+    if (hasNothing && !m_blockHasFault)
+        *problem = QStringLiteral("nothing to repeat");
+    const bool good = !hasNothing || m_blockHasFault;
+    closeBlock();
+    return good;
+}
+
+void StepReader::closeBlock()
+{
+    const ScenarioStep block = m_open.takeLast();
+    // A block that is too deep is a fault, and not kept, because steps are destroyed recursively.
+    if (!block.body.isEmpty() && m_open.size() < deepestBlock)
+        add(block);
+}
+
+bool StepReader::check(const ScenarioStep &step, QString *problem)
+{
+    if (step.kind != ScenarioStep::Kind::At)
+        return true;
+    if (!m_open.isEmpty()) {
+        *problem = QStringLiteral("at is not possible within repeat; use after");
+        return false;
+    }
+    const int previous = m_latest;
+    m_latest = step.ms;
+    if (m_source == Source::Typed || step.ms >= previous)
+        return true;
+    *problem = QStringLiteral("time %1 is before the previous time %2").arg(step.ms).arg(previous);
+    return false;
+}
+
+void StepReader::add(const ScenarioStep &step)
+{
+    if (m_open.isEmpty())
+        m_steps.append(step);
+    else
+        m_open.last().body.append(step);
+}
+
+QVector<ScenarioStep> StepReader::takeSteps()
+{
+    QVector<ScenarioStep> steps;
+    steps.swap(m_steps);
+    return steps;
+}
 
 bool Scenario::load(const QString &path, QString *problem)
 {
@@ -76,133 +242,53 @@ bool Scenario::load(const QString &path, QString *problem)
         *problem = QStringLiteral("scenario %1: %2").arg(path, file.errorString());
         return false;
     }
+    const QByteArray text = file.read(largestFile + 1);
+    if (text.size() > largestFile) {
+        *problem = QStringLiteral("scenario %1: larger than %2 MiB").arg(path).arg(largestFile >> 20);
+        return false;
+    }
     QString reason;
-    if (parse(QString::fromUtf8(file.readAll()), &reason))
+    if (parse(QString::fromUtf8(text), &reason))
         return true;
-    *problem = QStringLiteral("scenario %1, %2").arg(path, reason);
+    QStringList problems;
+    const QStringList lines = reason.split(QLatin1Char('\n'));
+    for (const QString &line : lines)
+        problems.append(QStringLiteral("scenario %1, %2").arg(path, line));
+    *problem = problems.join(QLatin1Char('\n'));
     return false;
 }
 
 bool Scenario::parse(const QString &text, QString *problem)
 {
-    m_steps.clear();
-    const QStringList lines = text.split(QLatin1Char('\n'));
-    int latest = 0;
-    for (int i = 0; i < lines.size(); ++i) {
-        if (wordsOf(lines.at(i)).isEmpty())
-            continue;
-        ScenarioStep step;
-        step.line = i + 1;
+    struct Fault
+    {
+        int line;
         QString reason;
-        bool good = parseStep(lines.at(i), &step, &reason);
-        if (good && step.kind == ScenarioStep::Kind::At) {
-            if (step.ms < latest) {
-                reason = QStringLiteral("time %1 comes after time %2").arg(step.ms).arg(latest);
-                good = false;
-            }
-            latest = step.ms;
-        }
-        if (!good) {
-            *problem = QStringLiteral("line %1: %2").arg(step.line).arg(reason);
-            return false;
-        }
-        m_steps.append(step);
+    };
+    QVector<Fault> faults;
+    StepReader reader(StepReader::Source::File);
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    for (int i = 0; i < lines.size(); ++i) {
+        QString reason;
+        if (!reader.take(lines.at(i), i + 1, &reason))
+            faults.append({i + 1, reason});
     }
-    return true;
-}
-
-ScenarioPlayer::ScenarioPlayer(const Scenario &scenario, SoundEngine *engine, QObject *parent)
-    : QObject(parent)
-    , m_steps(scenario.steps())
-    , m_engine(engine)
-    , m_timer(this)
-{
-    m_timer.setSingleShot(true);
-    m_timer.setTimerType(Qt::PreciseTimer);
-    connect(&m_timer, &QTimer::timeout, this, [this] {
-        if (!m_waiting) {
-            perform();
-            return;
-        }
-        const ScenarioStep &step = m_steps.at(m_index);
-        Q_EMIT failed(QStringLiteral("scenario line %1: %2: did not happen").arg(step.line).arg(step.text));
-    });
-    connect(engine, &SoundEngine::moduleChanged, this, &ScenarioPlayer::checkWait);
-    connect(engine, &SoundEngine::parameterReceived, this, [this](int msb, int lsb, int value) {
-        m_parameters[parameterKey(msb, lsb)].insert(value);
-        checkWait();
-    });
-    connect(engine, &SoundEngine::transferEnded, this, [this] {
-        ++m_transfers;
-        checkWait();
-    });
-}
-
-void ScenarioPlayer::start()
-{
-    m_sinceStart.start();
-    next();
-}
-
-void ScenarioPlayer::next()
-{
-    if (m_index >= m_steps.size()) {
-        Q_EMIT finished();
-        return;
-    }
-    const ScenarioStep &step = m_steps.at(m_index);
-    switch (step.kind) {
-    case ScenarioStep::Kind::At:
-        m_timer.start(int(qMax<qint64>(0, step.ms - m_sinceStart.elapsed())));
-        return;
-    case ScenarioStep::Kind::After: m_timer.start(step.ms); return;
-    case ScenarioStep::Kind::WaitModule:
-    case ScenarioStep::Kind::WaitParameter:
-    case ScenarioStep::Kind::WaitTransfer: break;
-    }
-    m_waiting = true;
-    if (step.ms > 0)
-        m_timer.start(step.ms);
-    checkWait();
-}
-
-void ScenarioPlayer::perform()
-{
-    const Command command = m_steps.at(m_index).command;
-    const QStringList lines = command.run(*m_engine);
-    if (!lines.isEmpty())
-        Q_EMIT printed(lines);
-    if (command.isQuit)
-        Q_EMIT quitRequested();
-    else
-        advance();
-}
-
-void ScenarioPlayer::advance()
-{
-    ++m_index;
-    next();
-}
-
-bool ScenarioPlayer::isSatisfied(const ScenarioStep &step) const
-{
-    if (step.kind == ScenarioStep::Kind::WaitModule)
-        return m_engine->knowsModule();
-    if (step.kind == ScenarioStep::Kind::WaitTransfer)
-        return m_transfers > 0;
-    const QSet<int> values = m_parameters.value(parameterKey(step.msb, step.lsb));
-    return step.value < 0 ? !values.isEmpty() : values.contains(step.value);
-}
-
-void ScenarioPlayer::checkWait()
-{
-    if (!m_waiting || !isSatisfied(m_steps.at(m_index)))
-        return;
-    m_waiting = false;
-    m_timer.stop();
-    m_parameters.clear();
-    m_transfers = 0;
-    advance();
+    for (; reader.openLine() >= 0; reader.closeBlock())
+        faults.append({reader.openLine(), QStringLiteral("repeat without end")});
+    m_steps = reader.takeSteps();
+    if (faults.isEmpty())
+        return true;
+    m_steps.clear();
+    std::stable_sort(faults.begin(), faults.end(),
+                     [](const Fault &a, const Fault &b) { return a.line < b.line; });
+    QStringList problems;
+    const int shown = faults.size() > mostProblems ? mostProblems - 1 : faults.size();
+    for (int i = 0; i < shown; ++i)
+        problems.append(QStringLiteral("line %1: %2").arg(faults.at(i).line).arg(faults.at(i).reason));
+    if (shown < faults.size())
+        problems.append(QStringLiteral("and %1 more faults").arg(faults.size() - shown));
+    *problem = problems.join(QLatin1Char('\n'));
+    return false;
 }
 
 } // namespace simulated

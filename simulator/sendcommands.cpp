@@ -1,6 +1,7 @@
 #include "commandreaders.h"
 #include "kit.h"
 #include "soundengine.h"
+#include "switches.h"
 
 namespace simulated {
 
@@ -8,12 +9,17 @@ namespace {
 
 constexpr int largestDatagram = 65507;
 
-// A command that sends once.
+constexpr int lastPot = 3;
+
+// A command that sends something. `send` returns false if it could not send.
 Run sending(const std::function<bool(SoundEngine &)> &send)
 {
     return [send](SoundEngine &engine) {
-        return send(engine) ? QStringList()
-                            : QStringList{QStringLiteral("not sent: ") + engine.sendProblem()};
+        CommandResult result;
+        result.isSent = send(engine);
+        if (!result.isSent)
+            result.lines.append(QStringLiteral("not sent: ") + engine.sendProblem());
+        return result;
     };
 }
 
@@ -30,26 +36,6 @@ bool readHex(const QStringList &words, QByteArray *bytes)
     *bytes = QByteArray::fromHex(joined.toLatin1());
     return bytes->size() <= largestDatagram;
 }
-
-// Two letters, or a number.
-bool readTag(const QString &word, quint16 *value)
-{
-    int number = 0;
-    if (word.size() > 2 && readNumber(word, largestWord, &number)) {
-        *value = quint16(number);
-        return true;
-    }
-    const QByteArray letters = word.toLatin1();
-    if (letters.size() != 2)
-        return false;
-    *value = wordAt(letters, 0);
-    return true;
-}
-
-constexpr Named switchNames[] = {
-    {"power", tag("PW")}, {"foot1", tag("F1")},     {"foot2", tag("F2")}, {"aux3", tag("A3")},
-    {"aux4", tag("A4")},  {"headphone", tag("HP")}, {"mixin", tag("MI")}, {"home", tag("HM")},
-};
 
 constexpr Named sectionNames[] = {{"master", 0}, {"monitor", 1}, {"headphone", 2}, {"pad", 3}};
 
@@ -118,17 +104,15 @@ Run readProgram(Reader &reader)
     return sending([program](SoundEngine &engine) { return engine.sendProgram(quint8(program)); });
 }
 
-Run readSwitch(Reader &reader)
+Run readSwitchCommand(Reader &reader)
 {
     quint16 name = 0;
-    const Named *named = findNamed(switchNames, reader.arguments.at(0));
-    if (named != nullptr)
-        name = named->value;
-    else if (!readTag(reader.arguments.at(0), &name))
-        return reader.fail(QStringLiteral("no switch \"%1\"; there are %2, and any two letters")
-                               .arg(reader.arguments.at(0), listed(switchNames)));
+    bool isNamed = false;
+    if (!readSwitch(reader.arguments.at(0), &name, &isNamed))
+        return reader.fail(QStringLiteral("unknown switch \"%1\"; use %2, or any two letters")
+                               .arg(reader.arguments.at(0), switchNames()));
     int value = 0;
-    if (!reader.number(1, largestWord, &value))
+    if (!reader.number(1, isNamed ? 1 : largestWord, &value))
         return {};
     return sending([=](SoundEngine &engine) { return engine.setSwitch(name, quint16(value)); });
 }
@@ -136,11 +120,11 @@ Run readSwitch(Reader &reader)
 Run readPot(Reader &reader)
 {
     int pot = 0;
-    if (!reader.number(0, largestWord, &pot))
+    if (!reader.number(0, lastPot, &pot))
         return {};
     const QString direction = reader.arguments.at(1);
     if (direction != QLatin1String("+") && direction != QLatin1String("-"))
-        return reader.fail(QStringLiteral("a pot turns + or -, not \"%1\"").arg(direction));
+        return reader.fail(QStringLiteral("a pot takes + or -, not \"%1\"").arg(direction));
     const bool up = direction == QLatin1String("+");
     return sending([=](SoundEngine &engine) { return engine.turnPot(quint16(pot), up); });
 }
@@ -197,7 +181,7 @@ Run readComp(Reader &reader)
     if (named != nullptr)
         section = named->value;
     else if (!readNumber(reader.arguments.at(0), largestWord, &section))
-        return reader.fail(QStringLiteral("no section \"%1\"; there are %2, and any number")
+        return reader.fail(QStringLiteral("unknown section \"%1\"; use %2, or any number")
                                .arg(reader.arguments.at(0), listed(sectionNames)));
     if (!readLevels(reader, 1, &levels))
         return {};
@@ -233,8 +217,7 @@ Run readSysEx(Reader &reader)
 {
     QByteArray bytes;
     if (!readHex(reader.arguments, &bytes))
-        return reader.fail(
-            QStringLiteral("SysEx is given in pairs of hexadecimal digits, F0 and F7 included"));
+        return reader.fail(QStringLiteral("SysEx takes pairs of hexadecimal digits, including F0 and F7"));
     return sending([bytes](SoundEngine &engine) { return engine.sendSysEx(bytes); });
 }
 
@@ -262,7 +245,7 @@ Run readSend(Reader &reader)
 {
     QByteArray bytes;
     if (!readHex(reader.arguments, &bytes))
-        return reader.fail(QStringLiteral("what is sent is given in pairs of hexadecimal digits"));
+        return reader.fail(QStringLiteral("a datagram takes pairs of hexadecimal digits"));
     return sending([bytes](SoundEngine &engine) { return engine.sendRaw(bytes); });
 }
 
@@ -271,14 +254,15 @@ Run readSend(Reader &reader)
 const QVector<CommandRow> &sendCommands()
 {
     static const QVector<CommandRow> rows = {
-        {"strike", "PAD|NOTE|all [VELOCITY]", "strikes a pad (100)", 1, 2, readStrike},
-        {"choke", "PAD|NOTE [PRESSURE]", "holds a cymbal (127)", 1, 2, readChoke},
+        {"strike", "PAD|NOTE|all [VELOCITY]", "strikes a pad; VELOCITY is 100 by default", 1, 2, readStrike},
+        {"choke", "PAD|NOTE [PRESSURE]", "chokes a cymbal; PRESSURE is 127 by default", 1, 2, readChoke},
         {"hihat", "POSITION", "moves the hi-hat pedal, 0 to 127", 1, 1, readHiHat},
         {"controller", "NUMBER VALUE", "sends any controller", 2, 2, readController},
         {"program", "NUMBER", "sends a program change", 1, 1, readProgram},
-        {"switch", "NAME VALUE", "power, foot1, foot2, aux3, aux4, headphone, mixin, home or two letters", 2,
-         2, readSwitch},
-        {"pot", "NUMBER +|-", "turns a pot one step", 2, 2, readPot},
+        {"switch", "NAME VALUE",
+         "power, foot1, foot2, aux3, aux4, headphone, mixin or home, 0 or 1; two letters take any value", 2,
+         2, readSwitchCommand},
+        {"pot", "NUMBER +|-", "turns a pot (0 to 3) one step", 2, 2, readPot},
         {"tempo", "BPM", "reports a tempo", 1, 1, readTempo},
         {"beat", "NUMBER", "reports a beat", 1, 1, readBeat},
         {"meters", "LEVEL ...|auto|on|off",

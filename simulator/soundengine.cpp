@@ -4,6 +4,7 @@
 #include "parametertable.h"
 #include "performer.h"
 #include "queryresponder.h"
+#include "recorder.h"
 #include "transferreceiver.h"
 
 #include <QMetaMethod>
@@ -22,7 +23,7 @@ int parameterKey(quint8 msb, quint8 lsb)
     return (msb << 8) | lsb;
 }
 
-// Pages that the engine itself listens to.
+// Parameters that the engine itself uses.
 constexpr quint8 generalPage = 0x37;
 constexpr quint8 masterPage = 0x38;
 constexpr quint8 headphonePage = 0x3A;
@@ -44,12 +45,14 @@ constexpr quint8 memoryInfo = 0x0F;
 SoundEngine::SoundEngine(QObject *parent)
     : QObject(parent)
     , m_line(new Line(this))
+    , m_recorder(new Recorder(m_line, this))
     , m_performer(new Performer(this))
     , m_queries(new QueryResponder(this))
     , m_transfers(new TransferReceiver(this))
 {
     connect(m_line, &Line::received, this, &SoundEngine::take);
     connect(m_line, &Line::moduleChanged, this, &SoundEngine::moduleChanged);
+    connect(m_recorder, &Recorder::failed, this, &SoundEngine::recordingFailed);
 
     connect(m_performer, &Performer::hit, this,
             [this](int note, int velocity) { strike(quint8(note), quint8(velocity)); });
@@ -208,6 +211,7 @@ bool SoundEngine::sendRaw(const QByteArray &datagram)
     if (!m_line->send(datagram))
         return false;
     ++m_counters.sent;
+    Q_EMIT datagramSent(datagram);
     return true;
 }
 
@@ -368,7 +372,7 @@ bool SoundEngine::slotIsFilled(quint16 content, int slot) const
     });
 }
 
-// --- own accord
+// --- timed output and failures
 
 void SoundEngine::setSeed(quint32 seed)
 {
@@ -391,9 +395,25 @@ void SoundEngine::setMeters(bool running)
     m_performer->setMeters(running);
 }
 
+bool SoundEngine::areMetersRunning() const
+{
+    return m_performer->areMetersRunning();
+}
+
 int SoundEngine::tempo() const
 {
     return m_performer->tempo();
+}
+
+bool SoundEngine::startRecording(const QString &path, QString *problem)
+{
+    QString reason;
+    return m_recorder->start(path, problem != nullptr ? problem : &reason);
+}
+
+void SoundEngine::stopRecording()
+{
+    m_recorder->stop();
 }
 
 bool SoundEngine::setFailure(const QString &text, QString *problem)
@@ -402,6 +422,12 @@ bool SoundEngine::setFailure(const QString &text, QString *problem)
         return false;
     applyFailures();
     return true;
+}
+
+void SoundEngine::clearFailure(const QString &name)
+{
+    m_failures.remove(name);
+    applyFailures();
 }
 
 void SoundEngine::clearFailures()
@@ -440,9 +466,9 @@ void SoundEngine::take(const QByteArray &datagram)
                          .arg(problem, hexText(datagram.left(shownBytes)),
                               QLatin1String(datagram.size() > shownBytes ? " ..." : "")));
     }
-    // In words only for those who listen: ten thousand lines a second are work.
-    static const QMetaMethod inWords = QMetaMethod::fromSignal(&SoundEngine::messageReceived);
-    if (message.kind != Message::Kind::Unreadable && isSignalConnected(inWords))
+    // The text is built only for connected receivers, because ten thousand lines a second are expensive.
+    static const QMetaMethod asText = QMetaMethod::fromSignal(&SoundEngine::messageReceived);
+    if (message.kind != Message::Kind::Unreadable && isSignalConnected(asText))
         Q_EMIT messageReceived(describe(message));
 
     if (message.kind == Message::Kind::Parameter)
@@ -459,10 +485,16 @@ void SoundEngine::take(const QByteArray &datagram)
     case Message::Kind::Led: m_leds.insert(quint16(message.number), message.value != 0); break;
     case Message::Kind::TriggerCurve: m_curves.insert(quint16(message.number), message.payload); break;
     case Message::Kind::BluetoothName: m_bluetoothName = message.payload; break;
-    case Message::Kind::Query: m_queries->take(message.content); break;
+    case Message::Kind::Query:
+        if (m_answering)
+            m_queries->take(message.content);
+        break;
     case Message::Kind::TransferStart:
     case Message::Kind::TransferData:
-    case Message::Kind::TransferEnd: m_transfers->take(message); break;
+    case Message::Kind::TransferEnd:
+        if (m_answering)
+            m_transfers->take(message);
+        break;
     case Message::Kind::NoteOff:
     case Message::Kind::SysEx:
     case Message::Kind::Unreadable: break;
@@ -474,7 +506,8 @@ void SoundEngine::takeParameter(const Message &message)
     m_parameters.insert(parameterKey(message.msb, message.lsb), {message.value, message.low});
     Q_EMIT parameterReceived(message.msb, message.lsb, message.value, message.low);
     followParameter(message.msb, message.lsb, message.value, message.low);
-    answerRequest(message.msb, message.lsb, message.value);
+    if (m_answering)
+        answerRequest(message.msb, message.lsb, message.value);
 }
 
 void SoundEngine::followParameter(quint8 msb, quint8 lsb, quint8 value, int low)
@@ -484,13 +517,13 @@ void SoundEngine::followParameter(quint8 msb, quint8 lsb, quint8 value, int low)
     } else if (msb == generalPage && lsb == metronomeTempo && low >= 0) {
         const int before = m_performer->tempo();
         m_performer->setTempo(tempoFromBytes(value, quint8(low)));
-        if (m_live && m_performer->tempo() != before)
+        if (isLive() && m_performer->tempo() != before)
             sendTempo(quint16(m_performer->tempo()));
     } else if (msb == generalPage && lsb == metronomeTap && value != 0) {
-        if (m_live && m_performer->tap())
+        if (isLive() && m_performer->tap())
             sendTempo(quint16(m_performer->tempo()));
     } else if (msb == generalPage && lsb == metronomeActive) {
-        m_performer->setMetronome(m_live && value != 0);
+        m_performer->setMetronome(isLive() && value != 0);
     }
 }
 

@@ -18,16 +18,18 @@ namespace simulated {
 class Line;
 class Performer;
 class QueryResponder;
+class Recorder;
 class TransferReceiver;
 } // namespace simulated
 
-/// A drum module's sound engine for tests and for screens without a module: the far end of the wire.
+/// A simulated sound engine for tests and for screens without a drum module.
 ///
-/// Lives in one thread and is driven by its event loop; all methods are to be called from that thread (move
-/// it with moveToThread() before listen(), if it shall not be the caller's). Keeps what the module sends,
-/// answers what is asked, and says nothing else unless told to: groove, meters and live reports are off.
-/// Methods that send return false when no module is known yet, when a failure mode has made the engine
-/// vanish, or when the socket refuses.
+/// The object runs in the event loop of its thread, and all methods must be called from that thread. To use
+/// another thread, call moveToThread() before listen(). The engine stores what the module sends and answers
+/// its requests. It sends nothing else by default: groove, meters and live reports are off.
+///
+/// Methods that send return false when no module is known, a failure mode has made the engine vanish, or the
+/// socket fails.
 class SoundEngine : public QObject
 {
     Q_OBJECT
@@ -47,76 +49,77 @@ public:
         quint8 msb;
         quint8 lsb;
         quint8 value;
-        int low; ///< second data byte, -1 when there was none
+        int low; ///< second data byte, -1 in the three-event form
     };
 
     struct Counters
     {
-        quint64 datagrams = 0;  ///< heard
-        quint64 lost = 0;       ///< missed because of a failure mode
-        quint64 heldBack = 0;   ///< arrived but kept back by a failure mode so far
+        quint64 datagrams = 0;  ///< received
+        quint64 lost = 0;       ///< dropped by a failure mode
+        quint64 heldBack = 0;   ///< currently held back by a failure mode
         quint64 parameters = 0; ///< parameter messages
         quint64 otherMessages = 0;
         quint64 violations = 0;
-        quint64 padHits = 0; ///< sent from here on
+        quint64 padHits = 0; ///< sent, like all below
         quint64 chokes = 0;
         quint64 outputMeters = 0;
         quint64 compressorMeters = 0;
         quint64 beats = 0;
-        quint64 sent = 0; ///< datagrams of every kind
+        quint64 sent = 0; ///< datagrams of all kinds
     };
 
     explicit SoundEngine(QObject *parent = nullptr);
     ~SoundEngine() override;
 
-    /// Port 0 takes a free one. False when the address cannot be had; errorString() says why.
+    /// Port 0 selects a free port. Returns false when the address cannot be bound; errorString() has the
+    /// reason.
     bool listen(const QHostAddress &address, quint16 port = defaultPort);
     void close();
     QHostAddress address() const;
     quint16 port() const;
     QString errorString() const;
 
-    /// Learned from whatever arrives; can be set for a module that only listens.
+    /// Sets the module's address for a module that does not send first. Each received datagram sets it, too.
     void setModule(const QHostAddress &address, quint16 port);
     bool knowsModule() const;
     QHostAddress moduleAddress() const;
     quint16 modulePort() const;
 
-    // What was received.
+    // Received values.
 
-    /// Last value of a parameter (its last data byte), -1 if it never came.
+    /// Last value of a parameter (its last data byte), -1 if it was never received.
     int parameter(quint8 msb, quint8 lsb) const;
-    /// The second data byte that came with it, -1 if none did.
+    /// The second data byte of that value, -1 in the three-event form.
     int parameterLow(quint8 msb, quint8 lsb) const;
-    /// All parameters that came, by number.
+    /// All received parameters, ordered by number.
     QVector<Parameter> parameters() const;
-    /// Value of a controller that is no part of a parameter (7: drum kit volume), -1 if it never came.
+    /// Value of a controller outside of parameters (7: drum kit volume), -1 if it was never received.
     int controller(quint8 number) const;
-    /// -1: none yet.
+    /// -1: none received.
     int program() const { return m_program; }
     QByteArray bluetoothName() const { return m_bluetoothName; }
-    /// Points of a trigger curve, empty if it never came.
+    /// Points of a trigger curve, empty if it was never received.
     QByteArray triggerCurve(quint16 id) const;
-    /// -1: never switched.
+    /// 1 on, 0 off, -1 never switched.
     int led(quint16 id) const;
     bool isPoweredOff() const { return m_poweredOff; }
-    /// Every transfer that has ended, whole or not, in order. Without a store directory the latest have their
-    /// data, see setKeptBytes().
+    /// Every transfer that has ended, in order, with any outcome. Without a store directory the latest files
+    /// have their data, see setKeptBytes().
     const QVector<ReceivedFile> &receivedFiles() const;
 
-    /// What the module did wrong, one line each; at most the first thousand. counters() has them all.
+    /// Protocol violations of the module, one line each; at most the first thousand. counters() counts all.
     QStringList violations() const { return m_violations; }
     void clearViolations();
     Counters counters() const;
     /// Stable lines "summary NAME VALUE".
     QStringList summary() const;
 
-    // Sending, once each.
+    // Sending one message each.
 
-    /// Why a method that sends has last returned false, in one line.
+    /// One line with the reason of the last failed send.
     QString sendProblem() const;
 
-    /// note 0 to 127, velocity and pressure 0 to 127
+    /// note, velocity and pressure: 0 to 127
     bool strike(quint8 note, quint8 velocity);
     bool choke(quint8 note, quint8 pressure = 127);
     bool sendController(quint8 number, quint8 value);
@@ -124,74 +127,99 @@ public:
     bool sendProgram(quint8 program);
     bool sendTempo(quint16 beatsPerMinute);
     bool sendBeat(quint16 beat);
-    /// name: two letters of a switch, for example tag("PW")
+    /// name: tag of a switch, for example tag("PW")
     bool setSwitch(quint16 name, quint16 value);
     bool turnPot(quint16 pot, bool up);
     bool sendFlashSize(quint16 high, quint16 low);
     bool sendOutputMeters(const OutputLevels &levels);
     bool sendCompressorMeters(quint16 section, const CompressorLevels &levels);
-    /// The three messages of a test command, on the wire as parameter events.
+    /// A test command: three controller events.
     bool sendTestCommand(quint8 high, quint8 low, quint8 value);
-    /// message includes F0 and F7
+    /// message includes F0 and F7.
     bool sendSysEx(const QByteArray &message);
-    /// Any three-word event.
+    /// Any event.
     bool sendEvent(quint16 kind, quint16 index, quint16 data);
     /// Any bytes.
     bool sendRaw(const QByteArray &datagram);
 
-    // What it answers.
+    // Answers to requests.
 
     void setVersion(Version which, quint16 major, quint16 minor);
     void setHiHatRaw(quint16 value);
-    /// Answer to the memory request, as sendFlashSize() sends it.
+    /// Answer to the memory request, see sendFlashSize().
     void setFlashSize(quint16 high, quint16 low);
-    /// Fixed answers to meter requests, in place of the ones that follow the hits.
+    /// Fixed answers to meter requests, instead of levels that follow the hits.
     void setOutputLevels(const OutputLevels &levels);
     void setCompressorLevels(Section section, const CompressorLevels &levels);
-    /// Back to levels that follow the hits.
+    /// Returns to levels that follow the hits.
     void followHits();
+    /// False while setOutputLevels() or setCompressorLevels() applies.
+    bool isFollowingHits() const { return !m_fixedOutputs && m_compressors.isEmpty(); }
 
-    // What it does by itself.
+    // Timed output, failures, files.
 
-    /// Groove and datagram failures choose by this seed.
+    /// Seed of the groove and of failures that select datagrams at random.
     void setSeed(quint32 seed);
     void setGroove(bool playing);
     bool isGroovePlaying() const;
     /// Output meters at 30 Hz.
     void setMeters(bool running);
-    /// Behaves as the module in a room: reports the tempo when it is set or tapped, sends beats while the
-    /// metronome is on.
+    bool areMetersRunning() const;
+    /// Reports the tempo when it is set or tapped, and sends beats while the metronome is on.
     void setLive(bool live) { m_live = live; }
     int tempo() const;
+    /// Off: the engine answers neither requests nor files and reports nothing by itself. It sends only what
+    /// the methods above send.
+    void setAnswering(bool answering) { m_answering = answering; }
+    bool isAnswering() const { return m_answering; }
 
-    /// Failure modes by the names of simulated::failureModes(), with or without "=N". Several may be on.
+    // Recording.
+
+    /// Records all datagrams in both directions, also those that a failure mode drops, into a capture file
+    /// (pcap with nanoseconds), which is complete after each datagram. Replaces an existing file. Returns
+    /// false and sets problem to one line when the file cannot be written.
+    bool startRecording(const QString &path, QString *problem = nullptr);
+    void stopRecording();
+
+    /// Adds a failure mode: a name of simulated::failureModes(), with or without "=N", or with "=N,N,..." for
+    /// several packets. Modes can be combined, and one that is added twice applies twice. Returns false and
+    /// sets problem when text is wrong.
     bool setFailure(const QString &text, QString *problem = nullptr);
+    /// Removes every failure of the mode with that name; unknown names have no effect.
+    void clearFailure(const QString &name);
     void clearFailures();
+    const simulated::FailureSet &failures() const { return m_failures; }
 
-    /// Received files are written here while they arrive. Empty: they are kept in memory.
+    /// Directory that received files are written to while they arrive. Empty: files are kept in memory.
     void setStoreDirectory(const QString &directory);
-    /// So many bytes of received files are kept in memory, of the latest ones: 256 MiB unless told otherwise.
-    /// Older files keep all but their data, and so does a file larger than this or than 64 MiB.
+    /// Bytes of the latest files to keep in memory, 256 MiB by default. The data of older files is dropped,
+    /// and so is that of a file larger than this or than 64 MiB.
     void setKeptBytes(qint64 bytes);
 
 Q_SIGNALS:
     void moduleChanged(const QHostAddress &address, quint16 port);
     void datagramReceived(const QByteArray &datagram);
-    /// For every parameter message, also one that repeats a value. low is -1 in the three-event form.
+    /// Emitted for every datagram that has left the socket.
+    void datagramSent(const QByteArray &datagram);
+    /// Emitted for every parameter message, also when the value is the same. low is -1 in the three-event
+    /// form.
     void parameterReceived(int msb, int lsb, int value, int low);
-    /// Every message in words.
+    /// Emitted for every readable message, as text.
     void messageReceived(const QString &line);
-    /// What the engine does because of a transfer or a failure mode, in words.
+    /// An action of a transfer or a failure mode, as text.
     void noted(const QString &line);
     void violated(const QString &line);
     void transferStarted(const QString &content, quint32 size);
     void transferEnded(const simulated::ReceivedFile &file);
+    /// A datagram could not be written to the recording, which ends before it.
+    void recordingFailed(const QString &line);
 
 private:
     void take(const QByteArray &datagram);
     void takeParameter(const simulated::Message &message);
     void answerRequest(quint8 msb, quint8 lsb, quint8 value);
     void followParameter(quint8 msb, quint8 lsb, quint8 value, int low);
+    bool isLive() const { return m_live && m_answering; }
     void addViolation(const QString &line);
     void applyFailures();
     bool sendMidi(quint8 codeIndex, quint8 status, quint8 data1, quint8 data2);
@@ -200,6 +228,7 @@ private:
     OutputLevels currentOutputs() const;
 
     simulated::Line *m_line;
+    simulated::Recorder *m_recorder;
     simulated::Performer *m_performer;
     simulated::QueryResponder *m_queries;
     simulated::TransferReceiver *m_transfers;
@@ -220,6 +249,7 @@ private:
     bool m_poweredOff = false;
 
     bool m_live = false;
+    bool m_answering = true;
     bool m_fixedOutputs = false;
     OutputLevels m_outputs{};
     QHash<quint16, CompressorLevels> m_compressors;

@@ -1,6 +1,7 @@
 #include "commandreaders.h"
 #include "kit.h"
 #include "parametertable.h"
+#include "scenario.h"
 #include "soundengine.h"
 
 namespace simulated {
@@ -12,7 +13,7 @@ constexpr Named versionNames[] = {{"zelta", 0}, {"trigger", 1}, {"soundbank", 2}
 Run readHelp(Reader &)
 {
     return [](SoundEngine &) {
-        return commandHelp();
+        return commandHelp() + stepHelp();
     };
 }
 
@@ -34,7 +35,7 @@ Run readVersion(Reader &reader)
 {
     const Named *named = findNamed(versionNames, reader.arguments.at(0));
     if (named == nullptr)
-        return reader.fail(QStringLiteral("no version \"%1\"; there are %2")
+        return reader.fail(QStringLiteral("unknown version \"%1\"; use %2")
                                .arg(reader.arguments.at(0), listed(versionNames)));
     int major = 0;
     int minor = 0;
@@ -111,12 +112,28 @@ Run readGroove(Reader &reader)
     return setting([on](SoundEngine &engine) { engine.setGroove(on); });
 }
 
+Run readAnswers(Reader &reader)
+{
+    bool on = false;
+    if (!readOnOff(reader.arguments.at(0), &on))
+        return reader.fail(QStringLiteral("answers are on or off, not \"%1\"").arg(reader.arguments.at(0)));
+    return setting([on](SoundEngine &engine) { engine.setAnswering(on); });
+}
+
 Run readFail(Reader &reader)
 {
     const QString text = reader.arguments.at(0);
+    FailureSet trial;
+    if (reader.count() == 2) {
+        if (reader.arguments.at(1) != QLatin1String("off"))
+            return reader.fail(
+                QStringLiteral("a failure mode is followed by off, not \"%1\"").arg(reader.arguments.at(1)));
+        if (!trial.remove(text, &reader.problem))
+            return {};
+        return setting([text](SoundEngine &engine) { engine.clearFailure(text); });
+    }
     if (text == QLatin1String("none"))
         return setting([](SoundEngine &engine) { engine.clearFailures(); });
-    FailureSet trial;
     if (!trial.add(text, &reader.problem))
         return {};
     return setting([text](SoundEngine &engine) { engine.setFailure(text); });
@@ -133,9 +150,17 @@ Run readModule(Reader &)
 {
     return [](SoundEngine &engine) {
         if (!engine.knowsModule())
-            return QStringList{QStringLiteral("no module has been heard yet")};
+            return QStringList{QStringLiteral("no module is known yet")};
         return QStringList{
             QStringLiteral("module %1:%2").arg(engine.moduleAddress().toString()).arg(engine.modulePort())};
+    };
+}
+
+Run readPrint(Reader &reader)
+{
+    const QString text = reader.arguments.join(QLatin1Char(' '));
+    return [text](SoundEngine &) {
+        return QStringList{text};
     };
 }
 
@@ -153,18 +178,22 @@ const QVector<CommandRow> &stateCommands()
     static const QVector<CommandRow> rows = {
         {"help", "", "lists the commands", 0, 0, readHelp},
         {"pads", "", "lists the pads and zones with their notes", 0, 0, readPads},
-        {"version", "WHICH MAJOR MINOR", "answer for zelta, trigger, soundbank or triggerbank", 3, 3,
-         readVersion},
-        {"hihat-raw", "VALUE", "answer to the hi-hat query", 1, 1, readHiHatRaw},
+        {"version", "WHICH MAJOR MINOR",
+         "sets the answer to the query for zelta, trigger, soundbank or triggerbank", 3, 3, readVersion},
+        {"hihat-raw", "VALUE", "sets the answer to the hi-hat query", 1, 1, readHiHatRaw},
         {"groove", "on|off", "starts or stops the drummer", 1, 1, readGroove},
-        {"fail", "NAME[=N]|none", "switches a failure mode on, or all off", 1, 1, readFail},
+        {"answers", "on|off", "off: sends no answers and reports of its own", 1, 1, readAnswers},
+        {"fail", "NAME[=N[,N]...]|NAME off|none",
+         "adds a failure mode, at several packets if it has several N; removes one; or removes all", 1, 2,
+         readFail},
         {"failures", "", "lists the failure modes", 0, 0, readFailures},
-        {"param", "HIGH LOW", "shows a parameter as it was received", 2, 2, readParam},
-        {"params", "", "shows all parameters that were received", 0, 0, readParams},
+        {"param", "HIGH LOW", "shows the last value of a parameter", 2, 2, readParam},
+        {"params", "", "shows the last values of all parameters", 0, 0, readParams},
         {"files", "", "shows the files that were received", 0, 0, readFiles},
-        {"violations", "", "shows what the module did wrong", 0, 0, readViolations},
+        {"violations", "", "shows the protocol violations of the module", 0, 0, readViolations},
         {"summary", "", "shows the counters", 0, 0, readSummary},
-        {"module", "", "shows where the module is", 0, 0, readModule},
+        {"module", "", "shows the address of the module", 0, 0, readModule},
+        {"print", "TEXT", "prints a text", 1, anyNumberOfWords, readPrint},
         {"quit", "", "ends the program", 0, 0, readQuit},
     };
     return rows;

@@ -4,8 +4,8 @@ namespace simulated {
 
 namespace {
 
-// The sender rests four seconds before it goes back; what comes out of order sooner is merely late.
-constexpr qint64 restMs = 1000;
+// The sender pauses for four seconds before a resend, so packets out of order before this time are only late.
+constexpr qint64 resendPauseMs = 1000;
 
 } // namespace
 
@@ -37,7 +37,7 @@ StreamSum::Place StreamSum::arrived(quint32 number, bool *resumed)
     *resumed = false;
     const qint64 n = number;
     if (m_maybeResumed && n == m_requested + 1) {
-        // The requested packet and the one after it: the sender did go back.
+        // The requested packet and the one after it: the resend has started.
         beginRun(m_requested, n);
         *resumed = true;
         return Place::Next;
@@ -53,9 +53,9 @@ StreamSum::Place StreamSum::arrived(quint32 number, bool *resumed)
         return Place::Ahead;
     }
     if (m_requested >= 0 && n >= m_requested) {
-        const bool rested = m_sinceRequest.elapsed() >= restMs;
-        if (rested) {
-            // Also when the requested packet itself was lost once more.
+        const bool paused = m_sinceRequest.elapsed() >= resendPauseMs;
+        if (paused) {
+            // A resend, even if the requested packet itself was lost again.
             beginRun(m_requested, n);
             *resumed = true;
             return n == m_run.first ? Place::Next : Place::Ahead;
@@ -87,7 +87,7 @@ bool StreamSum::matches(quint32 sum) const
         total += sumOf(run);
     if (total == sum)
         return true;
-    // The sender may have gone back for the last packet of the file, which nothing follows.
+    // A resend of the last packet of the file has no packet after it.
     return m_maybeResumed && total + sumOf({m_requested, m_requested}) == sum;
 }
 

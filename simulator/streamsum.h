@@ -6,31 +6,31 @@
 
 namespace simulated {
 
-/// 32-bit wrapping sum of a padded chunk's big-endian words.
+/// Wrapping 32-bit sum of the big-endian 16-bit words of a padded chunk.
 quint32 chunkSum(const QByteArray &chunk);
 
-/// The checksum of a stream in which parts may have been sent again.
+/// Checksum of a stream with resends.
 ///
-/// The sender adds every chunk that it sends, so chunks sent again count again, and chunks that got lost on
-/// the way count as well. The receiver therefore follows where the sender was: a stream is a row of runs of
-/// consecutive packets, each run after the first beginning where a resend was asked for. When the file is
-/// whole, the sum of all runs is known, whatever was lost in between.
+/// The sender adds every chunk that it sends: a chunk that is sent again counts twice, and so does one that
+/// was lost. The receiver therefore reconstructs what was sent. A stream is a sequence of runs of consecutive
+/// packets, and each run after the first begins at a packet that was requested again. When the file is
+/// complete, the sum of all runs is known, regardless of which packets were lost.
 class StreamSum
 {
 public:
-    /// The sender was asked to go back to packet number.
+    /// A resend from packet number was requested.
     void requested(quint32 number);
 
     enum class Place { Next, Ahead, Repeat };
 
-    /// Packet number arrived. Says where it stands in the sender's stream; resumed is set when the sender
-    /// has just gone back.
+    /// Packet number arrived. Returns its place in the stream, and sets resumed when the sender has started a
+    /// resend.
     Place arrived(quint32 number, bool *resumed);
 
     /// The next chunk of the file, in order.
     void appendChunk(const QByteArray &chunk);
 
-    /// True if sum is what a sender of this stream would give. The file has to be whole.
+    /// True if sum is the checksum of this stream. The file must be whole.
     bool matches(quint32 sum) const;
 
 private:

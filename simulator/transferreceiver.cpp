@@ -3,6 +3,7 @@
 #include "wire.h"
 
 #include <QFileInfo>
+#include <QSet>
 
 namespace simulated {
 
@@ -29,18 +30,18 @@ struct TransferReceiver::Transfer
     ReceivedFile file;
     quint16 content = 0;
     quint32 chunkSize = 0;
-    quint32 count = 0;    // packets that the announced size takes
+    quint32 count = 0;    // packets for the announced size
     quint32 expected = 0; // next packet of the file
     StreamSum stream;
     std::unique_ptr<FileSink> sink;
-    bool waiting = false; // a resend was asked for because of a gap and has not come yet
-    bool broken = false;  // a chunk did not have the length that it must have
-    bool failed = false;  // the failure mode of this transfer has happened
+    bool waiting = false; // a resend was requested because of a gap and has not started yet
+    bool broken = false;  // a chunk had a wrong length
+    QSet<int> happened;   // ids of the failure modes that have happened in this transfer
     quint16 refusal = 0;
 
     bool isWhole() const { return expected == count && !broken; }
 
-    // Bytes that chunk number must have, padding included.
+    // Expected bytes of chunk number, padding included.
     quint32 chunkLength(quint32 number) const
     {
         const quint32 length = qMin(chunkSize, file.size - number * chunkSize);
@@ -78,7 +79,7 @@ void TransferReceiver::take(const Message &message)
 void TransferReceiver::start(const Message &message)
 {
     if (m_current) {
-        // The network may bring a start packet twice.
+        // The network may duplicate a start packet.
         const ReceivedFile &open = m_current->file;
         if (open.packets == 0 && message.content == m_current->content && message.number == open.size &&
             message.slot == open.slot)
@@ -101,7 +102,7 @@ void TransferReceiver::start(const Message &message)
 
     if (m_failures.has(Failure::StrayAcks)) {
         Q_EMIT reply(Tag::TransferData, 0xFFFF, 0xFF00);
-        Q_EMIT noted(QStringLiteral("acknowledged packet 16777215, which was never sent"));
+        Q_EMIT noted(QStringLiteral("acknowledged packet 16777215, which was not sent"));
     }
     if (m_failures.has(Failure::ResendBeforeStart))
         askForResend(0, resendByte);
@@ -114,7 +115,7 @@ QString TransferReceiver::freeFileName(const Message &message) const
     QString slot;
     if (message.slot >= 0)
         slot = QStringLiteral("-slot%1").arg(message.slot);
-    // Names from the wire never become file names.
+    // File names never contain text from the network.
     for (int number = m_files.size() + 1;; ++number) {
         QString name = QStringLiteral("%1-%2%3.bin")
                            .arg(number, 3, 10, QLatin1Char('0'))
@@ -142,7 +143,7 @@ void TransferReceiver::data(const Message &message)
     if (transfer.refusal != 0)
         return;
     if (message.payload.isEmpty()) {
-        // A sender that has nothing left to read where it should read on sends one empty packet and gives up.
+        // A sender that seeks past the end of its file sends one empty packet and aborts.
         Q_EMIT noted(QStringLiteral("empty data packet %1").arg(message.number));
         return;
     }
@@ -181,7 +182,7 @@ void TransferReceiver::takeChunk(const Message &message)
     if (number < transfer.expected) {
         ++transfer.file.repeatedPackets;
         if (place == StreamSum::Place::Repeat && transfer.file.resendRequests == 0 && !networkRepeats())
-            Q_EMIT violated(QStringLiteral("data packet %1 sent again without being asked for").arg(number));
+            Q_EMIT violated(QStringLiteral("data packet %1 sent again without a resend request").arg(number));
         return;
     }
     if (number > transfer.expected) {
@@ -198,7 +199,7 @@ void TransferReceiver::takeChunk(const Message &message)
     if (quint32(bytes.size()) > left) {
         if (bytes.at(bytes.size() - 1) != '\0')
             Q_EMIT violated(
-                QStringLiteral("data packet %1 is padded with something else than zero").arg(number));
+                QStringLiteral("data packet %1 is padded with a byte other than zero").arg(number));
         bytes.chop(1);
     }
     transfer.sink->append(bytes);
@@ -208,39 +209,42 @@ void TransferReceiver::takeChunk(const Message &message)
 
 void TransferReceiver::failOnPacket(quint32 number)
 {
-    if (!m_current->failed)
-        m_current->failed = failHere(number);
+    // A copy, because a handler of noted() may change the failures.
+    const QVector<ActiveFailure> failures = m_failures.active();
+    for (const ActiveFailure &active : failures) {
+        if (quint32(active.value) != number || m_current->happened.contains(active.id))
+            continue;
+        m_current->happened.insert(active.id);
+        failNow(active, number);
+        if (m_current->refusal != 0)
+            return;
+    }
 }
 
-// Whether a failure mode was waiting for this packet; it has happened then.
-bool TransferReceiver::failHere(quint32 number)
+void TransferReceiver::failNow(const ActiveFailure &active, quint32 number)
 {
     Transfer &transfer = *m_current;
-    const auto isHere = [&](Failure failure) {
-        return m_failures.has(failure) && number == quint32(m_failures.value(failure));
-    };
-    if (isHere(Failure::Resend)) {
-        askForResend(number, resendByte);
-    } else if (isHere(Failure::ResendTwice)) {
+    switch (active.failure) {
+    case Failure::Resend: askForResend(number, resendByte); break;
+    case Failure::ResendTwice:
         askForResend(number, resendByte);
         askForResend(number, resendByte);
-    } else if (isHere(Failure::ResendPastEnd)) {
-        askForResend(transfer.count + pastEndBy, resendByte);
-    } else if (isHere(Failure::UnknownLowByte)) {
-        askForResend(number, meaninglessByte);
-    } else if (isHere(Failure::Refuse)) {
-        transfer.refusal = m_failures.refusalCode();
+        break;
+    case Failure::ResendPastEnd: askForResend(transfer.count + pastEndBy, resendByte); break;
+    case Failure::UnknownLowByte: askForResend(number, meaninglessByte); break;
+    case Failure::Refuse:
+        transfer.refusal = active.code;
         Q_EMIT noted(QStringLiteral("refused further data with 0x%1").arg(transfer.refusal, 2, 16));
         Q_EMIT reply(Tag::TransferData, quint16(number),
                      quint16(((number >> 8) & 0xFF00) | transfer.refusal));
-    } else if (isHere(Failure::StrayAcks)) {
-        Q_EMIT noted(QStringLiteral("acknowledged an end that was never sent"));
+        break;
+    case Failure::StrayAcks:
+        Q_EMIT noted(QStringLiteral("acknowledged an end packet that was not sent"));
         Q_EMIT reply(Tag::TransferEnd, 0, EndStatus::Success);
         Q_EMIT reply(tag("ZZ"), 0, 0);
-    } else {
-        return false;
+        break;
+    default: break; // not a failure of one packet
     }
-    return true;
 }
 
 void TransferReceiver::askForResend(quint32 number, quint8 lowByte)
@@ -248,7 +252,7 @@ void TransferReceiver::askForResend(quint32 number, quint8 lowByte)
     Transfer &transfer = *m_current;
     transfer.stream.requested(number);
     ++transfer.file.resendRequests;
-    Q_EMIT noted(QStringLiteral("asked for a resend from packet %1").arg(number));
+    Q_EMIT noted(QStringLiteral("requested a resend from packet %1").arg(number));
     Q_EMIT reply(Tag::TransferData, quint16(number), quint16(((number >> 8) & 0xFF00) | lowByte));
 }
 
@@ -256,7 +260,7 @@ void TransferReceiver::end(const Message &message)
 {
     quint16 status = EndStatus::NothingStarted;
     if (m_current && message.content == m_current->content) {
-        status = judge(message);
+        status = conclude(message);
         m_lastEnd = message;
         m_lastStatus = status;
     } else if (!m_current && m_lastEnd.content == message.content && m_lastEnd.number == message.number) {
@@ -268,12 +272,12 @@ void TransferReceiver::end(const Message &message)
     }
 
     if (m_failures.has(Failure::NoEndAck))
-        Q_EMIT noted(QStringLiteral("kept silent about the end"));
+        Q_EMIT noted(QStringLiteral("did not acknowledge the end"));
     else
         Q_EMIT reply(Tag::TransferEnd, 0, status);
 }
 
-quint16 TransferReceiver::judge(const Message &message)
+quint16 TransferReceiver::conclude(const Message &message)
 {
     Transfer &transfer = *m_current;
     const bool checked = hasChecksum(transfer.content);
@@ -291,9 +295,9 @@ quint16 TransferReceiver::judge(const Message &message)
     } else if (checked && !transfer.stream.matches(message.number)) {
         outcome = ReceivedFile::Outcome::ChecksumError;
         status = EndStatus::ChecksumError;
-        // After a loss the sender may have counted packets of which nothing is known here.
+        // After a loss the sender may have counted packets that did not arrive here.
         if (transfer.file.gaps == 0)
-            Q_EMIT violated(QStringLiteral("checksum 0x%1 does not fit the data")
+            Q_EMIT violated(QStringLiteral("checksum 0x%1 does not match the data")
                                 .arg(message.number, 8, 16, QLatin1Char('0')));
     } else if (m_failures.has(Failure::BadChecksum)) {
         outcome = ReceivedFile::Outcome::ChecksumError;

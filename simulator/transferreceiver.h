@@ -12,7 +12,7 @@
 
 namespace simulated {
 
-/// End status of the acknowledgement of an end packet; a refused transfer ends with its refusal instead.
+/// Status in the acknowledgement of an end packet. A refused transfer ends with its refusal code instead.
 namespace EndStatus {
 constexpr quint16 Success = 0;
 constexpr quint16 ChecksumError = 1;
@@ -20,7 +20,7 @@ constexpr quint16 Incomplete = 2;
 constexpr quint16 NothingStarted = 3;
 } // namespace EndStatus
 
-/// The engine's end of a file transfer.
+/// The engine's side of a file transfer.
 class TransferReceiver : public QObject
 {
     Q_OBJECT
@@ -31,16 +31,16 @@ public:
 
     void setFailures(const FailureSet &failures);
 
-    /// Where files go; empty: into memory.
+    /// Directory to write files to; empty: files are kept in memory.
     void setStoreDirectory(const QString &directory) { m_directory = directory; }
 
-    /// Bytes of files kept in memory, of the latest ones; a larger file keeps none.
+    /// Bytes of the latest files to keep in memory. The data of a larger file is not kept.
     void setKeptBytes(qint64 bytes);
 
     /// A start, data or end packet of the module.
     void take(const Message &message);
 
-    /// Every transfer that has ended one way or another, in order. The older ones have lost their data.
+    /// Every transfer that has ended, in order, with any outcome. The data of older files is dropped.
     const QVector<ReceivedFile> &files() const { return m_files; }
     bool isReceiving() const { return m_current != nullptr; }
 
@@ -60,9 +60,9 @@ private:
 
     void takeChunk(const Message &message);
     void failOnPacket(quint32 number);
-    bool failHere(quint32 number);
+    void failNow(const ActiveFailure &active, quint32 number);
     void askForResend(quint32 number, quint8 lowByte);
-    quint16 judge(const Message &message);
+    quint16 conclude(const Message &message);
     void close(ReceivedFile::Outcome outcome);
     void dropOldData();
     bool networkRepeats() const;
@@ -73,9 +73,9 @@ private:
     std::unique_ptr<Transfer> m_current;
     QVector<ReceivedFile> m_files;
     qint64 m_keptBytes = 256 * 1024 * 1024;
-    Message m_lastEnd; // the end that closed the last transfer, and its answer
-    quint16 m_lastStatus = 0;
-    bool m_expectStragglers = false; // data of a transfer that was cut short may still be on its way
+    Message m_lastEnd;               // the end packet that closed the last transfer
+    quint16 m_lastStatus = 0;        // and the answer to it
+    bool m_expectStragglers = false; // data of a transfer that ended early may still arrive
 };
 
 } // namespace simulated

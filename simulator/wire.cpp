@@ -30,14 +30,14 @@ quint32 longAt(const QByteArray &bytes, int offset)
     return (quint32(wordAt(bytes, offset)) << 16) | wordAt(bytes, offset + 2);
 }
 
-QString tagText(quint16 word)
+QString tagText(quint16 tag)
 {
     const auto isLetter = [](int c) {
         return c > 0x20 && c < 0x7F;
     };
-    if (isLetter(word >> 8) && isLetter(word & 0xFF))
-        return QString(QLatin1Char(char(word >> 8))) + QLatin1Char(char(word & 0xFF));
-    return QStringLiteral("0x%1").arg(word, 4, 16, QLatin1Char('0'));
+    if (isLetter(tag >> 8) && isLetter(tag & 0xFF))
+        return QString(QLatin1Char(char(tag >> 8))) + QLatin1Char(char(tag & 0xFF));
+    return QStringLiteral("0x%1").arg(tag, 4, 16, QLatin1Char('0'));
 }
 
 QString hexText(const QByteArray &bytes)
@@ -58,7 +58,7 @@ QByteArray eventDatagram(quint16 kind, quint16 index, quint16 data)
 
 QByteArray midiEvent(quint8 codeIndex, quint8 status, quint8 data1, quint8 data2)
 {
-    // An event's bytes travel to the module swapped in pairs.
+    // The four bytes of an event are sent with each pair swapped.
     return eventDatagram(Tag::Midi, quint16((status << 8) | codeIndex), quint16((data2 << 8) | data1));
 }
 
@@ -83,7 +83,8 @@ QByteArray outputMeters(const OutputLevels &levels)
 
 QVector<QByteArray> sysExEvents(const QByteArray &message)
 {
-    // Code index: 4 while more follows, then 5, 6 or 7 for a last event of one, two or three bytes.
+    // Code index 4 for an event that another one follows; 5, 6 or 7 for a last event of one, two or three
+    // bytes.
     QVector<QByteArray> events;
     for (int i = 0; i < message.size(); i += 3) {
         const int left = message.size() - i;

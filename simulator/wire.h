@@ -1,4 +1,4 @@
-// The bytes of the wire as the sound engine reads and writes them.
+// Encoding and decoding of datagrams on the engine's side.
 #pragma once
 
 #include <QByteArray>
@@ -9,7 +9,7 @@
 
 namespace simulated {
 
-/// Two ASCII letters as the 16-bit word they make on the wire, first letter in the high byte.
+/// The 16-bit number of two ASCII letters, the first letter in the high byte.
 constexpr quint16 tag(const char (&letters)[3])
 {
     return quint16((uchar(letters[0]) << 8) | uchar(letters[1]));
@@ -50,7 +50,7 @@ constexpr quint16 Pot = tag("CO");
 constexpr quint16 FlashSize = tag("FR");
 } // namespace Tag
 
-/// MIDI on channel 10, the only channel of the wire.
+/// MIDI on channel 10, the only channel that the protocol uses.
 namespace Midi {
 constexpr quint8 NoteOff = 0x89;
 constexpr quint8 NoteOn = 0x99;
@@ -71,22 +71,22 @@ constexpr quint8 HiHatPedal = 4;
 using CompressorLevels = std::array<quint16, 6>;
 using OutputLevels = std::array<quint16, 18>;
 
-// Reading. An offset past the end reads as zero.
+// Reading. Bytes past the end are zero.
 quint8 byteAt(const QByteArray &bytes, int offset);
 quint16 wordAt(const QByteArray &bytes, int offset);
 quint32 longAt(const QByteArray &bytes, int offset);
 
-/// "VN" for a word of two printable letters, "0x0102" for any other.
-QString tagText(quint16 word);
+/// "VN" for two printable letters, "0x0102" for other numbers.
+QString tagText(quint16 tag);
 QString hexText(const QByteArray &bytes);
 
-// Writing: what the engine sends to the module.
+// Datagrams from the engine to the module.
 QByteArray eventDatagram(quint16 kind, quint16 index, quint16 data);
 QByteArray midiEvent(quint8 codeIndex, quint8 status, quint8 data1, quint8 data2);
 QByteArray compressorMeters(quint16 section, const CompressorLevels &levels);
 QByteArray outputMeters(const OutputLevels &levels);
 
-/// One datagram for each USB-MIDI event of a message, which includes its F0 and F7.
+/// One datagram for each USB-MIDI event of message, which includes F0 and F7.
 QVector<QByteArray> sysExEvents(const QByteArray &message);
 
 } // namespace simulated
