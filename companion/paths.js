@@ -1,0 +1,30 @@
+.pragma library
+
+// Returns { path } for an absolute path or a file URL, { other: true } for another URL, and {} for anything else.
+function read(source) {
+    var text = source === undefined || source === null ? "" : String(source);
+    if (text.charAt(0) === "/")
+        return text.indexOf("\0") < 0 ? { path: text } : {};
+    var file = /^file:(?:\/\/(?:localhost)?(?=\/))?(\/(?!\/).*)$/i.exec(text);
+    if (file) {
+        try {
+            var path = decodeURIComponent(file[1]);
+            return path.indexOf("\0") < 0 ? { path: path } : {};
+        } catch (error) {
+            return {};
+        }
+    }
+    return /^[a-z][a-z0-9+.-]*:/i.test(text) ? { other: true } : {};
+}
+
+function folderOf(path) {
+    return path.slice(0, path.lastIndexOf("/")) || "/";
+}
+
+function nameOf(path) {
+    return path.slice(path.lastIndexOf("/") + 1);
+}
+
+function urlOf(path) {
+    return "file://" + path.split("/").map(encodeURIComponent).join("/");
+}
