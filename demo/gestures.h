@@ -2,26 +2,22 @@
 
 #include <QPointF>
 #include <QString>
-#include <QVector>
 
 class QQuickItem;
 class QQuickWindow;
 
-/// One move of a finger: put down on a named control and moved by so many pixels; a move of nothing is a tap.
-/// Names may be nested with a slash, outermost first.
+/// One touch: a finger presses on a named control and moves by some pixels. Without a move it is a tap. A
+/// name can be a path of nested names, separated by slashes, outermost first.
 struct Gesture
 {
     QString control;
     QPointF by;
 };
 
-/// What the tour does on a page. A file in `folder`, where one is given, is sent to the engine.
-QVector<Gesture> gesturesOf(const QString &page, const QString &folder);
-
-/// The visible control of that name on the window, or null.
+/// The visible control with that name among the descendants of an item, or null.
 QQuickItem *findControl(QQuickItem *root, const QString &name);
 
-/// Puts the finger down, moves it, takes it up, as the window system would.
+/// Sends the window a mouse press, the moves and a release.
 void touchDown(QQuickWindow *window, const QPointF &at);
 void touchMove(QQuickWindow *window, const QPointF &at);
 void touchUp(QQuickWindow *window, const QPointF &at);

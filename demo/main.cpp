@@ -2,14 +2,18 @@
 #include "qmlcomplaints.h"
 #include "report.h"
 #include "screenhost.h"
+#include "simulatedengine.h"
 #include "tour.h"
 
 #include "tools/shared/engineaddress.h"
 #include "tools/shared/quitonsignal.h"
+#include "tools/shared/toolsping.h"
 
 #include <QFont>
 #include <QGuiApplication>
 #include <QTextStream>
+
+#include <memory>
 
 namespace {
 
@@ -78,7 +82,7 @@ int main(int argc, char *argv[])
     case Options::Action::Refuse: complain(options.error + QStringLiteral(" (see --help)")); return Misused;
     case Options::Action::Run: break;
     }
-    const QString problem = engineVariableProblem();
+    const QString problem = options.simulate ? QString() : engineVariableProblem();
     if (!problem.isEmpty()) {
         complain(problem);
         return Misused;
@@ -87,6 +91,7 @@ int main(int argc, char *argv[])
     if (options.headless)
         useNoDisplay();
     QGuiApplication application(argc, argv);
+    useToolsPing();
     QGuiApplication::setApplicationName(QStringLiteral("zelta-demo"));
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setHintingPreference(QFont::PreferNoHinting);
@@ -94,6 +99,16 @@ int main(int argc, char *argv[])
     QmlComplaints::collect();
     QuitOnSignal quitOnSignal;
 
+    // Constructed before the screen and its module, and destroyed after them.
+    std::unique_ptr<SimulatedEngine> engine;
+    if (options.simulate) {
+        engine = std::make_unique<SimulatedEngine>();
+        if (!engine->start()) {
+            complain(engine->error());
+            return Failed;
+        }
+        qputenv(engineVariable, engine->address().toLatin1());
+    }
     ScreenHost host;
     if (!host.load(options)) {
         complain(host.error());

@@ -1,8 +1,73 @@
 #include "options.h"
 
+#include "pages.h"
+
+#include "tools/shared/commandline.h"
+
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace {
+
+constexpr char defaultSeconds[] = "10";
+constexpr char defaultSize[] = "1280x800";
+
+// The options as --help lists them.
+struct CommandLine
+{
+    CommandLine()
+    {
+        parser.setApplicationDescription(QStringLiteral(
+            "The drum module's touch screen, on top of the ZeltaConnect QML module.\n\n"
+            "The address of the engine is 172.20.21.22, or ADDRESS[:PORT] in ZELTACONNECT_ENGINE.\n\n"
+            "Exit status: 0 success; 1 the screen failed or received nothing; 2 a wrong option or\n"
+            "address."));
+    }
+
+    QList<QCommandLineOption> options() const
+    {
+        return {simulate, headless, screenshots, size, page, files, importDir, help, version};
+    }
+
+    QCommandLineParser parser;
+    const QCommandLineOption simulate{
+        QStringLiteral("simulate"),
+        QStringLiteral(
+            "Bring a simulated engine along, which plays drums. ZELTACONNECT_ENGINE is not used.")};
+    const QCommandLineOption headless{
+        QStringLiteral("headless"),
+        QStringLiteral(
+            "Without a display: show every page, move controls, report and end. SECONDS may be left out "
+            "(%1).")
+            .arg(QLatin1String(defaultSeconds)),
+        QStringLiteral("SECONDS")};
+    const QCommandLineOption screenshots{
+        QStringLiteral("screenshots"),
+        QStringLiteral("With --headless: save a picture of every page into DIR."), QStringLiteral("DIR")};
+    const QCommandLineOption size{
+        QStringLiteral("size"),
+        QStringLiteral("Size of the window, 320x200 to 7680x4320 (%1). The screen is scaled to it.")
+            .arg(QLatin1String(defaultSize)),
+        QStringLiteral("WIDTHxHEIGHT"), QLatin1String(defaultSize)};
+    const QCommandLineOption page{
+        QStringLiteral("page"),
+        QStringLiteral("Open this page first: %1.").arg(pageNames().join(QStringLiteral(", "))),
+        QStringLiteral("NAME")};
+    const QCommandLineOption files{
+        QStringLiteral("files"),
+        QStringLiteral("Folder that the update page opens (default: the home folder). "
+                       "--headless sends its first file as a sound bank."),
+        QStringLiteral("DIR")};
+    const QCommandLineOption importDir{
+        QStringLiteral("import"),
+        QStringLiteral(
+            "Folder that holds the ZeltaConnect module (default: ../qml of this program, or Qt's own "
+            "folder)."),
+        QStringLiteral("DIR")};
+    const QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Show this help.")};
+    const QCommandLineOption version{QStringLiteral("version"), QStringLiteral("Show the version.")};
+};
 
 Options refuse(const QString &error)
 {
@@ -12,107 +77,91 @@ Options refuse(const QString &error)
     return options;
 }
 
-bool isValue(const QStringList &arguments, int index)
+// QCommandLineParser has no options with an optional value.
+QStringList withDefaultSeconds(QStringList arguments)
 {
-    return index < arguments.size() && !arguments.at(index).startsWith(QLatin1Char('-'));
+    const int headless = arguments.indexOf(QStringLiteral("--headless"));
+    const bool hasValue =
+        headless + 1 < arguments.size() && !arguments.at(headless + 1).startsWith(QLatin1Char('-'));
+    if (headless >= 0 && !hasValue)
+        arguments.insert(headless + 1, QLatin1String(defaultSeconds));
+    return arguments;
 }
 
 bool readSeconds(const QString &text, double &seconds)
 {
     bool ok = false;
     const double value = text.toDouble(&ok);
-    // Written so that a text that reads as "not a number" is refused too.
+    // In this form the condition also rejects NaN.
     if (!ok || !(value >= 1.0 && value <= 3600.0))
         return false;
     seconds = value;
     return true;
 }
 
-QString missingFolder(const QString &path)
+bool readSize(const QString &text, QSize &size)
 {
-    return QFileInfo(path).isDir() ? QString() : QStringLiteral("no such folder: %1").arg(path);
+    static const QRegularExpression form(QStringLiteral("^([0-9]{3,4})x([0-9]{3,4})$"));
+    const QRegularExpressionMatch match = form.match(text);
+    const QSize read(match.captured(1).toInt(), match.captured(2).toInt());
+    if (read.width() < 320 || read.width() > 7680 || read.height() < 200 || read.height() > 4320)
+        return false;
+    size = read;
+    return true;
+}
+
+// Reads the values of the options that are set. Returns an empty text, or an error message.
+QString readValues(const CommandLine &line, Options *options)
+{
+    const QCommandLineParser &parser = line.parser;
+    if (!parser.positionalArguments().isEmpty())
+        return QStringLiteral("unexpected argument %1").arg(parser.positionalArguments().constFirst());
+    options->simulate = parser.isSet(line.simulate);
+    options->headless = parser.isSet(line.headless);
+    if (options->headless && !readSeconds(parser.value(line.headless), options->seconds))
+        return QStringLiteral("--headless takes 1 to 3600 seconds, not %1").arg(parser.value(line.headless));
+    if (!readSize(parser.value(line.size), options->size))
+        return QStringLiteral("--size takes 320x200 to 7680x4320, not %1").arg(parser.value(line.size));
+    options->screenshots = parser.value(line.screenshots);
+    options->importDir = parser.value(line.importDir);
+    options->files = parser.value(line.files);
+    if (parser.isSet(line.page))
+        options->page = parser.value(line.page);
+    if (!pageNames().contains(options->page))
+        return QStringLiteral("unknown page %1; use one of %2")
+            .arg(options->page, pageNames().join(QStringLiteral(", ")));
+    if (!options->screenshots.isEmpty() && !options->headless)
+        return QStringLiteral("--screenshots needs --headless");
+    for (const QString &folder : {options->importDir, options->files}) {
+        if (!folder.isEmpty() && !QFileInfo(folder).isDir())
+            return QStringLiteral("no such folder: %1").arg(folder);
+    }
+    return {};
 }
 
 } // namespace
 
-QStringList pageNames()
-{
-    return {QStringLiteral("kit"),        QStringLiteral("mixer"),   QStringLiteral("equaliser"),
-            QStringLiteral("compressor"), QStringLiteral("effects"), QStringLiteral("metronome"),
-            QStringLiteral("padsound"),   QStringLiteral("update")};
-}
-
 QString helpText()
 {
-    return QStringLiteral(
-               "Usage: zelta-demo [OPTION]...\n"
-               "The drum module's touch screen, on top of the ZeltaConnect QML module.\n"
-               "\n"
-               "  --headless [SECONDS]  without a display: tour every page, move controls, report, end (10)\n"
-               "  --screenshots DIR     with --headless: save a picture of every page into DIR\n"
-               "  --page NAME           open this page first: %1\n"
-               "  --files DIR           folder the update page starts in (the home folder); the tour sends "
-               "its\n"
-               "                        first file as a sound bank\n"
-               "  --import DIR          folder holding the ZeltaConnect module (../qml of this program)\n"
-               "  -h, --help            this text\n"
-               "  --version             the version\n"
-               "\n"
-               "The engine is sought at 172.20.21.22, or at ADDRESS[:PORT] in ZELTACONNECT_ENGINE.\n"
-               "Exit status: 0 all well, 1 the screen failed or nothing was heard, 2 a wrong option or "
-               "address.\n")
-        .arg(pageNames().join(QStringLiteral(", ")));
+    CommandLine line;
+    line.parser.addOptions(line.options());
+    return commandLineHelp(line.parser, "zelta-demo");
 }
 
 Options parseOptions(const QStringList &arguments)
 {
+    CommandLine line;
+    QString problem = parseCommandLine(line.parser, line.options(), withDefaultSeconds(arguments));
     Options options;
-    for (int i = 0; i < arguments.size(); ++i) {
-        const QString &argument = arguments.at(i);
-        if (argument == QLatin1String("--help") || argument == QLatin1String("-h")) {
-            options.action = Options::Action::Help;
-            return options;
-        }
-        if (argument == QLatin1String("--version")) {
-            options.action = Options::Action::Version;
-            return options;
-        }
-        // Both forms are common: "--page kit" and "--page=kit".
-        const int equals = argument.indexOf(QLatin1Char('='));
-        const QString option = argument.left(equals);
-        const bool isJoined = equals >= 0;
-        const bool hasValue = isJoined ? equals + 1 < argument.size() : isValue(arguments, i + 1);
-        if (option == QLatin1String("--headless")) {
-            options.headless = true;
-            if (!hasValue && !isJoined)
-                continue;
-            const QString seconds = isJoined ? argument.mid(equals + 1) : arguments.at(++i);
-            if (!readSeconds(seconds, options.seconds))
-                return refuse(QStringLiteral("--headless takes 1 to 3600 seconds, not %1").arg(seconds));
-            continue;
-        }
-
-        QString *value = option == QLatin1String("--screenshots") ? &options.screenshots
-                         : option == QLatin1String("--import")    ? &options.importDir
-                         : option == QLatin1String("--files")     ? &options.files
-                         : option == QLatin1String("--page")      ? &options.page
-                                                                  : nullptr;
-        if (!value)
-            return refuse(QStringLiteral("unknown option %1").arg(option));
-        if (!hasValue)
-            return refuse(QStringLiteral("%1 needs a value").arg(option));
-        *value = isJoined ? argument.mid(equals + 1) : arguments.at(++i);
+    if (problem.isEmpty() && line.parser.isSet(line.help)) {
+        options.action = Options::Action::Help;
+        return options;
     }
-
-    if (!pageNames().contains(options.page))
-        return refuse(QStringLiteral("no page is called %1; there are: %2")
-                          .arg(options.page, pageNames().join(QStringLiteral(", "))));
-    if (!options.screenshots.isEmpty() && !options.headless)
-        return refuse(QStringLiteral("--screenshots goes with --headless"));
-    for (const QString &folder : {options.importDir, options.files}) {
-        const QString error = folder.isEmpty() ? QString() : missingFolder(folder);
-        if (!error.isEmpty())
-            return refuse(error);
+    if (problem.isEmpty() && line.parser.isSet(line.version)) {
+        options.action = Options::Action::Version;
+        return options;
     }
-    return options;
+    if (problem.isEmpty())
+        problem = readValues(line, &options);
+    return problem.isEmpty() ? options : refuse(problem);
 }

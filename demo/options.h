@@ -1,9 +1,10 @@
 #pragma once
 
+#include <QSize>
 #include <QString>
 #include <QStringList>
 
-/// What the command line of zelta-demo asks for.
+/// The command line of zelta-demo.
 struct Options
 {
     enum class Action { Run, Help, Version, Refuse };
@@ -12,17 +13,16 @@ struct Options
     QString error; ///< one line, set with Refuse
 
     bool headless = false;
+    bool simulate = false;
     double seconds = 10.0;
     QString screenshots;
+    QSize size{1280, 800};
     QString importDir;
     QString files;
     QString page = QStringLiteral("kit");
 };
 
-/// Reads the arguments after the program's name. Anything it does not understand ends in Refuse.
+/// Reads the arguments, which do not include the program's name. A wrong argument gives Refuse.
 Options parseOptions(const QStringList &arguments);
-
-/// The names that --page takes, in the order of the navigation bar.
-QStringList pageNames();
 
 QString helpText();

@@ -5,7 +5,7 @@
 
 namespace {
 
-// Messages come from every thread.
+// Messages arrive from any thread.
 struct Complaints
 {
     QMutex mutex;
@@ -29,7 +29,7 @@ bool concernsQml(const QMessageLogContext &context, const QString &message)
 
 void handle(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-    // The message types are not in the order of their weight, so information is named and the rest counts.
+    // QtInfoMsg has the highest number, so a comparison by severity is not possible.
     if (type != QtDebugMsg && type != QtInfoMsg && concernsQml(context, message)) {
         QMutexLocker lock(&complaints().mutex);
         complaints().texts.append(message);

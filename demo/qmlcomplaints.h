@@ -2,8 +2,8 @@
 
 #include <QStringList>
 
-/// Collects what the QML engine complains about (a name that is not there, a binding loop) while still
-/// printing it. A screen that runs with complaints is broken even if it looks right.
+/// Collects and prints the warnings of the QML engine, such as an unknown name or a binding loop. A screen
+/// that runs with warnings has errors, even if it looks right.
 namespace QmlComplaints {
 
 void collect();

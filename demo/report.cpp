@@ -50,7 +50,7 @@ Report makeReport(const QObject *shell)
         report.lines.append(QStringLiteral("connection:  ") + shell->property("connectionText").toString());
 
     if (const QObject *transfers = child(shell, "transfers"))
-        report.lines.append(QStringLiteral("transfer:    ") + transfers->property("words").toString());
+        report.lines.append(QStringLiteral("transfer:    ") + transfers->property("statusText").toString());
 
     if (count(device, "padHits") == 0)
         report.missing.append(QStringLiteral("pad hits"));

@@ -4,12 +4,12 @@
 
 class QObject;
 
-/// What went both ways between the screen and the engine, as counted by the screen itself.
+/// What the screen and the engine exchanged, as counted by the screen.
 struct Report
 {
-    QStringList lines;   ///< one item per line, for people and for grep
-    QStringList missing; ///< what a working engine sends and this one did not
+    QStringList lines;   ///< one item per line
+    QStringList missing; ///< what a working engine sends, but this one did not
 };
 
-/// `shell` is the screen's root item, or null when it never appeared.
+/// `shell` is the root item of the screen, or null if the screen did not appear.
 Report makeReport(const QObject *shell);

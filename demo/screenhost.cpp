@@ -1,5 +1,7 @@
 #include "screenhost.h"
 
+#include "pages.h"
+
 #include "tools/shared/engineaddress.h"
 #include "tools/shared/modulefolder.h"
 
@@ -37,6 +39,9 @@ bool ScreenHost::load(const Options &options)
         m_error = component.errorString().trimmed().replace(QLatin1Char('\n'), QLatin1String("; "));
         return false;
     }
+    root->setProperty("width", options.size.width());
+    root->setProperty("height", options.size.height());
+    root->setProperty("pages", pageList());
     root->setProperty("startPage", options.page);
     root->setProperty(
         "startFolder",

@@ -6,8 +6,8 @@
 #include <QQuickWindow>
 #include <memory>
 
-/// Owns the QML engine and the window made from the screen's Main.qml.
-/// GUI thread only. The window goes before the engine, so that no binding outlives what it reads.
+/// Owns the QML engine and the window that Main.qml describes. GUI thread only.
+/// The window is destroyed before the engine, so that no binding reads a destroyed object.
 class ScreenHost
 {
 public:
@@ -16,12 +16,12 @@ public:
     ScreenHost(const ScreenHost &) = delete;
     ScreenHost &operator=(const ScreenHost &) = delete;
 
-    /// Creates and shows the window. On failure returns false; error() then says why, in one line.
+    /// Creates and shows the window. Returns false on failure; error() then returns the reason in one line.
     bool load(const Options &options);
     QString error() const { return m_error; }
 
     QQuickWindow *window() const { return m_window.get(); }
-    /// The part of the screen behind the first frame, or null until the back end has been created.
+    /// The part of the screen that is loaded after the first frame. Null until the back end has been created.
     QObject *shell() const;
 
 private:

@@ -1,6 +1,7 @@
 #include "tour.h"
 
 #include "gestures.h"
+#include "pages.h"
 
 #include <QDir>
 #include <QPixmap>
@@ -9,23 +10,25 @@
 
 namespace {
 
-// The back end waits up to ten seconds for an engine that does not answer.
+// The back end waits up to 10 s for an engine that does not answer.
 constexpr int shellPatience = 30000;
 constexpr int shellPoll = 20;
-// Time for bindings, animations and the engine's reports to reach the picture.
-constexpr int settleTime = 180;
-// A touch may make new controls, which stand in their places only after the next frame.
-constexpr int layoutTime = 50;
-constexpr int moveSteps = 6;
-constexpr int moveTime = 12;
+// Time for bindings, animations and the engine's reports before a picture is taken.
+constexpr int settleTime = 130;
+// Without a picture, bindings and new controls only.
+constexpr int hastyTime = 40;
+// A touch may create controls, which are laid out before the next frame.
+constexpr int layoutTime = 35;
+constexpr int moveSteps = 5;
+constexpr int moveTime = 8;
 constexpr int scenePatience = 1500;
-// The engine may want some of the file again, which takes the module four seconds each time.
+// The engine may request parts of the file again. The module waits 4 s before each resend.
 constexpr int transferPatience = 30000;
 constexpr int scenePoll = 10;
 // A pad is brightest just after the stroke.
 constexpr int strikeGlow = 25;
 
-// The offscreen platform's backing store cannot be read by the window itself, only by its screen.
+// With the offscreen platform, only the screen can grab the window.
 QImage picture(QQuickWindow *window)
 {
     const QImage own = window->grabWindow();
@@ -40,7 +43,7 @@ Tour::Tour(ScreenHost &host, const Options &options)
 {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, [this] {
-        // The step plans the next one, so it has to be out of the way first.
+        // The step itself sets m_step.
         const std::function<void()> step = std::move(m_step);
         step();
     });
@@ -73,7 +76,7 @@ void Tour::awaitShell()
 
 void Tour::showPage(int page)
 {
-    const QString name = pageNames().at(page);
+    const QString &name = pages().at(page).name;
     const QString navigation = QStringLiteral("nav-") + name;
     QQuickItem *button = findControl(m_host.window()->contentItem(), navigation);
     if (!button) {
@@ -82,14 +85,27 @@ void Tour::showPage(int page)
         return;
     }
     drag(button->mapToScene(QPointF(button->width() / 2, button->height() / 2)), QPointF(), 0,
-         [this, page] { after(settleTime, [this, page] { gesture(page, 0); }); });
+         [this, page] { after(pause(), [this, page] { gesture(page, 0); }); });
+}
+
+// The tour of the page. On the update page it also sends the first file of the folder.
+QVector<Gesture> Tour::gesturesOn(int page) const
+{
+    QVector<Gesture> gestures = pages().at(page).tour;
+    if (pages().at(page).name != QLatin1String("update") || m_options.files.isEmpty())
+        return gestures;
+    const QStringList files = QDir(m_options.files).entryList(QDir::Files, QDir::Name);
+    if (!files.isEmpty())
+        gestures << Gesture{QStringLiteral("file-") + files.first(), {}}
+                 << Gesture{QStringLiteral("send"), {}};
+    return gestures;
 }
 
 void Tour::gesture(int page, int index)
 {
-    const QVector<Gesture> gestures = gesturesOf(pageNames().at(page), m_options.files);
+    const QVector<Gesture> gestures = gesturesOn(page);
     if (index == gestures.size()) {
-        after(settleTime, [this, page] {
+        after(pause(), [this, page] {
             awaitScene(page, padHits(), transferring() ? transferPatience : scenePatience);
         });
         return;
@@ -97,7 +113,7 @@ void Tour::gesture(int page, int index)
     const Gesture &next = gestures.at(index);
     QQuickItem *control = findControl(m_host.window()->contentItem(), next.control);
     if (!control) {
-        m_problems.append(QStringLiteral("%1 is not on page %2").arg(next.control, pageNames().at(page)));
+        m_problems.append(QStringLiteral("%1 is not on page %2").arg(next.control, pages().at(page).name));
         gesture(page, index + 1);
         return;
     }
@@ -122,10 +138,10 @@ void Tour::drag(const QPointF &from, const QPointF &by, int move, std::function<
     after(moveTime, [this, from, by, move, next = std::move(next)] { drag(from, by, move + 1, next); });
 }
 
-// The kit is worth a picture only with a pad alight, a transfer only when it has ended.
+// The picture of the kit shows a lit pad. A transfer ends before its picture is taken.
 void Tour::awaitScene(int page, int hitsBefore, int patience)
 {
-    const QString name = pageNames().at(page);
+    const QString &name = pages().at(page).name;
     const bool strike = name == QLatin1String("kit");
     const bool wanted = strike ? padHits() > hitsBefore : !transferring();
     if (wanted || patience <= 0)
@@ -139,7 +155,7 @@ void Tour::takePicture(int page)
 {
     if (!m_options.screenshots.isEmpty()) {
         const QString name = page == 0 ? QStringLiteral("screenshot.png")
-                                       : QStringLiteral("screenshot-%1.png").arg(pageNames().at(page));
+                                       : QStringLiteral("screenshot-%1.png").arg(pages().at(page).name);
         const QString path = QDir(m_options.screenshots).filePath(name);
         if (QDir().mkpath(m_options.screenshots) && picture(m_host.window()).save(path))
             ++m_pictures;
@@ -151,10 +167,10 @@ void Tour::takePicture(int page)
 
 void Tour::leavePage(int page)
 {
-    // Each page gets its share of the whole time; a page that took longer is left at once.
+    // Each page has the same share of the time. If a page has taken longer, the tour leaves it immediately.
     const qint64 rest = qMax(qint64(0), qint64(pageShare()) * (page + 1) - m_sinceStart.elapsed());
     after(int(rest), [this, page] {
-        if (page + 1 < pageNames().size())
+        if (page + 1 < pages().size())
             showPage(page + 1);
         else
             Q_EMIT finished();
@@ -178,7 +194,12 @@ QVariant Tour::shellPart(const char *part, const char *property) const
     return owner ? owner->property(property) : QVariant();
 }
 
+int Tour::pause() const
+{
+    return m_options.screenshots.isEmpty() ? hastyTime : settleTime;
+}
+
 int Tour::pageShare() const
 {
-    return int(m_options.seconds * 1000 / pageNames().size());
+    return int(m_options.seconds * 1000 / pages().size());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gestures.h"
 #include "screenhost.h"
 
 #include <QElapsedTimer>
@@ -7,10 +8,11 @@
 #include <QPointF>
 #include <QStringList>
 #include <QTimer>
+#include <QVector>
 #include <functional>
 
-/// Shows every page in turn, moves controls on it with real mouse events, and takes a picture of each.
-/// GUI thread; runs inside the event loop and ends with finished().
+/// Opens each page, operates controls on it with mouse events, and takes a picture of it. GUI thread only.
+/// Runs inside the event loop and emits finished() at the end.
 class Tour : public QObject
 {
     Q_OBJECT
@@ -19,7 +21,7 @@ public:
     Tour(ScreenHost &host, const Options &options);
 
     void start();
-    /// What went wrong on the way, one line each: controls not found, pictures not saved, no back end.
+    /// One line for each problem: controls not found, pictures not saved, no back end.
     QStringList problems() const { return m_problems; }
     int picturesSaved() const { return m_pictures; }
 
@@ -27,10 +29,11 @@ Q_SIGNALS:
     void finished();
 
 private:
-    // One thing is planned at a time.
+    // At most one step is scheduled at a time.
     void after(int milliseconds, std::function<void()> step);
     void awaitShell();
     void showPage(int page);
+    QVector<Gesture> gesturesOn(int page) const;
     void gesture(int page, int index);
     void drag(const QPointF &from, const QPointF &by, int move, std::function<void()> next);
     void awaitScene(int page, int hitsBefore, int patience);
@@ -40,6 +43,7 @@ private:
     int padHits() const;
     bool transferring() const;
     QVariant shellPart(const char *part, const char *property) const;
+    int pause() const;
     int pageShare() const;
 
     ScreenHost &m_host;

@@ -2,10 +2,11 @@ import QtQuick 2.12
 import QtQuick.Window 2.12
 import "style"
 
-// The window. The module's back end blocks while it waits for the engine, so a first frame is shown before
-// it is created.
+// The window. The module's constructor blocks while it waits for the engine, so the window shows a first frame before
+// it creates the module.
 Window {
     id: window
+    property var pages
     property string startPage: "kit"
     property url startFolder
     property string engineAddress
@@ -29,11 +30,19 @@ Window {
         color: Theme.dim
         font.pixelSize: Theme.title
     }
+    // The screen is designed for a height of 800 and a width of at least 1280. A smaller window shows it reduced, as
+    // one smooth picture, because reduced lines of one pixel would be lost.
     Loader {
         id: loader
-        anchors.fill: parent
+        transformOrigin: Item.TopLeft
+        scale: Math.min(window.width / 1280, window.height / 800)
+        layer.enabled: scale !== 1
+        layer.smooth: true
+        width: window.width / scale
+        height: window.height / scale
         active: false
         sourceComponent: Shell {
+            pages: window.pages
             startPage: window.startPage
             startFolder: window.startFolder
             engineAddress: window.engineAddress

@@ -2,9 +2,9 @@ import QtQuick 2.12
 import "../settings"
 import "../style"
 
-// What a compressor does to a level: input along the bottom, output upwards, both from silence to full scale.
-// The engine's values have no published unit; the picture reads the threshold as -60 to 0 dB, the ratio as
-// 1:1 to 20:1, the knee as up to 24 dB and the boost as up to 24 dB.
+// The output level of a compressor over its input level, both from -60 dB to 0 dB. The units of the engine's values are
+// not known. The picture assumes a threshold of -60 to 0 dB, a ratio of 1:1 to 20:1, and a knee and a boost of up to
+// 24 dB.
 Item {
     id: chart
     property CompressorSettings settings

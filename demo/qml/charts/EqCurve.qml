@@ -3,7 +3,7 @@ import "../settings"
 import "../style"
 import "biquad.js" as Biquad
 
-// The response of an equaliser, with a handle per band: sideways for frequency, up and down for gain.
+// The response of an equaliser, with a handle for each band: horizontal for frequency, vertical for gain.
 Item {
     id: chart
     property EqSettings settings
@@ -12,7 +12,7 @@ Item {
     readonly property real highest: 20000
     readonly property real range: 18
 
-    // Everything the picture depends on, so that any change repaints it.
+    // All values that the picture depends on, so that each change repaints it.
     readonly property var bandValues: settings.bands.map(function(band) {
         return { shape: band.shape, frequency: band.frequency.value, gain: band.gain.value, q: band.q.value };
     })
@@ -61,8 +61,8 @@ Item {
                 color: modelData === 0 ? "#3f4854" : Theme.line
             }
             Caption {
-                x: 2
-                y: -height
+                x: -width - 8
+                y: -height / 2
                 text: modelData > 0 ? "+" + modelData : modelData < 0 ? "\u2212" + -modelData : "0 dB"
                 color: Theme.faint
             }

@@ -2,7 +2,7 @@ import QtQuick 2.12
 import "../settings"
 import "../style"
 
-// How hard a stroke sounds for how hard it was: nine points that a finger can redraw.
+// The velocity for the force of a stroke: nine points that a finger can move.
 Rectangle {
     id: chart
     property TriggerSettings settings

@@ -1,6 +1,6 @@
 .pragma library
 
-// Second-order filter sections and their magnitude, for drawing an equaliser's response.
+// Second-order filter sections and their magnitude, for the response of an equaliser.
 
 var sampleRate = 48000;
 var shelfQ = Math.SQRT1_2;
@@ -17,7 +17,7 @@ function section(shape, frequency, gain, q) {
             a0: 1 + alpha / a, a1: -2 * cosine, a2: 1 - alpha / a
         };
     }
-    // A high shelf is the low shelf mirrored in frequency, which turns the cosine's sign.
+    // A high shelf is a low shelf mirrored in frequency, which inverts the sign of the cosine.
     var mirror = shape === "highShelf" ? -1 : 1;
     var c = mirror * cosine;
     var root = 2 * Math.sqrt(a) * alpha;

@@ -2,8 +2,8 @@ import QtQuick 2.12
 import "../settings"
 import "../style"
 
-// A vertical fader for one parameter. The cap moves by as much as the finger does, wherever it is put down,
-// so that a touch never makes a level jump.
+// A vertical fader for one parameter. The cap moves by the distance that the finger moves, so that a touch never makes
+// the level jump.
 Item {
     id: fader
     property Parameter parameter

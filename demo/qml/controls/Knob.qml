@@ -2,7 +2,7 @@ import QtQuick 2.12
 import "../settings"
 import "../style"
 
-// A rotary for one parameter: drag up or down to turn it, double tap to put it back to neutral.
+// A rotary knob for one parameter. A vertical drag turns it, a double tap resets it to the neutral value.
 Item {
     id: knob
     property Parameter parameter
@@ -79,7 +79,7 @@ Item {
         id: area
         anchors.fill: parent
         preventStealing: true
-        // A full turn of the value takes this many pixels of travel.
+        // The distance for the whole range, in pixels.
         readonly property real fullTurn: 220
         property real startY
         property real startPosition

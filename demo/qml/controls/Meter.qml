@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import "../style"
 
-// A level bar that holds its peak for a moment. 1.0 is full scale; above that the top turns to alarm.
+// A level bar that holds its peak for a moment. 1.0 is full scale; a peak above full scale has the alarm colour.
 Rectangle {
     id: meter
     property real level: 0

@@ -2,7 +2,7 @@ import QtQuick 2.12
 import "../device/pads.js" as Pads
 import "../style"
 
-// A pad and one of its zones, chosen by stepping; `note` is what the settings are addressed by.
+// Selects a pad and one of its zones. `note` is the note that addresses the settings of the zone.
 Row {
     id: picker
     property int pad: 1

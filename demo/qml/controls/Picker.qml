@@ -1,10 +1,10 @@
 import QtQuick 2.12
 import "../style"
 
-// A choice that is stepped through and belongs to the screen alone.
+// A choice with two buttons. It only affects the screen; nothing is sent.
 Rectangle {
     id: picker
-    property alias text: words.text
+    property alias text: label.text
     signal moved(int direction)
 
     width: 200
@@ -13,7 +13,7 @@ Rectangle {
     color: Theme.background
     border.color: Theme.line
     Text {
-        id: words
+        id: label
         anchors.centerIn: parent
         width: parent.width - 2 * Theme.touch - 12
         fontSizeMode: Text.HorizontalFit

@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import "../style"
 
-// How much of something is done or used, 0 to 1.
+// A progress bar, 0 to 1.
 Rectangle {
     property real part: 0
     property color tint: Theme.accent

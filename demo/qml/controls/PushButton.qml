@@ -2,7 +2,7 @@ import QtQuick 2.12
 import QtQuick.Templates 2.12 as Templates
 import "../style"
 
-// A large button. With `warning` it asks to be held, so that nothing is lost by a stray touch.
+// A large button. With `warning` it must be held, so that an accidental touch does not delete data.
 Templates.Button {
     id: button
     property bool prominent: false

@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import "../style"
 
-// One of several: a row of equal segments. The owner decides what is current.
+// A row of equal segments, one of which is current. The owner sets the current one.
 Rectangle {
     id: tabs
     property var names: []

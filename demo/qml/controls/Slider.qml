@@ -2,7 +2,7 @@ import QtQuick 2.12
 import "../settings"
 import "../style"
 
-// A wide slider for one parameter. Like the faders it moves by as much as the finger does.
+// A horizontal slider for one parameter. The cap moves by the distance that the finger moves.
 Item {
     id: slider
     property Parameter parameter

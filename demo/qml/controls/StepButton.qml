@@ -11,7 +11,7 @@ Templates.AbstractButton {
     width: Theme.touch
     height: Theme.touch
     autoRepeat: true
-    // With auto-repeat a hold delivers a click for every repetition.
+    // A held button emits clicked() for each repetition.
     onClicked: stepped()
 
     background: Rectangle {

@@ -2,12 +2,12 @@ import QtQuick 2.12
 import "../settings"
 import "../style"
 
-// A choice between few values: minus, the value in words, plus. Holding a button repeats it.
+// A choice between few values: minus, the value as text, plus. A held button repeats.
 Item {
     id: stepper
     property Parameter parameter
     property string label: parameter ? parameter.label : ""
-    // Given where only some values between the limits make sense.
+    // Set if only some values within the limits are valid.
     property var choices: null
     signal moved()
 

@@ -2,7 +2,7 @@ import QtQuick 2.12
 import "../settings"
 import "../style"
 
-// An on/off switch for one parameter, with its name beside it.
+// An on/off switch for one parameter, with its name.
 Item {
     id: toggle
     property Parameter parameter

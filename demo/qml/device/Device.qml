@@ -2,8 +2,8 @@ pragma Singleton
 import QtQuick 2.12
 import ZeltaConnect 1.0
 
-// The one door between the screen and the module's back end: every change leaves through send(), and
-// everything that arrives is unpacked here once, counted, and handed on in the screen's own terms.
+// The only file of the screen that creates the module. send() and request() make all calls and return what the method
+// returns. This object unpacks and counts all events, and provides them as signals and properties.
 Item {
     id: device
 
@@ -32,23 +32,31 @@ Item {
     signal potTurned(int pot, int direction)
     signal metersArrived()
     signal answered(int id, int first, int second)
+    // Emitted before each call of the module.
+    signal called(string method, int argumentCount)
 
+    // Calls a method that changes a setting.
     function send(method, values) {
-        zelta[method].apply(zelta, values);
+        var answer = call(method, values);
         controlChanges += 1;
+        return answer;
     }
-    // Asking is not changing: requests are not counted as control changes.
+    // Calls a method that only requests a report. It is not counted as a control change.
     function request(method, values) {
-        zelta[method].apply(zelta, values || []);
+        return call(method, values || []);
+    }
+    function call(method, values) {
+        called(method, values.length);
+        return zelta[method].apply(zelta, values);
     }
 
-    // MIDI's foot controller; the engine uses it for the hi-hat pedal.
+    // The MIDI foot controller, which the engine uses for the hi-hat pedal.
     readonly property int footController: 4
 
     ZeltaConnect {
         id: zelta
 
-        // A note event packs velocity, note, pad and zone from the lowest byte up.
+        // A note holds velocity, note, pad and zone, from the lowest byte up.
         onNoteChanged: {
             device.padHits += 1;
             device.struck((note >> 16) & 0xff, (note >> 24) & 0xff, (note >> 8) & 0xff, note & 0xff);
@@ -100,7 +108,10 @@ Item {
         }
     }
 
-    // The engine answers whoever spoke to it last, so a screen that has heard nothing for a while speaks up.
+    readonly property EventLog log: EventLog { module: zelta }
+
+    // The engine sends to the address from which it last received a datagram. If the screen has received nothing for
+    // some time, it therefore sends a request.
     property int eventsBefore: -1
     Timer {
         interval: 2000

@@ -1,7 +1,7 @@
 .pragma library
 
-// The pads in the order of their numbers, with the notes each zone answers to. The first note of a zone is
-// the one the screen plays and edits.
+// The pads in the order of their numbers, with the notes of each zone. The screen plays and edits the first note of a
+// zone.
 var all = [
     { name: "Kick", shape: "kick", zones: [[36]] },
     { name: "Snare", shape: "drum", zones: [[38], [37, 40]] },

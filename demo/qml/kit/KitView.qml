@@ -2,7 +2,7 @@ import QtQuick 2.12
 import "../device"
 import "../style"
 
-// The kit seen from above, the drummer at the lower edge. Places are for a stage of 736 by 454.
+// The kit seen from above, with the drummer at the lower edge. The positions are for an area of 736 by 454 pixels.
 Item {
     id: kit
     readonly property var places: [

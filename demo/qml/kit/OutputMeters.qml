@@ -3,7 +3,7 @@ import "../controls"
 import "../device"
 import "../style"
 
-// Every output level the engine reports, in its order.
+// All output levels, in the order in which the engine reports them.
 Item {
     id: meters
     readonly property var module: Device.module
@@ -23,7 +23,7 @@ Item {
     Row {
         spacing: meters.between
         Repeater {
-            // The shape is fixed; only levels change, so the bars are made once.
+            // A fixed number, so that a changed level does not create the bars again.
             model: 6
             Column {
                 id: group

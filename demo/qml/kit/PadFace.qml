@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import "../style"
 
-// The pad as it looks at rest, painted once.
+// The pad when it is not played. Painted once.
 Canvas {
     id: face
     property string shape

@@ -3,7 +3,7 @@ import "../device"
 import "../device/pads.js" as Pads
 import "../style"
 
-// One pad of the kit: lights where it is struck, shows a choke, and plays its note when it is touched.
+// One pad of the kit: lights up where it is struck, shows a choke, and plays its note when touched.
 Item {
     id: view
     property int pad: 0
@@ -29,7 +29,7 @@ Item {
         figure.opacity = 1;
         figureFading.restart();
     }
-    // Pressure on a cymbal's edge silences it. Letting go is not always reported, so the mark clears itself.
+    // Pressure on a cymbal's edge chokes it. The mark disappears after some time even without a report of release.
     function press(pressure) {
         choked = pressure > 0;
         choking.restart();
@@ -84,7 +84,7 @@ Item {
             band: index === 0 ? (view.cymbal ? view.width * 0.36 - 11 : 0) : index === 1 ? 9 : 0
         }
     }
-    // Zones that are not being played stay visible as fine lines.
+    // The outline of the innermost zone.
     Rectangle {
         visible: view.zones > 2
         anchors.centerIn: parent
@@ -138,7 +138,7 @@ Item {
     }
     MouseArea {
         anchors.fill: parent
-        // Further from the middle is another zone; lower on the pad is harder.
+        // The distance from the middle selects the zone, the height on the pad the velocity.
         onPressed: {
             var away = Math.sqrt(Math.pow(mouse.x - width / 2, 2) + Math.pow(mouse.y - height / 2, 2)) / (width / 2);
             if (away > 1 && !view.square)

@@ -2,7 +2,7 @@ import QtQuick 2.12
 import "../device"
 import "../style"
 
-// The hi-hat pedal: full is closed.
+// The hi-hat pedal. A full bar is a closed pedal.
 Item {
     id: view
     readonly property real closed: Device.pedal / 127

@@ -3,7 +3,7 @@ import "../controls"
 import "../device"
 import "../settings"
 
-// Tap tempo: the engine is told of every tap, and after two taps of the tempo they make.
+// Tap tempo: sends each tap to the engine and, from the second tap on, the resulting tempo.
 PushButton {
     id: button
     text: "TAP"
@@ -11,7 +11,7 @@ PushButton {
 
     property real lastTap: 0
     property var gaps: []
-    // A longer silence than this begins a new count.
+    // A longer gap starts a new count, in ms.
     readonly property real patience: 2500
 
     onPressed: {

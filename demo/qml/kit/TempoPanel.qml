@@ -4,7 +4,7 @@ import "../device"
 import "../settings"
 import "../style"
 
-// The tempo, pale until the engine has reported one, its beat, and a button to tap another.
+// The tempo, the beat, and a button to tap a tempo. The tempo is pale until the engine reports one.
 Item {
     id: panel
     readonly property MetronomeSettings metronome: Settings.metronome

@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import "../style"
 
-// The light of one zone: as bright as the stroke was hard, then fading.
+// The light of one zone. Its brightness follows the velocity, then it fades.
 Rectangle {
     id: light
     property real inset: 0

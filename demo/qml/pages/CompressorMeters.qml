@@ -3,19 +3,29 @@ import "../controls"
 import "../device"
 import "../style"
 
-// Input, gain reduction (downwards) and output of one compressor, left and right.
+// Input, gain reduction (drawn downwards) and output of one compressor, left and right.
 Row {
     id: meters
     property string prefix: "masterCp"
     readonly property var module: Device.module
-    readonly property var columns: [{ name: "In", key: "In" }, { name: "GR", key: "Gr" }, { name: "Out", key: "Out" }]
+    // Input, gain reduction and output, each left and right.
+    readonly property var levels: ({
+        masterCp: [[module.masterCpInL, module.masterCpInR], [module.masterCpGrL, module.masterCpGrR],
+                   [module.masterCpOutL, module.masterCpOutR]],
+        monitorCp: [[module.monitorCpInL, module.monitorCpInR], [module.monitorCpGrL, module.monitorCpGrR],
+                    [module.monitorCpOutL, module.monitorCpOutR]],
+        headCp: [[module.headCpInL, module.headCpInR], [module.headCpGrL, module.headCpGrR],
+                 [module.headCpOutL, module.headCpOutR]],
+        padCp: [[module.padCpInL, module.padCpInR], [module.padCpGrL, module.padCpGrR],
+                [module.padCpOutL, module.padCpOutR]]
+    })[prefix]
 
     Repeater {
-        model: meters.columns
+        model: ["In", "GR", "Out"]
         Item {
             id: column
-            readonly property real levelLeft: meters.module[meters.prefix + modelData.key + "L"]
-            readonly property real levelRight: meters.module[meters.prefix + modelData.key + "R"]
+            readonly property real levelLeft: meters.levels[index][0]
+            readonly property real levelRight: meters.levels[index][1]
             readonly property bool reduction: index === 1
             width: meters.width / 3
             height: meters.height
@@ -46,7 +56,7 @@ Row {
             }
             Caption {
                 anchors { horizontalCenter: parent.horizontalCenter; bottom: parent.bottom }
-                text: modelData.name
+                text: modelData
                 color: Theme.text
             }
         }

@@ -4,14 +4,14 @@ import "../controls"
 import "../settings"
 import "../style"
 
-// One compressor at a time: its transfer curve, its settings, and what it does at this moment.
+// One compressor at a time: its transfer curve, its settings, and its levels.
 Item {
     id: page
     readonly property CompressorSettings compressor: header.ofPad ? Settings.pad(header.note).compressor
                                                                   : Settings.compressors[header.section]
     readonly property string levelPrefix: ["masterCp", "monitorCp", "headCp", "padCp"][header.section]
 
-    // The engine reports a compressor's levels only when asked.
+    // The engine reports the levels of a compressor only on request.
     Timer {
         interval: 100
         repeat: true

@@ -4,7 +4,7 @@ import "../device"
 import "../settings"
 import "../style"
 
-// The eight direct outputs with what each carries, and S/PDIF.
+// The eight direct outputs with their modes, and S/PDIF.
 Card {
     id: card
     title: "Direct outputs"

@@ -3,7 +3,7 @@ import "../controls"
 import "../settings"
 import "../style"
 
-// One effect unit: name, switch and kind on the left, its knobs on the right.
+// One effect unit: name, switch and type on the left, the knobs on the right.
 Card {
     id: row
     property Effect effect
@@ -22,14 +22,16 @@ Card {
         parameter: row.effect.kind
     }
     Row {
+        id: knobs
         x: 350
+        width: parent.width - x
         y: -22
         opacity: row.effect.active.isOn ? 1 : 0.45
         Repeater {
             model: row.effect.settings
             Knob {
                 parameter: modelData
-                width: 93
+                width: Math.min(104, knobs.width / 8)
                 dialSize: 78
             }
         }

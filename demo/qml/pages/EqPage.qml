@@ -4,7 +4,7 @@ import "../controls"
 import "../settings"
 import "../style"
 
-// One equaliser at a time, drawn and turned.
+// One equaliser at a time: its response and its knobs.
 Item {
     id: page
     readonly property EqSettings eq: header.ofPad ? Settings.pad(header.note).eq : Settings.equalisers[header.section]
@@ -19,7 +19,7 @@ Item {
         anchors { left: header.left; right: header.right; top: header.bottom; topMargin: Theme.gap }
         height: 396
         EqCurve {
-            anchors.fill: parent
+            anchors { fill: parent; leftMargin: 44 }
             settings: page.eq
         }
     }
@@ -47,7 +47,7 @@ Item {
                         model: knobs.shown
                         Knob {
                             parameter: modelData
-                            width: 80
+                            width: 76
                             dialSize: 72
                         }
                     }

@@ -2,7 +2,7 @@ import QtQuick 2.12
 import QtQuick.Controls 2.12
 import "../style"
 
-// The files of one folder, folders first, with a way up.
+// The folders and files of a folder, with a row that leads to the parent folder.
 ListView {
     id: list
     property string chosenPath

@@ -4,7 +4,7 @@ import "../kit"
 import "../settings"
 import "../style"
 
-// The page one plays to: the kit, the tempo, what leaves the module, and the faders most used.
+// The page for playing: the kit, the tempo, the output levels, and the faders that are used most.
 Item {
     id: page
     readonly property MixerSettings mixer: Settings.mixer
@@ -38,11 +38,13 @@ Item {
             bottom: parent.bottom; bottomMargin: Theme.margin
         }
         Row {
+            id: row
+            width: parent.width
             Repeater {
                 model: page.faders
                 Fader {
                     parameter: modelData
-                    width: 1104 / page.faders.length
+                    width: row.width / page.faders.length
                     height: 172
                 }
             }

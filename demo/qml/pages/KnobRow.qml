@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import "../controls"
 
-// The knobs at the right of a pad card, ending at its right edge whatever their number.
+// The knobs of a card, aligned to its right edge.
 Row {
     id: row
     property var knobs: []
@@ -11,7 +11,7 @@ Row {
         model: row.knobs
         Knob {
             parameter: modelData
-            width: 88
+            width: row.knobs.length > 1 ? 88 : 120
             dialSize: 78
         }
     }

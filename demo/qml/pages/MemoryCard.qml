@@ -3,8 +3,8 @@ import "../controls"
 import "../device"
 import "../style"
 
-// The memory as the engine last reported it. Both figures are readings of one event, in different units, so neither
-// is a part of the other and there is nothing to draw as a bar.
+// The memory that the engine reported last. One event contains both figures, in different units. Neither is a part of
+// the other, so there is no bar.
 Card {
     id: card
     title: "Memory"

@@ -6,7 +6,7 @@ import "../kit"
 import "../settings"
 import "../style"
 
-// Tempo, bar and click.
+// The tempo, the bar and the click.
 Item {
     id: page
     readonly property MetronomeSettings metronome: Settings.metronome
@@ -15,7 +15,7 @@ Item {
     Card {
         id: pulse
         anchors { left: parent.left; top: parent.top; bottom: parent.bottom; margins: Theme.margin }
-        width: 660
+        width: 626
         title: "Tempo"
 
         Toggle {
@@ -37,7 +37,7 @@ Item {
         BeatRow {
             anchors { horizontalCenter: parent.horizontalCenter; bottom: slider.top; bottomMargin: 40 }
             dotSize: 64
-            maximumWidth: 600
+            maximumWidth: 590
         }
         Slider {
             id: slider

@@ -4,7 +4,7 @@ import "../device"
 import "../settings"
 import "../style"
 
-// Every level and balance of the mixer.
+// All levels and balances of the mixer.
 Item {
     id: page
     readonly property MixerSettings mixer: Settings.mixer
@@ -55,23 +55,28 @@ Item {
         height: page.rowHeight
         title: "Sources"
         Row {
+            id: sources
+            readonly property real slot: width / 6
+            width: parent.width
             height: parent.height
             Repeater {
                 model: [page.mixer.kit, page.mixer.song, page.mixer.synth, page.mixer.mixIn]
                 Fader {
                     parameter: modelData
+                    width: sources.slot
                     height: parent.height
                 }
             }
             Fader {
                 parameter: page.mixer.usbIn
+                width: sources.slot
                 height: parent.height
                 levelLeft: page.module.usbInLLevel
                 levelRight: page.module.usbInRLevel
             }
             Knob {
                 parameter: page.mixer.mixInGain
-                width: 84
+                width: sources.slot
             }
         }
     }

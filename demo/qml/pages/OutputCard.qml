@@ -3,7 +3,7 @@ import "../controls"
 import "../settings"
 import "../style"
 
-// One stereo output: level with its meter, and balance.
+// One stereo output: the level with its meter, and the balance.
 Card {
     id: output
     property Parameter level

@@ -3,7 +3,7 @@ import "../controls"
 import "../device/pads.js" as Pads
 import "../style"
 
-// All pads to choose from, and the zones of the chosen one.
+// All pads, and the zones of the selected pad.
 Card {
     id: list
     property int pad: 0

@@ -1,12 +1,11 @@
 import QtQuick 2.12
-import "../charts"
 import "../controls"
 import "../device"
 import "../settings"
 import "../device/pads.js" as Pads
 import "../style"
 
-// Everything about one zone of one pad: its sound, its second sound, its place in the mix, its trigger.
+// One zone of one pad: its sound, second sound, mix and MIDI note.
 Item {
     id: page
     property int pad: 1
@@ -88,26 +87,13 @@ Item {
         Card {
             width: rows.width
             height: page.rowHeight
-            title: "Trigger"
-            TriggerCurve {
-                y: -6
-                width: 118
-                height: parent.height + 6
-                settings: page.sound.trigger
-            }
+            title: "MIDI"
             Stepper {
-                x: 134
-                y: -26
+                anchors.bottom: parent.bottom
                 width: 180
-                parameter: page.sound.trigger.curve
-                onMoved: page.sound.trigger.showPreset()
+                parameter: page.sound.midiNote
             }
-            Toggle {
-                x: 134
-                anchors { bottom: parent.bottom; bottomMargin: -8 }
-                parameter: page.sound.trigger.positional
-            }
-            KnobRow { knobs: page.sound.trigger.knobs }
+            KnobRow { knobs: [page.sound.buzz] }
         }
     }
 }

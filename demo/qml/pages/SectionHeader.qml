@@ -3,7 +3,7 @@ import "../controls"
 import "../settings"
 import "../style"
 
-// What an equaliser or compressor page works on: an output or one zone of a pad, and whether it is on.
+// Selects the output, or the zone of a pad, for an equaliser or compressor page. Also switches the unit on or off.
 Item {
     id: header
     property int section: 0

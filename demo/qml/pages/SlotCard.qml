@@ -11,7 +11,7 @@ Card {
     property int slot: 1
     property string lastAnswer: "no answer yet"
 
-    // Slot and memory answers reach the screen as plain events; they are shown as they come.
+    // Answers about slots and memory arrive as plain events. The card shows them without interpreting them.
     function note(id, first, second) {
         lastAnswer = String.fromCharCode(id >> 8, id & 0xff) + "  " + first + "  " + second;
     }
@@ -33,7 +33,7 @@ Card {
             onMoved: card.slot = Math.min(127, Math.max(0, card.slot + direction))
         }
         PushButton {
-            objectName: "requestSlot"
+            objectName: "askSlot"
             width: parent.width
             text: "Ask what is in it"
             onConfirmed: Device.request(card.banks ? "requestIsSlotInfo" : "requestIwSlotInfo", [card.slot])

@@ -4,17 +4,17 @@ import "../controls"
 import "../settings"
 import "../style"
 
-// Chooses a file and what it is, sends it, and shows how that goes.
+// Selects a file and its kind, sends it, and shows the progress and the result.
 Card {
     id: card
     title: "Send a file"
     property int kind: 0
     property int slot: 1
-    property alias startFolder: folder.folder
     readonly property var chosen: Transfers.kinds[kind]
 
     FolderListModel {
         id: folder
+        folder: Transfers.startFolder
         showDirsFirst: true
         showDotAndDotDot: false
         showHidden: false
@@ -29,7 +29,7 @@ Card {
         }
         Picker {
             width: 184
-            visible: card.chosen.slotted
+            visible: card.chosen.slotted === true
             text: "Slot " + card.slot
             onMoved: card.slot = Math.min(127, Math.max(0, card.slot + direction))
         }
@@ -87,15 +87,15 @@ Card {
     }
     ProgressLine {
         id: line
-        anchors { left: parent.left; right: parent.right; bottom: words.top; bottomMargin: 12 }
+        anchors { left: parent.left; right: parent.right; bottom: status.top; bottomMargin: 12 }
         part: Transfers.progress
         tint: Transfers.failed ? Theme.alarm : Theme.accent
     }
     Text {
-        id: words
+        id: status
         anchors { left: parent.left; right: resent.left; rightMargin: 8; bottom: parent.bottom }
         elide: Text.ElideRight
-        text: Transfers.words
+        text: Transfers.statusText
         color: Transfers.failed ? Theme.alarm : Theme.text
         font.pixelSize: Theme.body
     }

@@ -1,11 +1,9 @@
 import QtQuick 2.12
 import "../style"
 
-// Versions, files on their way to the engine, and the engine's own memory.
+// The versions, the transfer of files to the engine, and the engine's memory.
 Item {
     id: page
-    property alias startFolder: transfer.startFolder
-
     VersionCard {
         id: versions
         anchors { left: parent.left; top: parent.top; margins: Theme.margin }

@@ -3,7 +3,7 @@ import "../controls"
 import "../device"
 import "../style"
 
-// What is installed. The banks' versions can be asked for; the others come with a firmware update.
+// The installed versions. The versions of the banks can be requested. The others are reported during a firmware update.
 Card {
     id: card
     title: "Versions"

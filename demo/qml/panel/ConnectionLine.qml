@@ -2,7 +2,7 @@ import QtQuick 2.12
 import "../device"
 import "../style"
 
-// Whether anything is heard from the engine. The link has no handshake, so traffic is the only evidence.
+// Shows whether the engine sends. The link has no handshake, so only traffic shows that it works.
 Row {
     id: line
     property string address
@@ -24,7 +24,7 @@ Row {
             var fresh = Device.events - line.seen;
             line.seen = Device.events;
             line.silentTicks = fresh > 0 ? 0 : Math.min(line.silence, line.silentTicks + 1);
-            // Half a second of each, so that the figure does not jump with every bar.
+            // The mean of the last two ticks, so that the figure does not jump.
             line.rate = Math.round((line.rate + fresh * 2) / 2);
         }
     }

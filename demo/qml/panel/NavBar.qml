@@ -1,14 +1,14 @@
 import QtQuick 2.12
 import "../style"
 
-// The pages, down the left edge.
+// One button for each page, along the left edge.
 Rectangle {
     id: bar
     property var pages: []
     property int current: 0
     signal chosen(int index)
 
-    width: 104
+    width: 134
     color: Theme.surface
     Rectangle {
         anchors.right: parent.right

@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import "../style"
 
-// One page of the navigation bar.
+// The button of one page.
 Item {
     id: button
     property string label
@@ -11,7 +11,7 @@ Item {
     signal tapped()
 
     Rectangle {
-        anchors { fill: parent; leftMargin: 8; rightMargin: 9; topMargin: 3; bottomMargin: 3 }
+        anchors { fill: parent; leftMargin: 8; rightMargin: 9; topMargin: 2; bottomMargin: 2 }
         radius: 12
         color: button.current || area.pressed ? Theme.raised : "transparent"
     }
@@ -19,19 +19,24 @@ Item {
         visible: button.current
         anchors.verticalCenter: parent.verticalCenter
         width: 4
-        height: 36
+        height: 32
         radius: 2
         color: Theme.accent
     }
     Icon {
-        anchors.horizontalCenter: parent.horizontalCenter
-        y: parent.height / 2 - 30
+        x: 14
+        anchors.verticalCenter: parent.verticalCenter
+        width: 22
+        height: 22
         path: button.iconPath
         color: button.tint
     }
     Text {
-        anchors.horizontalCenter: parent.horizontalCenter
-        y: parent.height / 2 + 8
+        x: 42
+        anchors.verticalCenter: parent.verticalCenter
+        width: parent.width - x - 11
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 10
         text: button.label
         color: button.tint
         font.pixelSize: Theme.caption

@@ -2,7 +2,7 @@ import QtQuick 2.12
 import "../device"
 import "../style"
 
-// A front-panel pot: it has no end, so only its turning is shown.
+// A pot of the front panel. It has no end stops, so only the direction of a turn is shown.
 Item {
     id: view
     property int pot: 0

@@ -2,7 +2,7 @@ import QtQuick 2.12
 import "../device"
 import "../style"
 
-// The line below every page: the connection, and the module's own pots, switches and plugs.
+// The line below each page: the connection, and the module's pots, switches and plugs.
 Rectangle {
     id: strip
     property alias address: connection.address

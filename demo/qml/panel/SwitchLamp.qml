@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import "../style"
 
-// A switch or a plug of the module. Aux presses end at once, so the light lingers for the eye.
+// A switch or a plug of the module. A press of an aux pad ends at once, so the light fades slowly.
 Item {
     id: lamp
     property bool lit: false

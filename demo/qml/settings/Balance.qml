@@ -1,11 +1,11 @@
 import QtQuick 2.12
-import "words.js" as Words
+import "texts.js" as Texts
 
-// A left-right position, 64 in the middle.
+// A position between two sides. The middle is 64.
 Parameter {
     label: "Balance"
     value: 64
     neutral: 64
     bipolar: true
-    wording: Words.side
+    wording: Texts.side
 }

@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import "../device"
 
-// A compressor. Pad methods take the pad's note last; a level report has to be asked for.
+// A compressor. The methods for pads take the note last. The engine reports levels only on request.
 QtObject {
     id: compressor
     property string prefix

@@ -1,6 +1,6 @@
 import QtQuick 2.12
 
-// One effect unit: its switch, its kinds where it has any, and its continuous settings in the order shown.
+// One effect unit: its switch, its type if it has one, and its continuous settings in the order of the screen.
 QtObject {
     property string title
     property Parameter active

@@ -40,7 +40,7 @@ QtObject {
             Parameter { label: "High damp"; method: "setRoomReverbHighDamp"; value: 52 }
         ]
     }
-    // The engine takes these five in any unit as long as the range travels along; percent suits every effect.
+    // The module scales these five by the range in the call. The screen uses percent for all effects.
     readonly property Effect multi: Effect {
         title: "Multi-FX"
         active: Parameter { method: "setMultiFxActive"; to: 1 }

@@ -1,7 +1,7 @@
 import QtQuick 2.12
-import "words.js" as Words
+import "texts.js" as Texts
 
-// One band of an equaliser. Shelves have no Q of their own.
+// One band of an equaliser. Shelves have no Q.
 QtObject {
     id: band
     property string label
@@ -13,14 +13,14 @@ QtObject {
 
     readonly property Parameter frequency: Parameter {
         label: "Frequency"; method: band.method + "Freq"; before: band.before
-        from: 20; to: 16000; logarithmic: true; value: band.startFrequency; wording: Words.hertz
+        from: 20; to: 16000; logarithmic: true; value: band.startFrequency; wording: Texts.hertz
     }
     readonly property Parameter gain: Parameter {
         label: "Gain"; method: band.method + "Gain"; before: band.before
-        from: -15; to: 15; neutral: 0; bipolar: true; wording: Words.decibels
+        from: -15; to: 15; neutral: 0; bipolar: true; wording: Texts.decibels
     }
     readonly property Parameter q: Parameter {
         label: "Q"; method: band.method + "Q"; before: band.before
-        from: 0.1; to: 8; step: 0.1; value: 1; wording: Words.oneDecimal
+        from: 0.1; to: 8; step: 0.1; value: 1; wording: Texts.oneDecimal
     }
 }

@@ -1,6 +1,6 @@
 import QtQuick 2.12
 
-// An equaliser: four bands on an output, three on a pad. Pad methods take the pad's note first.
+// An equaliser: four bands for an output, three for a pad. The methods for pads take the note first.
 QtObject {
     id: eq
     property string prefix

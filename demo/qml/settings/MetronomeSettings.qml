@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import "../device/pads.js" as Pads
 
-// The metronome. Its tempo is the last one asked for or reported by the engine, whichever came later.
+// The metronome. Its tempo is the last one that the screen set or the engine reported.
 QtObject {
     readonly property Parameter active: Parameter { label: "Metronome"; method: "setMetronomeActive"; to: 1 }
     readonly property Parameter tempo: Parameter {
@@ -11,7 +11,7 @@ QtObject {
     readonly property Parameter beats: Parameter {
         label: "Beats in a bar"; method: "setMetronomeTimeSignatureNum"; from: 1; to: 16; value: 4
     }
-    // A note value is only ever a power of two, so the screen steps through them.
+    // Always a power of two; the page offers no other values.
     readonly property Parameter noteValue: Parameter {
         label: "Beat value"; method: "setMetronomeTimeSignatureDen"; from: 2; to: 16; value: 4
     }

@@ -1,7 +1,7 @@
 import QtQuick 2.12
-import "words.js" as Words
+import "texts.js" as Texts
 
-// Levels and balances of everything that leaves or enters the mixer.
+// The levels and balances of the mixer's inputs and outputs.
 QtObject {
     id: mixer
     readonly property Parameter kit: Parameter { label: "Kit"; method: "setDrumKitVolume"; value: 110 }

@@ -1,7 +1,7 @@
 import QtQuick 2.12
-import "words.js" as Words
+import "texts.js" as Texts
 
-// Sound, mix and dynamics of one zone of a pad, addressed by its note.
+// Sound, mix and routing of one zone of a pad, addressed by its note.
 QtObject {
     id: pad
     property int note: 36
@@ -11,7 +11,6 @@ QtObject {
     readonly property CompressorSettings compressor: CompressorSettings {
         prefix: "setPadCp"; note: pad.note; requestMethod: "requestPadUpdate"
     }
-    readonly property TriggerSettings trigger: TriggerSettings { note: pad.note }
 
     readonly property Parameter group: Parameter { label: "Group"; method: "setSoundGroup"; after: pad.last; to: 31 }
     readonly property Parameter instrument: Parameter {
@@ -22,11 +21,11 @@ QtObject {
     }
     readonly property Parameter coarse: Parameter {
         label: "Coarse"; method: "setInstrumentCoarseTuning"; after: pad.last
-        from: -24; to: 24; neutral: 0; bipolar: true; wording: Words.signed
+        from: -24; to: 24; neutral: 0; bipolar: true; wording: Texts.signed
     }
     readonly property Parameter fine: Parameter {
         label: "Fine"; method: "setInstrumentFineTuning"; after: pad.last
-        value: 64; neutral: 64; bipolar: true; wording: Words.fineTuning
+        value: 64; neutral: 64; bipolar: true; wording: Texts.fineTuning
     }
     readonly property Parameter attack: Parameter { label: "Attack"; method: "setPadExtraAttackTime"; after: pad.last }
     readonly property Parameter release: Parameter {
@@ -45,11 +44,11 @@ QtObject {
     }
     readonly property Parameter secondCoarse: Parameter {
         label: "Coarse"; method: "setInstrumentSecondCoarseTuning"; after: pad.last
-        from: -24; to: 24; neutral: 0; bipolar: true; wording: Words.signed
+        from: -24; to: 24; neutral: 0; bipolar: true; wording: Texts.signed
     }
     readonly property Parameter secondFine: Parameter {
         label: "Fine"; method: "setInstrumentSecondFineTuning"; after: pad.last
-        value: 64; neutral: 64; bipolar: true; wording: Words.fineTuning
+        value: 64; neutral: 64; bipolar: true; wording: Texts.fineTuning
     }
     readonly property Parameter secondAttack: Parameter {
         label: "Attack"; method: "setPadExtraSecondSoundAttack"; after: pad.last
@@ -73,5 +72,16 @@ QtObject {
         label: "Room rev."; method: "setPadMixerRoomReverb"; after: pad.last; value: 32
     }
     readonly property Parameter multiFx: Parameter { label: "Multi-FX"; method: "setPadMixerMultiFX"; after: pad.last }
+    readonly property Routing multiFxDirect: Routing {
+        label: "Pad multi-FX direct"; method: "setPadMixerMultiFXDirect"; after: pad.last
+    }
+
+    readonly property Parameter midiNote: Parameter {
+        label: "MIDI note out"; method: "setPadMidiNote"; after: pad.last; value: pad.note
+    }
+    // The module has this method, but it sends nothing.
+    readonly property Parameter buzz: Parameter {
+        label: "Buzz (not sent)"; method: "setPadExtraCrossfeedBuzz"; after: pad.last
+    }
     readonly property var mixKnobs: [mixVolume, pan, ambience, instrumentReverb, roomReverb, multiFx]
 }

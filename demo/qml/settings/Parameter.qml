@@ -1,8 +1,8 @@
 import QtQuick 2.12
 import "../device"
 
-// One setting of the sound engine as the screen knows it. The engine cannot be asked for its settings, so
-// the value shown is the one last set here. Setting it calls the module's method with the arguments around it.
+// One setting of the sound engine. The engine does not report its settings, so the value is the one that the screen
+// set last. set() calls the module's method with the arguments of `before`, the value, and those of `after`.
 QtObject {
     id: parameter
     property string label
@@ -28,14 +28,14 @@ QtObject {
     }
     function set(v) {
         var wanted = Math.round(Math.min(to, Math.max(from, v)) / step) * step;
-        // Keeps 0.1 steps from showing as 0.30000000000000004.
+        // Steps of 0.1 would otherwise appear as 0.30000000000000004.
         wanted = Number(wanted.toFixed(3));
         if (wanted === value)
             return;
         value = wanted;
         Device.send(method, before.concat([wanted], after));
     }
-    // The engine reported a value of its own accord: shown, and not sent back.
+    // Takes over a value that the engine reported, without sending it.
     function learn(v) {
         value = Math.min(to, Math.max(from, v));
     }

@@ -1,6 +1,6 @@
 import QtQuick 2.12
 
-// A continuous effect parameter: the engine scales it by the range sent with it.
+// A continuous effect parameter. The module scales it by the range in the call.
 Parameter {
     to: 100
     after: [0, 100, 0]

@@ -2,12 +2,17 @@ pragma Singleton
 import QtQuick 2.12
 import "../device"
 
-// What the screen last set, for every section, so that a page left and entered again shows the same.
+// The values that the screen set last, so that a page shows them again when it is opened again.
 QtObject {
     id: settings
     readonly property MixerSettings mixer: MixerSettings {}
     readonly property EffectsSettings effects: EffectsSettings {}
     readonly property MetronomeSettings metronome: MetronomeSettings {}
+    readonly property ModuleSettings setup: ModuleSettings {}
+    readonly property ProgramSettings programs: ProgramSettings {}
+    readonly property RoutingSettings routing: RoutingSettings {}
+    // The folder that a list of files shows first.
+    property url startFolder
     readonly property int engineTempo: Device.tempo
     onEngineTempoChanged: metronome.tempo.learn(engineTempo)
 
@@ -22,12 +27,20 @@ QtObject {
         CompressorSettings { prefix: "setHeadCp"; requestMethod: "requestHeadCpUpdate" }
     ]
 
-    // Pads have some forty notes of which few are ever edited, so their settings are made on first use.
+    // The pads have some forty notes. The settings of a note are created when they are first used.
     readonly property Component padFactory: Component { PadSettings {} }
     property var pads: ({})
     function pad(note) {
         if (!pads[note])
             pads[note] = padFactory.createObject(settings, { note: note });
         return pads[note];
+    }
+
+    readonly property Component triggerFactory: Component { TriggerSettings {} }
+    property var triggers: ({})
+    function trigger(input) {
+        if (!triggers[input])
+            triggers[input] = triggerFactory.createObject(settings, { input: input });
+        return triggers[input];
     }
 }

@@ -1,11 +1,11 @@
 import QtQuick 2.12
 import "../device"
 
-// How a pad's trigger input reads a stroke. The methods take the note first.
+// The settings of one trigger input. The methods take the number of the input first.
 QtObject {
     id: trigger
-    property int note: 36
-    readonly property var first: [note]
+    property int input: 0
+    readonly property var first: [input]
 
     readonly property Parameter gain: Parameter {
         label: "Gain"; method: "sendTriggerGain"; before: trigger.first; value: 60
@@ -25,39 +25,60 @@ QtObject {
     readonly property Parameter mask: Parameter {
         label: "Retrigger"; method: "sendTriggerRetriggerMask"; before: trigger.first; value: 16
     }
-    readonly property var knobs: [gain, threshold, highLevel, crosstalk, scanTime, mask]
+    readonly property Parameter dynamicsLevel: Parameter {
+        label: "Dyn. level"; method: "sendTriggerDynLevel"; before: trigger.first; value: 40
+    }
+    readonly property Parameter dynamicsTime: Parameter {
+        label: "Dyn. time"; method: "sendTriggerDynTime"; before: trigger.first; value: 20
+    }
+    readonly property var strokeKnobs: [gain, threshold, highLevel, crosstalk, scanTime, mask, dynamicsLevel,
+                                        dynamicsTime]
 
+    readonly property Parameter lowPosition: Parameter {
+        label: "Low position"; method: "sendTriggerHHLowPosition"; before: trigger.first; value: 10
+    }
+    readonly property Parameter highPosition: Parameter {
+        label: "High position"; method: "sendTriggerHHHighPosition"; before: trigger.first; value: 110
+    }
+    readonly property Parameter chick: Parameter {
+        label: "Chick"; method: "sendTriggerHHChickSensitivity"; before: trigger.first; value: 64
+    }
+    readonly property Parameter splash: Parameter {
+        label: "Splash"; method: "sendTriggerHHSplashSensitivity"; before: trigger.first; value: 64
+    }
+    readonly property var hiHatKnobs: [lowPosition, highPosition, chick, splash]
+
+    readonly property Parameter kind: Parameter {
+        label: "Type"; method: "sendTriggerTriggerType"; before: trigger.first
+    }
+    readonly property Parameter bankPreset: Parameter {
+        label: "Bank preset"; method: "sendTriggerBankPreset"; before: trigger.first
+    }
     readonly property Parameter curve: Parameter {
-        label: "Curve"; method: "sendTriggerCurvePreset"; before: trigger.first; to: 4
-        wording: function(v) { return ["Linear", "Soft", "Hard", "S-curve", "Own"][v]; }
+        label: "Curve preset"; method: "sendTriggerCurvePreset"; before: trigger.first
     }
     readonly property Parameter positional: Parameter {
         label: "Positional"; method: "sendTriggerPositionalSensing"; before: trigger.first; to: 1
     }
 
-    // Nine points from the softest to the hardest stroke.
-    property var points: shapes[0]
-    readonly property int ownCurve: 4
-    readonly property var shapes: [
-        [0, 16, 32, 48, 64, 80, 96, 112, 127],
-        [0, 42, 62, 77, 90, 101, 111, 119, 127],
-        [0, 2, 8, 18, 32, 50, 71, 97, 127],
-        [0, 5, 20, 40, 64, 87, 107, 122, 127]
-    ]
+    // The curve that was drawn: nine points, from the softest to the hardest stroke.
+    readonly property var straight: [0, 16, 32, 48, 64, 80, 96, 112, 127]
+    property var points: straight
 
-    // A preset brings its shape with it; the drawn curve starts from whatever was shown.
-    function showPreset() {
-        if (curve.value < shapes.length)
-            points = shapes[curve.value];
-    }
-    // While a finger draws, only the screen follows; the engine gets the finished curve.
+    // While the finger moves, only the screen changes. finishDrawing() sends the curve under the preset's number.
     function draw(index, value) {
         var next = points.slice();
         next[index] = Math.min(127, Math.max(0, Math.round(value)));
         points = next;
     }
     function finishDrawing() {
-        curve.set(ownCurve);
-        Device.send("sendTriggerCurveData", [ownCurve, points]);
+        Device.send("sendTriggerCurveData", [curve.value, points]);
+    }
+    function straighten() {
+        points = straight;
+        finishDrawing();
+    }
+    function endTransfer() {
+        Device.send("sendTriggerTransferEnd", first);
     }
 }

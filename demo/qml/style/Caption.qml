@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import "."
 
-// The small grey text beside a figure or under a control.
+// A small grey text for a figure or a control.
 Text {
     color: Theme.dim
     font.pixelSize: Theme.caption

@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import "."
 
-// A quiet surface that groups what belongs together, with an optional heading.
+// A surface that groups controls, with an optional heading.
 Rectangle {
     id: card
     property string title

@@ -1,7 +1,7 @@
 pragma Singleton
 import QtQuick 2.12
 
-// Every colour, size and pace of the screen, so that pages never invent their own.
+// The colours, sizes and durations of the screen.
 QtObject {
     readonly property color background: "#0d0f12"
     readonly property color surface: "#16191e"
