@@ -1,0 +1,83 @@
+// tshark dissects a long capture without a Lua error.
+
+#include "wireshark/capture.h"
+#include "wireshark/dissection.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+#ifdef ZELTACONNECT_LONG_CASES
+constexpr int datagramCount = 1000000;
+constexpr int timeoutMs = 3600000; // CTest limits the time
+#else
+constexpr int datagramCount = 20000;
+constexpr int timeoutMs = testsupport::patienceMs;
+#endif
+
+using Direction = Capture::Direction;
+
+QByteArray dataPacket(quint32 number)
+{
+    QByteArray packet = QByteArray::fromHex("44435442 00000000 0002 01020304");
+    for (int i = 0; i < 4; ++i)
+        packet[4 + i] = char(number >> (24 - 8 * i) & 0xFF);
+    return packet;
+}
+
+// A mix of meters, strikes, parameters, SysEx and the packets of one long file.
+void append(Capture *capture, int index)
+{
+    static const QByteArray meters = QByteArray::fromHex("4452") + QByteArray(36, '\x20');
+    static const QByteArray strike = QByteArray::fromHex("494D 4143 9909 6426");
+    static const QByteArray parameter = QByteArray::fromHex("494D0003 0BB96338 0BB96207 0BB90664");
+    static const QByteArray sysExStart = QByteArray::fromHex("494D 4143 F004 4110");
+    static const QByteArray sysExEnd = QByteArray::fromHex("494D 4143 F705 0000");
+    switch (index % 10) {
+    case 0: capture->append(Direction::ToEngine, parameter); break;
+    case 1: capture->append(Direction::FromEngine, strike); break;
+    case 2: capture->append(Direction::FromEngine, sysExStart); break;
+    case 3: capture->append(Direction::FromEngine, sysExEnd); break;
+    case 4:
+    case 5:
+    case 6: capture->append(Direction::FromEngine, meters); break;
+    default:
+        capture->append(Direction::ToEngine, dataPacket(quint32(index / 10 * 3 + index % 10 - 7)));
+        break;
+    }
+}
+
+} // namespace
+
+class VolumeTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyDatagramIsDissected();
+};
+
+void VolumeTest::everyDatagramIsDissected()
+{
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("volume.pcap"));
+    Capture capture(path);
+    capture.append(Direction::ToEngine, QByteArray::fromHex("44535442 7FFFFFFF"));
+    for (int i = 1; i < datagramCount - 1; ++i)
+        append(&capture, i - 1);
+    capture.append(Direction::FromEngine, QByteArray::fromHex("4254 4143 0001 0000"));
+    QVERIFY(capture.finish());
+
+    // tshark prints the frames with errors, and the last frame, which shows that tshark has processed all.
+    const QString number = QStringLiteral("frame.number");
+    const Dissection dissection(
+        path, {number}, {QStringLiteral("-Y"), QStringLiteral("_ws.lua.error || !zelta.text || zelta.beat")},
+        timeoutMs);
+    QCOMPARE(dissection.problem(), QString());
+    QCOMPARE(dissection.frames().size(), 1);
+    QCOMPARE(dissection.frames().at(0).value(number), QString::number(datagramCount));
+}
+
+QTEST_GUILESS_MAIN(VolumeTest)
+#include "tst_volume.moc"
