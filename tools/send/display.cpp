@@ -21,15 +21,16 @@ int terminalColumns()
 void write(const QString &text)
 {
     const QByteArray bytes = text.toLocal8Bit();
-    // When nobody reads any more the file is still to be sent, and the exit status tells how that went.
+    // Errors are ignored. Without a reader the file is still sent, and the exit status reports the result.
     static_cast<void>(std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout));
     static_cast<void>(std::fflush(stdout));
 }
 
 } // namespace
 
-Display::Display()
+Display::Display(bool rateLines)
     : m_isTerminal(::isatty(STDOUT_FILENO) == 1)
+    , m_rateLines(rateLines)
 {
     m_since.start();
 }
@@ -54,7 +55,7 @@ void Display::progress(qint64 bytes)
         return;
     const int percent = int(qMin<qint64>(100, bytes * 100 / m_size));
     if (!m_isTerminal) {
-        if (percent / 10 > m_saidTenths) {
+        if (m_rateLines && percent / 10 > m_saidTenths) {
             m_saidTenths = percent / 10;
             say(QStringLiteral("%1 %  %2").arg(m_saidTenths * 10).arg(rate(bytes)));
         }
@@ -71,10 +72,10 @@ void Display::progress(qint64 bytes)
                .arg(rate(bytes)));
 }
 
-void Display::busy(const QString &words)
+void Display::busy(const QString &activity)
 {
     if (m_isTerminal)
-        redraw(QStringLiteral("%1, %2 s").arg(words).arg(m_since.elapsed() / 1000));
+        redraw(QStringLiteral("%1, %2 s").arg(activity).arg(m_since.elapsed() / 1000));
 }
 
 QString Display::rate(qint64 bytes) const
@@ -85,7 +86,7 @@ QString Display::rate(qint64 bytes) const
 
 void Display::redraw(const QString &line)
 {
-    // Back to the first column, and whatever the line before was longer by is erased.
+    // Returns to the first column and erases the rest of the previous line.
     write(QLatin1Char('\r') + line + QStringLiteral("\x1b[K"));
     m_lineIsOpen = true;
 }

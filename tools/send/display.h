@@ -3,30 +3,30 @@
 #include <QElapsedTimer>
 #include <QString>
 
-/// Shows a transfer on standard output: a bar on a terminal, plain lines elsewhere.
+/// Shows a transfer on standard output: a bar on a terminal, or lines where they are wanted.
 class Display
 {
 public:
-    Display();
+    /// With rateLines, progress() prints a line for each tenth where there is no terminal.
+    explicit Display(bool rateLines);
     Display(const Display &) = delete;
     Display &operator=(const Display &) = delete;
 
     bool isTerminal() const { return m_isTerminal; }
 
-    /// A line of its own.
+    /// Prints a line.
     void say(const QString &line);
 
-    /// A file of that many bytes begins.
+    /// The transfer of a file of size bytes begins.
     void begin(qint64 size);
-    /// So many bytes of it have been sent. May be called for every packet.
+    /// bytes of the file have been sent. May be called for every packet.
     void progress(qint64 bytes);
-    /// For files that tell no progress: what is going on, and for how long; on a terminal only.
-    void busy(const QString &words);
-    /// Leaves the cursor on a line of its own, whatever was drawn last.
+    /// Shows activity and the time since begin(); on a terminal only.
+    void busy(const QString &activity);
+    /// Clears the line that was drawn last.
     void close() { wipe(); }
 
-    qint64 elapsedMs() const { return m_since.elapsed(); }
-    /// "312 kB/s" on average since begin().
+    /// The average since begin(), for example "312 kB/s".
     QString rate(qint64 bytes) const;
 
 private:
@@ -34,6 +34,7 @@ private:
     void wipe();
 
     const bool m_isTerminal;
+    const bool m_rateLines;
     QElapsedTimer m_since;
     qint64 m_size = 0;
     qint64 m_drawnAt = 0;

@@ -4,13 +4,13 @@ namespace {
 
 // clang-format off
 constexpr Kind kinds[] = {
-    {"zelta",            "sound-engine firmware",     "sendZeltaFirmware",    Kind::Extra::None,        true,  false},
-    {"trigger",          "trigger-board firmware",    "sendTriggerFirmware",  Kind::Extra::None,        true,  false},
-    {"soundbank",        "sound bank",                "sendSoundBank",        Kind::Extra::None,        false, false},
-    {"triggerbank",      "trigger bank",              "sendTriggerBank",      Kind::Extra::None,        false, false},
-    {"import-soundbank", "sound bank for a slot",     "sendImportSoundBank",  Kind::Extra::SlotAndName, false, false},
-    {"import-wave",      "wave sample for a slot",    "sendImportWaveSample", Kind::Extra::Slot,        false, false},
-    {"bluetooth",        "bluetooth firmware",        "sendBtFw",             Kind::Extra::None,        false, true},
+    {"zelta",            "sound-engine firmware",     "EngineFirmware",    Kind::Extra::None,        true,  false},
+    {"trigger",          "trigger-board firmware",    "TriggerFirmware",   Kind::Extra::None,        true,  false},
+    {"soundbank",        "sound bank",                "SoundBank",         Kind::Extra::None,        false, false},
+    {"triggerbank",      "trigger bank",              "TriggerBank",       Kind::Extra::None,        false, false},
+    {"import-soundbank", "sound bank for a slot",     "SoundBankImport",   Kind::Extra::SlotAndName, false, false},
+    {"import-wave",      "wave sample for a slot",    "WaveImport",        Kind::Extra::Slot,        false, false},
+    {"bluetooth",        "bluetooth firmware",        "BluetoothFirmware", Kind::Extra::None,        false, true},
 };
 // clang-format on
 

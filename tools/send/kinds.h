@@ -2,19 +2,19 @@
 
 #include <QStringList>
 
-/// What can be sent, and how the module's QML type is asked to.
+/// A kind of file.
 struct Kind
 {
     enum class Extra { None, Slot, SlotAndName };
 
-    const char *option; ///< what --kind takes
-    const char *words;
-    const char *method; ///< of the QML type
-    Extra extra;        ///< arguments beside the file
-    bool isFirmware;    ///< sent only when it is newer than what the module has
-    bool isSet;         ///< comes as several files
+    const char *option;     ///< name for --kind
+    const char *noun;       ///< name in a sentence
+    const char *enumerator; ///< of FileTransfer.Kind
+    Extra extra;            ///< further arguments of the method
+    bool isFirmware;        ///< the module sends it only when it is newer than its own
+    bool isSet;             ///< consists of several files
 };
 
-/// The kind of that name, null when there is none.
+/// The kind with that name for --kind, or null.
 const Kind *kindNamed(const QString &option);
 QStringList kindNames();

@@ -1,48 +1,28 @@
 // Sends files to the drum module's sound engine without a screen.
 
-#include "display.h"
-#include "module.h"
+#include "jsonreporter.h"
 #include "options.h"
-#include "session.h"
-
-#include "tools/shared/engineaddress.h"
-#include "tools/shared/quitonsignal.h"
+#include "program.h"
+#include "textreporter.h"
 
 #include <QCoreApplication>
-#include <QLoggingCategory>
-#include <QTextStream>
 
+#include <memory>
 #include <optional>
 
 namespace {
 
-int complain(ExitStatus status, const QString &line)
+std::unique_ptr<Reporter> reporterFor(const Options &options)
 {
-    QTextStream(stderr) << "zelta-send: " << line << '\n';
-    return int(status);
+    if (options.json)
+        return std::make_unique<JsonReporter>(options.quiet);
+    return std::make_unique<TextReporter>(options);
 }
 
-int run(const Options &options)
+bool needsApplication(Options::Action action)
 {
-    Display display;
-    Module module(options.importDir);
-    if (!module.object())
-        return complain(ExitStatus::NoModule, module.error());
-
-    // From here on an interrupted program takes its leave of the module; it goes before the module does, so
-    // that who does not want to wait for that can interrupt again.
-    std::optional<QuitOnSignal> quitOnSignal(std::in_place);
-    Session session(module.object(), options, display);
-    Outcome outcome{ExitStatus::Interrupted, QStringLiteral("interrupted")};
-    QObject::connect(&session, &Session::finished, &session, [&outcome](const Outcome &result) {
-        outcome = result;
-        QCoreApplication::quit();
-    });
-    session.start();
-    QCoreApplication::exec();
-    quitOnSignal.reset();
-    display.close();
-    return outcome.words.isEmpty() ? int(outcome.status) : complain(outcome.status, outcome.words);
+    return action != Options::Action::Help && action != Options::Action::Version &&
+           action != Options::Action::Refuse;
 }
 
 } // namespace
@@ -53,28 +33,13 @@ int main(int argc, char *argv[])
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     const Options options = parseOptions(arguments);
-    switch (options.action) {
-    case Options::Action::Help: QTextStream(stdout) << helpText(); return 0;
-    case Options::Action::Version: QTextStream(stdout) << "zelta-send " ZELTACONNECT_VERSION "\n"; return 0;
-    case Options::Action::Refuse:
-        return complain(ExitStatus::Misused, options.error + QStringLiteral(" (see --help)"));
-    case Options::Action::Send:
-    case Options::Action::AskVersions: break;
-    }
-    // All files first: half a set of bluetooth firmware is worse than none.
-    for (const QString &path : options.files) {
-        const QString problem = fileProblem(path);
-        if (!problem.isEmpty())
-            return complain(ExitStatus::BadFile, problem);
-    }
-    if (!options.engine.isEmpty())
-        qputenv(engineVariable, options.engine.toLatin1());
-    const QString problem = engineVariableProblem();
-    if (!problem.isEmpty())
-        return complain(ExitStatus::Misused, problem);
+    const std::unique_ptr<Reporter> reporter = reporterFor(options);
+    std::optional<QCoreApplication> application;
+    if (needsApplication(options.action))
+        application.emplace(argc, argv);
 
-    QCoreApplication application(argc, argv);
-    // What the module logs about pads and tempo is nothing for the person who sends a file.
-    QLoggingCategory::setFilterRules(QStringLiteral("zeltaconnect.*.debug=false"));
-    return run(options);
+    Program program(options, *reporter);
+    const Result result = program.run();
+    reporter->finished(result);
+    return int(result.outcome.status);
 }

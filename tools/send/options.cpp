@@ -1,157 +1,234 @@
 #include "options.h"
 
+#include "filegroups.h"
+#include "listfile.h"
+
+#include "tools/shared/commandline.h"
 #include "tools/shared/engineaddress.h"
+#include "tools/shared/numbers.h"
 
 #include <QFileInfo>
 
 namespace {
 
-constexpr int largestSlot = 0xFFFF;
 constexpr int longestTimeoutS = 24 * 60 * 60;
 
-Options refuse(const QString &error)
+// The options as --help lists them.
+struct CommandLine
 {
-    Options options;
-    options.action = Options::Action::Refuse;
-    options.error = error;
-    return options;
+    CommandLine()
+    {
+        parser.setApplicationDescription(QStringLiteral(
+            "Sends files to the drum module's sound engine, through the same QML module as the touch\n"
+            "screen, and reports the result. With --versions it asks for versions instead; --inspect\n"
+            "looks at files, --diagnose at what the interface needs on this machine.\n\n"
+            "Several files of different kinds: each is followed by its own --kind, --slot and --name,\n"
+            "as in \"board.bin --kind trigger kit.bin --kind soundbank\", or stands in the file of\n"
+            "--list. Bluetooth firmware consists of several files, which are sent in the order given.\n"
+            "The first failure ends the run, unless --keep-going is given. Firmware is sent only if it\n"
+            "is newer than what the module reports. Ctrl-C aborts a transfer; a second one exits at\n"
+            "once.\n\n"
+            "Exit status: 0 all sent; 1 the transfer failed; 2 wrong usage; 3 the file cannot be used;\n"
+            "4 the engine does not answer, or time is up; 5 the firmware is not newer; 6 the QML module\n"
+            "cannot be loaded; 7 the diagnosis found a fault; 130 interrupted."));
+        parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The file to send."),
+                                     QStringLiteral("FILE..."));
+    }
+
+    QList<QCommandLineOption> options() const
+    {
+        return {file.kind, file.slot, file.name, list,   keepGoing, dryRun,  inspect, versions, diagnose,
+                json,      quiet,     progress,  engine, importDir, timeout, help,    version};
+    }
+
+    QCommandLineParser parser;
+    const FileOptions file;
+    const QCommandLineOption list{
+        QStringLiteral("list"),
+        QStringLiteral("Send the files of this list: a line for each, as on the command line."),
+        QStringLiteral("FILE")};
+    const QCommandLineOption keepGoing{QStringLiteral("keep-going"),
+                                       QStringLiteral("Send the other files after a failure.")};
+    const QCommandLineOption dryRun{
+        QStringLiteral("dry-run"),
+        QStringLiteral("Check the files and the QML module, print what would be sent, and send nothing.")};
+    const QCommandLineOption inspect{
+        QStringLiteral("inspect"),
+        QStringLiteral("Print what each file is and which version it has, and send nothing.")};
+    const QCommandLineOption versions{QStringLiteral("versions"),
+                                      QStringLiteral("Ask for the versions of the banks and print them.")};
+    const QCommandLineOption diagnose{
+        QStringLiteral("diagnose"),
+        QStringLiteral("Check what the interface needs on this machine, and print how to mend each fault.")};
+    const QCommandLineOption json{
+        QStringLiteral("json"),
+        QStringLiteral("Print the result as one JSON object, and progress as JSON lines on standard error.")};
+    const QCommandLineOption quiet{QStringLiteral("quiet"),
+                                   QStringLiteral("Print no progress and no summary; errors are printed.")};
+    const QCommandLineOption progress{
+        QStringLiteral("progress"),
+        QStringLiteral("Print a line for each tenth of a file also where the output is no terminal.")};
+    const QCommandLineOption engine{
+        QStringLiteral("engine"),
+        QStringLiteral("Address of the sound engine (default: ZELTACONNECT_ENGINE, or 172.20.21.22)."),
+        QStringLiteral("ADDRESS[:PORT]")};
+    const QCommandLineOption importDir{
+        QStringLiteral("import"),
+        QStringLiteral(
+            "Folder that holds the ZeltaConnect module (default: ../qml of this program, or Qt's own "
+            "folder)."),
+        QStringLiteral("DIR")};
+    const QCommandLineOption timeout{
+        QStringLiteral("timeout"),
+        QStringLiteral("Give up after this time (default: %1).").arg(Options::defaultTimeoutS),
+        QStringLiteral("SECONDS")};
+    const QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Show this help.")};
+    const QCommandLineOption version{QStringLiteral("version"), QStringLiteral("Show the version.")};
+};
+
+// Also for arguments that cannot be parsed, so that their error is reported in the same way.
+bool asksForJson(const QStringList &arguments)
+{
+    for (const QString &argument : arguments) {
+        if (argument == QLatin1String("--"))
+            return false;
+        if (argument == QLatin1String("--json"))
+            return true;
+    }
+    return false;
 }
 
-bool readNumber(const QString &text, int least, int most, int *number)
+// Reads the options that do not describe a file. Returns an empty text, or an error message.
+QString readValues(const CommandLine &line, Options *options)
 {
-    bool ok = false;
-    *number = text.toInt(&ok);
-    return ok && *number >= least && *number <= most;
-}
-
-// Empty when value suits the option, else what is wrong with it.
-QString readValue(const QString &option, const QString &value, Options *options)
-{
-    if (option == QLatin1String("--kind")) {
-        options->kind = kindNamed(value);
-        if (!options->kind)
-            return QStringLiteral("there is no kind %1; there are %2")
-                .arg(value, kindNames().join(QStringLiteral(", ")));
-    } else if (option == QLatin1String("--slot")) {
-        if (!readNumber(value, 0, largestSlot, &options->slot))
-            return QStringLiteral("--slot takes 0 to %1, not %2").arg(largestSlot).arg(value);
-    } else if (option == QLatin1String("--name")) {
-        options->name = value;
-    } else if (option == QLatin1String("--engine")) {
-        if (!isEngineAddress(value))
-            return QStringLiteral("--engine takes an IPv4 address, or address:port, not %1").arg(value);
-        options->engine = value;
-    } else if (option == QLatin1String("--import")) {
-        if (!QFileInfo(value).isDir())
-            return QStringLiteral("--import: no such folder: %1").arg(value);
-        options->importDir = value;
-    } else if (option == QLatin1String("--timeout")) {
-        if (!readNumber(value, 1, longestTimeoutS, &options->timeoutS))
-            return QStringLiteral("--timeout takes 1 to %1 seconds, not %2").arg(longestTimeoutS).arg(value);
-    } else {
-        return QStringLiteral("unknown option %1").arg(option);
+    const QCommandLineParser &parser = line.parser;
+    options->keepGoing = parser.isSet(line.keepGoing);
+    options->quiet = parser.isSet(line.quiet);
+    options->progress = parser.isSet(line.progress);
+    if (options->quiet && options->progress)
+        return QStringLiteral("--quiet and --progress exclude each other");
+    options->engine = parser.value(line.engine);
+    if (!options->engine.isEmpty() && !isEngineAddress(options->engine))
+        return QStringLiteral("--engine takes an IPv4 address, or address:port, not %1").arg(options->engine);
+    options->importDir = parser.value(line.importDir);
+    if (!options->importDir.isEmpty() && !QFileInfo(options->importDir).isDir())
+        return QStringLiteral("--import: no such folder: %1").arg(options->importDir);
+    if (parser.isSet(line.timeout) &&
+        !readNumber(parser.value(line.timeout), 1, longestTimeoutS, &options->timeoutS)) {
+        return QStringLiteral("--timeout takes 1 to %1 seconds, not %2")
+            .arg(longestTimeoutS)
+            .arg(parser.value(line.timeout));
     }
     return {};
 }
 
-bool takesValue(const QString &option)
+// Decides what to do. Returns an empty text, or a message about actions that exclude each other.
+QString readAction(const CommandLine &line, Options *options)
 {
-    static const QStringList withValue = {QStringLiteral("--kind"),   QStringLiteral("--slot"),
-                                          QStringLiteral("--name"),   QStringLiteral("--engine"),
-                                          QStringLiteral("--import"), QStringLiteral("--timeout")};
-    return withValue.contains(option);
+    using Action = Options::Action;
+    const struct
+    {
+        const QCommandLineOption &option;
+        Action action;
+    } actions[] = {{line.dryRun, Action::DryRun},
+                   {line.inspect, Action::Inspect},
+                   {line.versions, Action::AskVersions},
+                   {line.diagnose, Action::Diagnose}};
+    QString chosen;
+    for (const auto &row : actions) {
+        if (!line.parser.isSet(row.option))
+            continue;
+        const QString name = row.option.names().constFirst();
+        if (!chosen.isEmpty())
+            return QStringLiteral("--%1 and --%2 exclude each other").arg(chosen, name);
+        chosen = name;
+        options->action = row.action;
+    }
+    return {};
 }
 
-// What does not fit together, empty when all does.
-QString contradiction(const Options &options)
+// Reads the files. Returns an empty text, or an error message.
+QString readFiles(CommandLine &line, const QStringList &arguments, Options *options)
 {
-    const QString kind = options.kind ? QLatin1String(options.kind->option) : QString();
-    const Kind::Extra extra = options.kind ? options.kind->extra : Kind::Extra::None;
-    if (options.action == Options::Action::AskVersions)
-        return options.kind || !options.files.isEmpty() ? QStringLiteral("--versions sends no files")
-                                                        : QString();
-    if (!options.kind)
-        return QStringLiteral("what kind of file? --kind is missing");
-    if (options.files.isEmpty())
-        return QStringLiteral("no file given");
-    if (options.files.size() > 1 && !options.kind->isSet)
-        return QStringLiteral("--kind %1 takes one file").arg(kind);
-    if (extra != Kind::Extra::None && options.slot < 0)
-        return QStringLiteral("--kind %1 needs --slot").arg(kind);
-    if (extra == Kind::Extra::None && options.slot >= 0)
-        return QStringLiteral("--kind %1 has no slot").arg(kind);
-    if (extra != Kind::Extra::SlotAndName && !options.name.isEmpty())
-        return QStringLiteral("--kind %1 has no name").arg(kind);
-    return {};
+    QCommandLineParser &parser = line.parser;
+    const bool isDescribed =
+        parser.isSet(line.file.kind) || parser.isSet(line.file.slot) || parser.isSet(line.file.name);
+    const bool isListed = parser.isSet(line.list);
+    options->files = parser.positionalArguments();
+    switch (options->action) {
+    case Options::Action::AskVersions:
+    case Options::Action::Diagnose:
+        return isDescribed || isListed || !options->files.isEmpty()
+                   ? QStringLiteral("--%1 sends no files").arg(actionName(options->action))
+                   : QString();
+    case Options::Action::Inspect:
+        if (isDescribed || isListed)
+            return QStringLiteral("--inspect takes nothing but files");
+        return options->files.isEmpty() ? QStringLiteral("no file given") : QString();
+    default: break;
+    }
+    if (isListed) {
+        if (parser.values(line.list).size() > 1)
+            return QStringLiteral("--list is given twice");
+        return isDescribed || !options->files.isEmpty()
+                   ? QStringLiteral("--list names all files and their kinds; give no others")
+                   : readListFile(parser.value(line.list), &options->jobs);
+    }
+    QVector<FileGroup> groups;
+    QString problem = groupFiles(parser, line.file, arguments, &groups);
+    for (int i = 0; i < groups.size() && problem.isEmpty(); ++i)
+        problem = appendJobs(groups.at(i), &options->jobs);
+    return problem;
 }
 
 } // namespace
 
 QString helpText()
 {
-    return QStringLiteral(
-               "Usage: zelta-send --kind KIND [OPTION]... FILE...\n"
-               "       zelta-send --versions [OPTION]...\n"
-               "Sends a file to the drum module's sound engine, through the same QML module as the touch\n"
-               "screen, and tells how it ended.\n"
-               "\n"
-               "  --kind KIND        %1\n"
-               "  --slot NUMBER      slot of an import, 0 to 65535\n"
-               "  --name NAME        name of an imported sound bank (its file's name)\n"
-               "  --versions         ask for the versions of the banks and print them\n"
-               "  --engine ADDRESS[:PORT]\n"
-               "                     where the sound engine is (ZELTACONNECT_ENGINE, or 172.20.21.22)\n"
-               "  --import DIR       folder holding the ZeltaConnect module (../qml of this program, or\n"
-               "                     Qt's own folder)\n"
-               "  --timeout SECONDS  give up after this time (%2)\n"
-               "  -h, --help, --version\n"
-               "\n"
-               "Bluetooth firmware comes as several files, sent in the order given; the first that fails\n"
-               "ends the run. Firmware is sent only if it is newer than what the module reports.\n"
-               "Ctrl-C breaks a transfer off; a second one does not wait for the pause it may be in.\n"
-               "\n"
-               "Exit status: 0 all sent; 1 the transfer failed; 2 wrong usage; 3 the file cannot be used;\n"
-               "4 the engine does not answer, or time is up; 5 the firmware is not newer; 6 the QML module\n"
-               "cannot be loaded; 130 interrupted.\n")
-        .arg(kindNames()
-                 .join(QStringLiteral(", "))
-                 .replace(QStringLiteral("triggerbank, "),
-                          QStringLiteral("triggerbank,\n                     ")))
-        .arg(Options::defaultTimeoutS);
+    CommandLine line;
+    line.parser.addOptions(line.options());
+    return commandLineHelp(line.parser, "zelta-send");
+}
+
+QString actionName(Options::Action action)
+{
+    switch (action) {
+    case Options::Action::Send: return QStringLiteral("send");
+    case Options::Action::DryRun: return QStringLiteral("dry-run");
+    case Options::Action::AskVersions: return QStringLiteral("versions");
+    case Options::Action::Inspect: return QStringLiteral("inspect");
+    case Options::Action::Diagnose: return QStringLiteral("diagnose");
+    case Options::Action::Help: return QStringLiteral("help");
+    case Options::Action::Version: return QStringLiteral("version");
+    case Options::Action::Refuse: return QStringLiteral("none");
+    }
+    return {};
 }
 
 Options parseOptions(const QStringList &arguments)
 {
+    CommandLine line;
     Options options;
-    bool onlyFiles = false;
-    for (int i = 0; i < arguments.size(); ++i) {
-        const QString &argument = arguments.at(i);
-        if (onlyFiles || !argument.startsWith(QLatin1Char('-'))) {
-            options.files.append(argument);
-        } else if (argument == QLatin1String("--")) {
-            onlyFiles = true;
-        } else if (argument == QLatin1String("--help") || argument == QLatin1String("-h")) {
-            options.action = Options::Action::Help;
-            return options;
-        } else if (argument == QLatin1String("--version")) {
-            options.action = Options::Action::Version;
-            return options;
-        } else if (argument == QLatin1String("--versions")) {
-            options.action = Options::Action::AskVersions;
-        } else {
-            // Both forms are common: "--slot 5" and "--slot=5".
-            const int equals = argument.indexOf(QLatin1Char('='));
-            const QString option = argument.left(equals);
-            if (equals < 0 && takesValue(option) && i + 1 == arguments.size())
-                return refuse(QStringLiteral("%1 needs a value").arg(option));
-            const QString value = equals >= 0          ? argument.mid(equals + 1)
-                                  : takesValue(option) ? arguments.at(++i)
-                                                       : QString();
-            const QString error = readValue(option, value, &options);
-            if (!error.isEmpty())
-                return refuse(error);
-        }
+    QString problem = parseCommandLine(line.parser, line.options(), arguments);
+    options.json = asksForJson(arguments);
+    if (problem.isEmpty() && line.parser.isSet(line.help)) {
+        options.action = Options::Action::Help;
+        return options;
     }
-    const QString error = contradiction(options);
-    return error.isEmpty() ? options : refuse(error);
+    if (problem.isEmpty() && line.parser.isSet(line.version)) {
+        options.action = Options::Action::Version;
+        return options;
+    }
+    if (problem.isEmpty())
+        problem = readValues(line, &options);
+    if (problem.isEmpty())
+        problem = readAction(line, &options);
+    if (problem.isEmpty())
+        problem = readFiles(line, arguments, &options);
+    if (!problem.isEmpty()) {
+        options.action = Options::Action::Refuse;
+        options.error = problem;
+    }
+    return options;
 }

@@ -11,12 +11,13 @@ enum class ExitStatus {
     NoEngine = 4,
     NotNewer = 5,
     NoModule = 6,
+    FaultFound = 7,
     Interrupted = 130,
 };
 
-/// How something ended, for people and for scripts.
+/// The result of a transfer or of the program.
 struct Outcome
 {
     ExitStatus status;
-    QString words;
+    QString message;
 };

@@ -1,33 +1,43 @@
 #include "session.h"
 
-#include "display.h"
-#include "enginewords.h"
+#include "enginetags.h"
+#include "filelook.h"
+#include "fileproblem.h"
+#include "reporter.h"
 
 #include <QFileInfo>
-#include <QVariant>
 
 namespace {
+
+/// How long the module waits for the answer to a query before it starts the next task.
+constexpr int answerWaitMs = 20000;
+/// Added to that wait where this program must time out after the module.
+constexpr int answerMarginMs = 1000;
 
 constexpr int bankQueries = 2;
 constexpr int clockMs = 500;
 
-// Whatever answers a query ends it.
-bool answersQuery(ushort id)
+// A sentence of the companion module as the end of a line of this program.
+QString lineEnd(QString sentence)
 {
-    return id == EngineWord::EngineVersionAnswer || id == EngineWord::TriggerVersionAnswer ||
-           id == EngineWord::SoundBankVersionAnswer || id == EngineWord::TriggerBankVersionAnswer ||
-           id == EngineWord::HiHatRawAnswer;
+    if (sentence.endsWith(QLatin1Char('.')))
+        sentence.chop(1);
+    if (!sentence.isEmpty())
+        sentence[0] = sentence.at(0).toLower();
+    return sentence;
 }
 
 } // namespace
 
-Session::Session(QObject *module, const Options &options, Display &display)
-    : m_module(module)
+Session::Session(QObject *sender, const Options &options, Reporter &reporter, Result *result)
+    : m_sender(sender)
+    , m_module(sender->property("zelta").value<QObject *>())
+    , m_transfer(sender->property("transfer").value<QObject *>())
     , m_options(options)
-    , m_display(display)
+    , m_reporter(reporter)
+    , m_result(*result)
     , m_timeUp(this)
     , m_noAnswer(this)
-    , m_lateAnswer(this)
     , m_clock(this)
 {
     m_timeUp.setSingleShot(true);
@@ -35,14 +45,11 @@ Session::Session(QObject *module, const Options &options, Display &display)
     connect(&m_timeUp, &QTimer::timeout, this, [this] {
         finish(ExitStatus::NoEngine, QStringLiteral("gave up after %1 s").arg(m_options.timeoutS));
     });
-    m_lateAnswer.setSingleShot(true);
-    connect(&m_lateAnswer, &QTimer::timeout, this, [this] {
-        if (m_transfer || m_probes == 0)
-            return;
-        m_probes = 0;
-        nextFile();
-    });
-    connect(&m_clock, &QTimer::timeout, this, [this] { m_display.busy(QStringLiteral("sending")); });
+    connect(&m_clock, &QTimer::timeout, this, [this] { m_reporter.busy(m_activity); });
+    for (int i = 0; i < int(m_result.files.size()); ++i) {
+        if (m_result.files.at(size_t(i)).state == FileResult::State::Failed)
+            m_failedGroups.insert(m_options.jobs.at(i).group);
+    }
 }
 
 Session::~Session() = default;
@@ -51,29 +58,27 @@ void Session::start()
 {
     connect(m_module, SIGNAL(udpPacketArrived(ushort, ushort, ushort)), this,
             SLOT(onEvent(ushort, ushort, ushort)));
-    connect(m_module, SIGNAL(hihatRawValueChanged(ushort)), this, SLOT(onProbeAnswered()));
     connect(m_module, SIGNAL(soundbankVersionChanged()), this, SLOT(onSoundBankVersion()));
     connect(m_module, SIGNAL(triggerbankVersionChanged()), this, SLOT(onTriggerBankVersion()));
+    connect(m_transfer, SIGNAL(progressChanged()), this, SLOT(onProgress()));
+    connect(m_transfer, SIGNAL(newVersionChanged()), this, SLOT(onNewVersion()));
+    connect(m_sender, SIGNAL(isAllSentChanged()), this, SLOT(onAllSentChanged()));
+    // Queued, because the next file starts with the same object.
+    connect(m_transfer, SIGNAL(finished()), this, SLOT(onFileEnded()), Qt::QueuedConnection);
     m_timeUp.start(m_options.timeoutS * 1000);
     connect(&m_noAnswer, &QTimer::timeout, this, [this] { finish(ExitStatus::NoEngine, missingAnswer()); });
     if (m_options.action == Options::Action::AskVersions) {
         askVersions();
         return;
     }
-    // Nothing is sent to an engine that is not there: it would take minutes to find that out.
+    // A query is sent first, because a transfer to an engine that is off takes minutes to fail.
     m_noAnswer.start(answerWaitMs);
-    probe();
-}
-
-void Session::probe()
-{
-    ++m_probes;
     QMetaObject::invokeMethod(m_module, "requestHHRawValue");
 }
 
 void Session::onEvent(ushort id, ushort /*a*/, ushort /*b*/)
 {
-    if (!m_greeted && answersQuery(id))
+    if (!m_greeted && EngineTag::answersQuery(id))
         greeted();
 }
 
@@ -83,28 +88,17 @@ void Session::greeted()
         return;
     m_greeted = true;
     m_noAnswer.stop();
-    m_probes = 0;
-    // Not from within the signal: the module is still at work on the answer.
+    // Queued, because the module is still processing the answer.
     QMetaObject::invokeMethod(this, &Session::nextFile, Qt::QueuedConnection);
-}
-
-void Session::onProbeAnswered()
-{
-    if (m_probes == 0 || !m_greeted)
-        return;
-    --m_probes;
-    if (m_transfer)
-        m_transfer->engineIsIdle();
-    else
-        nextFile();
 }
 
 QString Session::missingAnswer() const
 {
-    if (m_soundBankKnown == m_triggerBankKnown)
+    if (m_result.soundBankVersion.isEmpty() == m_result.triggerBankVersion.isEmpty())
         return QStringLiteral("the sound engine does not answer");
-    return QStringLiteral("the sound engine does not tell the version of the ") +
-           (m_soundBankKnown ? QStringLiteral("trigger bank") : QStringLiteral("sound bank"));
+    return QStringLiteral("the sound engine does not report the version of the ") +
+           (m_result.triggerBankVersion.isEmpty() ? QStringLiteral("trigger bank")
+                                                  : QStringLiteral("sound bank"));
 }
 
 void Session::askVersions()
@@ -116,95 +110,188 @@ void Session::askVersions()
 
 void Session::onSoundBankVersion()
 {
-    sayVersion(QStringLiteral("sound bank"), "soundBankVersion", &m_soundBankKnown);
+    takeVersion(QStringLiteral("sound bank"), "soundBankVersion", &m_result.soundBankVersion);
 }
 
 void Session::onTriggerBankVersion()
 {
-    sayVersion(QStringLiteral("trigger bank"), "triggerBankVersion", &m_triggerBankKnown);
+    takeVersion(QStringLiteral("trigger bank"), "triggerBankVersion", &m_result.triggerBankVersion);
 }
 
-void Session::sayVersion(const QString &what, const char *property, bool *known)
+void Session::takeVersion(const QString &what, const char *property, QString *version)
 {
-    if (m_options.action != Options::Action::AskVersions || *known)
+    if (m_options.action != Options::Action::AskVersions || !version->isEmpty())
         return;
-    *known = true;
-    m_display.say(QStringLiteral("%1: %2").arg(what, m_module->property(property).toString()));
-    if (m_soundBankKnown && m_triggerBankKnown)
+    *version = m_module->property(property).toString();
+    m_reporter.answer(QStringLiteral("%1: %2").arg(what, *version));
+    if (!m_result.soundBankVersion.isEmpty() && !m_result.triggerBankVersion.isEmpty())
         finish(ExitStatus::Sent, QString());
 }
 
+// Files that cannot be used are ended here, one after the other.
 void Session::nextFile()
 {
-    // An answer that is still to come would look as if the next file had ended. It is waited for no longer
-    // than the module waits itself, for one after the other.
-    if (m_probes > 0) {
-        m_lateAnswer.start(m_probes * answerWaitMs + answerMarginMs);
-        return;
+    for (;;) {
+        ++m_current;
+        if (!isSending()) {
+            finishFiles();
+            return;
+        }
+        if (file().state != FileResult::State::NotSent ||
+            m_failedGroups.contains(m_options.jobs.at(m_current).group))
+            continue;
+        const QString problem = fileProblem(file().path);
+        if (problem.isEmpty())
+            break;
+        endFile({ExitStatus::BadFile, problem});
+        if (!m_options.keepGoing) {
+            finish(ExitStatus::BadFile, problem);
+            return;
+        }
     }
-    m_lateAnswer.stop();
-    FileToSend file;
-    file.path = m_options.files.at(m_nextFile++);
-    const QString problem = fileProblem(file.path);
-    if (!problem.isEmpty()) {
-        finish(ExitStatus::BadFile, problem);
-        return;
-    }
-    const QFileInfo info(file.path);
-    file.size = info.size();
-    file.slot = m_options.slot;
-    file.name = m_options.name.isEmpty() ? info.fileName() : m_options.name;
-    sendFile(file);
+    sendFile();
 }
 
-void Session::sendFile(const FileToSend &file)
+void Session::sendFile()
 {
-    m_file = file;
-    m_transfer = std::make_unique<Transfer>(m_module, *m_options.kind, file);
-    connect(m_transfer.get(), &Transfer::probeWanted, this, &Session::probe);
-    connect(m_transfer.get(), &Transfer::progressed, this,
-            [this](qint64 bytes) { m_display.progress(bytes); });
-    connect(m_transfer.get(), &Transfer::noted, this, [this](const QString &words) { m_display.say(words); });
-    connect(m_transfer.get(), &Transfer::finished, this, &Session::conclude);
-    m_display.say(QStringLiteral("sending %1, %2 bytes, as %3")
-                      .arg(file.path)
-                      .arg(file.size)
-                      .arg(QLatin1String(m_options.kind->words)));
-    m_display.begin(file.size);
-    if (m_options.kind->isFirmware)
+    const Job &job = m_options.jobs.at(m_current);
+    const QFileInfo info(job.path);
+    file().bytes = info.size();
+    m_reporter.fileStarted(file());
+    m_since.start();
+    if (job.kind->isFirmware) {
+        m_activity = QStringLiteral("sending");
         m_clock.start(clockMs);
-    m_transfer->start();
+    }
+    QMetaObject::invokeMethod(m_sender, "send", Q_ARG(QVariant, QString::fromLatin1(job.kind->enumerator)),
+                              Q_ARG(QVariant, info.absoluteFilePath()), Q_ARG(QVariant, job.slot),
+                              Q_ARG(QVariant, job.name));
 }
 
-void Session::conclude(const Outcome &outcome)
+// The progress of firmware is an estimate, and not shown.
+void Session::onProgress()
+{
+    const double progress = m_transfer->property("progress").toDouble();
+    if (m_options.jobs.at(m_current).kind->isFirmware || progress <= 0.0)
+        return;
+    m_clock.stop();
+    m_reporter.progress(file(), qRound64(progress * double(file().bytes)));
+}
+
+void Session::onAllSentChanged()
 {
     m_clock.stop();
-    const int retransmissions = m_transfer->retransmissions();
-    // Called from a signal of this very object.
-    m_transfer.release()->deleteLater();
-    if (outcome.status != ExitStatus::Sent) {
-        finish(outcome.status, QStringLiteral("%1: %2").arg(m_file.path, outcome.words));
+    if (!is("isAllSent"))
         return;
-    }
-    m_display.say(QStringLiteral("%1: %2, %3 bytes in %4 s, %5, retransmissions: %6")
-                      .arg(m_file.path, outcome.words)
-                      .arg(m_file.size)
-                      .arg(double(m_display.elapsedMs()) / 1000.0, 0, 'f', 1)
-                      .arg(m_display.rate(m_file.size))
-                      .arg(retransmissions));
-    if (m_nextFile < m_options.files.size())
-        nextFile();
-    else
-        finish(ExitStatus::Sent, QString());
+    m_activity = QStringLiteral("all sent, waiting for the engine");
+    m_reporter.allSent(file(), m_activity);
+    m_clock.start(clockMs);
 }
 
-void Session::finish(ExitStatus status, const QString &words)
+void Session::onNewVersion()
+{
+    const int version = m_transfer->property("newVersion").toInt();
+    if (version < 0)
+        return;
+    file().fileVersion = version;
+    file().installedVersion = m_transfer->property("installedVersion").toInt();
+    m_reporter.newVersion(file());
+}
+
+void Session::interrupt()
+{
+    QString message = QStringLiteral("interrupted");
+    if (is("isAllSent"))
+        message +=
+            QStringLiteral("; all data of %1 is sent, so the engine may have the file").arg(file().path);
+    if (isSending() && !file().status)
+        endFile({ExitStatus::Interrupted, message});
+    m_result.outcome = {ExitStatus::Interrupted, message};
+    disconnectAll();
+}
+
+Outcome Session::outcomeOfFile() const
+{
+    if (is("isSent"))
+        return {ExitStatus::Sent, QStringLiteral("sent")};
+    if (is("isNotNewer")) {
+        return {ExitStatus::NotNewer,
+                QStringLiteral("not sent: version %1 is not newer than the module's version %2")
+                    .arg(versionText(lookAtFile(file().path).version),
+                         versionText(m_transfer->property("installedVersion").toInt()))};
+    }
+    if (is("isWithoutVersion"))
+        return {ExitStatus::BadFile, QStringLiteral("not sent: the file has no firmware version")};
+    ExitStatus status = ExitStatus::Failed;
+    if (is("isUnusable"))
+        status = ExitStatus::BadFile;
+    else if (is("isSilent"))
+        status = ExitStatus::NoEngine;
+    return {status, lineEnd(m_transfer->property("message").toString())};
+}
+
+void Session::endFile(const Outcome &outcome)
+{
+    const bool isSent = outcome.status == ExitStatus::Sent;
+    file().state = isSent ? FileResult::State::Sent : FileResult::State::Failed;
+    file().status = outcome.status;
+    file().message = outcome.message;
+    if (!isSent)
+        m_failedGroups.insert(m_options.jobs.at(m_current).group);
+    m_reporter.fileEnded(file());
+}
+
+void Session::onFileEnded()
+{
+    m_clock.stop();
+    const Outcome outcome = outcomeOfFile();
+    file().seconds = double(m_since.elapsed()) / 1000.0;
+    file().retransmissions = m_transfer->property("retransmissions").toInt();
+    if (m_options.jobs.at(m_current).kind->isFirmware &&
+        m_transfer->property("installedVersion").toInt() >= 0)
+        file().installedVersion = m_transfer->property("installedVersion").toInt();
+    endFile(outcome);
+    // Each further file would wait for a silent engine.
+    const bool goesOn =
+        outcome.status == ExitStatus::Sent || (m_options.keepGoing && outcome.status != ExitStatus::NoEngine);
+    if (goesOn)
+        nextFile();
+    else
+        finish(outcome.status, QStringLiteral("%1: %2").arg(file().path, outcome.message));
+}
+
+// The status of the first failure is that of the run.
+void Session::finishFiles()
+{
+    int missing = 0;
+    ExitStatus status = ExitStatus::Sent;
+    for (const FileResult &result : m_result.files) {
+        missing += result.state == FileResult::State::Sent ? 0 : 1;
+        if (status == ExitStatus::Sent && result.status)
+            status = *result.status;
+    }
+    if (missing == 0)
+        finish(ExitStatus::Sent, QString());
+    else
+        finish(status,
+               QStringLiteral("%1 of %2 files were not sent").arg(missing).arg(m_result.files.size()));
+}
+
+void Session::finish(ExitStatus status, const QString &message)
+{
+    if (isSending() && !file().status)
+        endFile({status, message});
+    m_result.outcome = {status, message};
+    disconnectAll();
+    Q_EMIT finished();
+}
+
+void Session::disconnectAll()
 {
     m_timeUp.stop();
     m_noAnswer.stop();
-    m_lateAnswer.stop();
     m_clock.stop();
     m_module->disconnect(this);
-    m_transfer.reset();
-    Q_EMIT finished({status, words});
+    m_transfer->disconnect(this);
+    m_sender->disconnect(this);
 }

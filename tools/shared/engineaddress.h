@@ -2,12 +2,12 @@
 
 #include <QString>
 
-/// The variable that tells the module where the sound engine is.
+/// Environment variable with the address of the sound engine.
 constexpr char engineVariable[] = "ZELTACONNECT_ENGINE";
 
-/// ADDRESS or ADDRESS:PORT, IPv4 in its usual form, as the module reads it. For anything else the module
-/// would fall back on the address of the real engine.
+/// True for ADDRESS or ADDRESS:PORT with an IPv4 address in its usual form. For other texts the module uses
+/// the address of the real engine.
 bool isEngineAddress(const QString &text);
 
-/// What is wrong with the variable, in one line; empty when it is unset or names an address.
+/// One line about a wrong value of the variable; empty when it is unset or an address.
 QString engineVariableProblem();

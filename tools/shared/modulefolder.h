@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// Folder that a QML engine is to look for the ZeltaConnect module in: the given one, or the one of the same
-/// build tree as the program. Empty where there is none; Qt's own folders are left to find it then.
-/// Needs an application object.
+/// The import path with the ZeltaConnect module: the given folder, or the one in the program's build tree.
+/// Empty when there is none, as for installed programs; Qt's default import paths are enough then. Needs an
+/// application object.
 QString moduleFolder(const QString &given);

@@ -9,7 +9,7 @@ namespace {
 
 int pipeEnds[2] = {-1, -1};
 
-// Only what is allowed inside a signal handler: one write.
+// write() is allowed in a signal handler.
 void handle(int)
 {
     const char byte = 1;

@@ -3,8 +3,8 @@
 #include <QSocketNotifier>
 #include <memory>
 
-/// Ends the event loop when SIGINT or SIGTERM arrives, so that everything is torn down in its order.
-/// One object at a time, made after the application object.
+/// Ends the event loop on SIGINT or SIGTERM, so that the program shuts down in order. Only one object may
+/// exist at a time, created after the application object.
 class QuitOnSignal
 {
 public:

@@ -1,0 +1,29 @@
+#include "engineprobe.h"
+
+#include "tools/send/enginetags.h"
+
+#include <QTimer>
+
+EngineProbe::EngineProbe(QObject *module)
+    : m_module(module)
+{
+    connect(module, SIGNAL(udpPacketArrived(ushort, ushort, ushort)), this,
+            SLOT(onEvent(ushort, ushort, ushort)));
+}
+
+int EngineProbe::answerMs()
+{
+    QTimer::singleShot(patienceMs, &m_loop, &QEventLoop::quit);
+    m_since.start();
+    QMetaObject::invokeMethod(m_module, "requestHHRawValue");
+    m_loop.exec();
+    return m_answerMs;
+}
+
+void EngineProbe::onEvent(ushort id, ushort /*a*/, ushort /*b*/)
+{
+    if (m_answerMs >= 0 || !EngineTag::answersQuery(id))
+        return;
+    m_answerMs = int(m_since.elapsed());
+    m_loop.quit();
+}

@@ -1,0 +1,8 @@
+#pragma once
+
+#include "finding.h"
+
+constexpr char timersCheck[] = "timers";
+
+/// The kernel has high-resolution timers.
+Finding checkTimers();

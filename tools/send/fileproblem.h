@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QString>
+
+/// Returns an empty text, or why the file cannot be sent.
+QString fileProblem(const QString &path);
