@@ -1,18 +1,18 @@
-# Warnings, Qt strictness and sanitizers, shared by every target of the house.
+# Warnings, Qt strictness and sanitizers for all targets.
 
 add_library(zeltaconnect-options INTERFACE)
 target_compile_options(zeltaconnect-options INTERFACE -Wall -Wextra -Wconversion -Wshadow)
 if(ZELTACONNECT_WERROR)
     target_compile_options(zeltaconnect-options INTERFACE -Werror)
 endif()
-# The board has Qt 5.12: nothing that 5.12 already deprecates is used.
+# The board has Qt 5.12, so nothing that 5.12 deprecates is used.
 target_compile_definitions(zeltaconnect-options INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x050C00)
-# On 32-bit systems, questions about a file of 2 GiB or more fail without this.
+# Without this, calls for a file of 2 GiB or more fail on 32-bit systems.
 target_compile_definitions(zeltaconnect-options INTERFACE _FILE_OFFSET_BITS=64)
 
-# What is shipped checks its buffers and keeps its tables read-only; a module parses what a network sends it.
-# Sanitizers and unoptimised builds have better checks or none to optimise.
+# Hardening of optimised builds, because the module parses data from a network. Sanitizers have better checks, and
+# _FORTIFY_SOURCE has no effect without optimisation.
 if(NOT ZELTACONNECT_SANITIZE)
     include(CheckPIESupported)
     check_pie_supported(LANGUAGES CXX)
@@ -27,19 +27,19 @@ if(ZELTACONNECT_SANITIZE)
     add_link_options(-fsanitize=${ZELTACONNECT_SANITIZE})
 endif()
 
-# The product alone is counted, whoever links it. Its threads count at the same time.
+# Only lines of the product are counted. Several threads count at the same time, so the counters are atomic.
 add_library(zeltaconnect-counted INTERFACE)
 if(ZELTACONNECT_COVERAGE)
     target_compile_options(zeltaconnect-counted INTERFACE --coverage -fprofile-update=atomic)
-    # A library and not an option: only that reaches the programs that link the static core.
+    # A library instead of an option, because it also applies to programs that link the static core.
     target_link_libraries(zeltaconnect-counted INTERFACE gcov)
 endif()
 
-# Files that moc and CMake write are nobody's to tidy.
+# Disables the checks for files that moc and CMake generate.
 file(WRITE "${PROJECT_BINARY_DIR}/.clang-tidy" "Checks: '-*,llvm-twine-local'\n")
 
-# A shared object must name everything it needs, or the QML engine meets the missing symbol at import.
-# Sanitizer run-times are resolved by the executable, so such builds cannot ask for that.
+# Reports missing symbols when the plug-in is linked instead of when it is imported. Sanitizer builds cannot do so, because
+# the executable provides the sanitizer's symbols.
 if(NOT ZELTACONNECT_SANITIZE)
     set(ZELTACONNECT_SHARED_LINK_OPTIONS "LINKER:--no-undefined")
 endif()

@@ -1,6 +1,6 @@
-# generate_script(FILE TEXT): writes a shell script that can be run, once the generator expressions in it are known.
+# generate_script(FILE TEXT): writes an executable shell script with the values of its generator expressions.
 function(generate_script file text)
-    # A generated file gets the permissions of the file that it is made from.
+    # file(GENERATE) copies the permissions of its input.
     file(WRITE "${file}.in" "${text}")
     execute_process(COMMAND chmod +x "${file}.in" RESULT_VARIABLE result)
     if(NOT result EQUAL 0)

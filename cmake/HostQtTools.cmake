@@ -1,9 +1,9 @@
-# A cross build needs qmake, moc and rcc that run on this machine, while the Qt it finds is the board's and brings the
-# board's own programs. Qt's configuration files leave targets alone that are already there, so these come first.
+# A cross build needs qmake, moc and rcc that run on this machine, but finds those of the board's Qt. Qt's configuration
+# files keep existing targets, so the targets of this machine are created first.
 #
-# moc may be newer than the board's Qt as long as both write and read the same revision of moc's output, which all
-# of Qt 5.12 to 5.15 do; a mismatch stops the build with a clear message from Qt's headers. What a newer rcc writes,
-# which only the demo needs, may ask a linker for functions that an older Qt has not; an SDK brings its own.
+# moc may be newer than the board's Qt if both use the same revision of moc's output, as all of Qt 5.12 to 5.15 do. Qt's
+# headers report a mismatch. Output of a newer rcc, which only the demo uses, may need functions that an older Qt lacks; an
+# SDK contains its own rcc.
 
 if(NOT ZELTACONNECT_HOST_QT_BIN)
     set(hostQtBin "$ENV{OE_QMAKE_PATH_HOST_BINS}")

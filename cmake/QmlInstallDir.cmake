@@ -1,8 +1,8 @@
-# ZELTACONNECT_QML_INSTALL_DIR: where the module belongs on the machine it is for.
+# ZELTACONNECT_QML_INSTALL_DIR: folder of QML modules on the target machine.
 
 if(NOT DEFINED ZELTACONNECT_QML_INSTALL_DIR)
     if(CMAKE_CROSSCOMPILING)
-        # The board's qmake does not run here, so the place is the one where the board's Qt Quick module lies.
+        # The board's qmake does not run here, so the folder is that of the board's Qt Quick module.
         find_path(boardQmlDir QtQuick.2/qmldir
             PATHS "/usr/lib/${CMAKE_LIBRARY_ARCHITECTURE}/qt5/qml" /usr/lib/qt5/qml /usr/lib/qml /usr/qml)
         mark_as_advanced(boardQmlDir)

@@ -1,16 +1,16 @@
 # 32-bit ARM Linux with hardware floating point: a Debian sysroot (tools/make-sysroot) or a board vendor's SDK.
 #
-#   ZELTACONNECT_SYSROOT      headers and libraries of the board; taken from the cache, from the environment
-#                             variable of that name, from SDKTARGETSYSROOT, which the environment script of a
-#                             Yocto SDK sets, or else build/sysroot-armhf, which tools/make-sysroot makes
-#   ZELTACONNECT_TOOL_PREFIX  what the names of the cross tools begin with (arm-linux-gnueabihf-)
+#   ZELTACONNECT_SYSROOT      headers and libraries of the board: cache variable, environment variable, then
+#                             SDKTARGETSYSROOT (set by the environment script of a Yocto SDK), then
+#                             build/sysroot-armhf (created by tools/make-sysroot)
+#   ZELTACONNECT_TOOL_PREFIX  prefix of the names of the cross tools (arm-linux-gnueabihf-)
 #   ZELTACONNECT_HOST_QT_BIN  folder of this machine's moc and rcc (see cmake/HostQtTools.cmake)
 #   ZELTACONNECT_EMULATOR     program that runs ARM programs here, for the tests (qemu-arm-static); empty: none
 
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR arm)
 
-# CMake reads this file again in each of its trial builds, which do not see the cache.
+# CMake also reads this file in its trial builds, which do not see the cache.
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES ZELTACONNECT_SYSROOT ZELTACONNECT_TOOL_PREFIX)
 
 if(NOT ZELTACONNECT_SYSROOT)
@@ -30,7 +30,7 @@ if(NOT IS_DIRECTORY "${ZELTACONNECT_SYSROOT}/usr")
 endif()
 set(CMAKE_SYSROOT "${ZELTACONNECT_SYSROOT}")
 
-# An SDK's environment script names its own compiler, together with the flags that the board's processor needs.
+# An SDK's environment script sets its compiler with the flags of the board's processor.
 if("$ENV{SDKTARGETSYSROOT}" STREQUAL "" OR "$ENV{CXX}" STREQUAL "")
     if(NOT ZELTACONNECT_TOOL_PREFIX)
         set(ZELTACONNECT_TOOL_PREFIX "$ENV{ZELTACONNECT_TOOL_PREFIX}")
@@ -41,10 +41,10 @@ if("$ENV{SDKTARGETSYSROOT}" STREQUAL "" OR "$ENV{CXX}" STREQUAL "")
     set(CMAKE_CXX_COMPILER "${ZELTACONNECT_TOOL_PREFIX}g++")
 endif()
 
-# GCC notes wherever it passes a value otherwise than GCC 6 did; nothing here was built with that.
+# GCC reports parameters that it passes differently from GCC 6, which was never used here.
 set(CMAKE_CXX_FLAGS_INIT "-Wno-psabi")
 
-# Libraries are the board's, programs are this machine's.
+# Libraries of the board, programs of this machine.
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
