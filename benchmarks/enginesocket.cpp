@@ -44,6 +44,11 @@ void EngineSocket::drain()
 
 void EngineSocket::send(const QByteArray &datagram) const
 {
+    sendTo(datagram, m_module);
+}
+
+void EngineSocket::sendTo(const QByteArray &datagram, const sockaddr_in &target) const
+{
     ::sendto(m_descriptor, datagram.constData(), size_t(datagram.size()), 0,
-             reinterpret_cast<const sockaddr *>(&m_module), sizeof(m_module));
+             reinterpret_cast<const sockaddr *>(&target), sizeof(target));
 }

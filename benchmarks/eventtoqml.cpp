@@ -1,5 +1,5 @@
-// CPU time of the GUI thread for one event of the engine, from the receive thread's signal to a QML binding,
-// against a bare queued signal with one binding that arrives at the same pace.
+// CPU time of the GUI thread for one event of the engine, from the receive thread's signal to a QML binding.
+// The baseline is a queued signal with one binding at the same rate.
 
 #include "benchmarks/enginesocket.h"
 #include "benchmarks/ratio.h"
@@ -21,10 +21,10 @@ namespace {
 
 constexpr int rounds = 7;
 constexpr int eventsPerRound = 6000;
-constexpr int paceUs = 200; // slower than the receive loop, so that each event is delivered by itself
+constexpr int paceUs = 200; // slower than the receive loop, so that each event is delivered separately
 
-/// The least that brings a value from another thread into a binding.
-class Partner : public QObject
+/// The baseline: the least code that passes a value from another thread to a binding.
+class Baseline : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(uint note READ note NOTIFY noteChanged)
@@ -52,7 +52,7 @@ void pauseFor(int microseconds)
     nanosleep(&time, nullptr);
 }
 
-// CPU time that the GUI thread spends per event while another thread causes them at the common pace.
+// The CPU time of the GUI thread per event while another thread causes events at the common rate.
 template<typename Cause>
 double microsecondsPerEvent(const int &delivered, Cause cause)
 {
@@ -91,22 +91,22 @@ int main(int argc, char *argv[])
     QConnectQmlPlugin module;
     module.requestOutsUpdate();
     engineSocket.drain();
-    Partner partner;
-    QObject::connect(&partner, &Partner::arrived, &partner, &Partner::store, Qt::QueuedConnection);
+    Baseline baseline;
+    QObject::connect(&baseline, &Baseline::arrived, &baseline, &Baseline::store, Qt::QueuedConnection);
 
     QQmlEngine engine;
     engine.rootContext()->setContextProperty(QStringLiteral("module"), &module);
-    engine.rootContext()->setContextProperty(QStringLiteral("partner"), &partner);
+    engine.rootContext()->setContextProperty(QStringLiteral("baseline"), &baseline);
     const auto note = bind(engine, "module.note");
     const auto meter = bind(engine, "module.usbInRLevel");
-    const auto partnerNote = bind(engine, "partner.note");
+    const auto baselineNote = bind(engine, "baseline.note");
 
     int hits = 0;
     int reports = 0;
-    int partnerEvents = 0;
+    int baselineEvents = 0;
     QObject::connect(&module, &QConnectQmlPlugin::noteChanged, &module, [&hits] { ++hits; });
     QObject::connect(&module, &QConnectQmlPlugin::outputLevelsChanged, &module, [&reports] { ++reports; });
-    QObject::connect(&partner, &Partner::noteChanged, &partner, [&partnerEvents] { ++partnerEvents; });
+    QObject::connect(&baseline, &Baseline::noteChanged, &baseline, [&baselineEvents] { ++baselineEvents; });
 
     const auto strike = [&](int i) {
         QByteArray event = QByteArray::fromHex("494d414399090026");
@@ -127,7 +127,7 @@ int main(int argc, char *argv[])
         return microsecondsPerEvent(reports, report);
     };
     const auto bareSignal = [&] {
-        return microsecondsPerEvent(partnerEvents, [&partner](int i) { Q_EMIT partner.arrived(uint(i)); });
+        return microsecondsPerEvent(baselineEvents, [&baseline](int i) { Q_EMIT baseline.arrived(uint(i)); });
     };
 
     benchmark::printHeading(QStringLiteral("Event to QML, GUI thread"));

@@ -1,4 +1,5 @@
-// CPU time of the receive thread while nothing arrives, against a plain loop that looks every millisecond.
+// CPU time of the receive thread while no datagram arrives, against a plain loop that reads every
+// millisecond.
 
 #include "benchmarks/enginesocket.h"
 #include "benchmarks/ratio.h"

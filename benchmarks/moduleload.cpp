@@ -1,6 +1,5 @@
-// What the module costs a screen when it starts: the time from reading the import to the finished object, and
-// the memory that the object holds. Each measurement has a process of its own, since a library is loaded only
-// once.
+// The cost of the module at the start of a screen: the time from the import to the created object, and the
+// memory of the object. Each measurement runs in a new process, because a library is loaded only once.
 
 #include "benchmarks/enginesocket.h"
 #include "benchmarks/ratio.h"
@@ -26,12 +25,12 @@ constexpr double mostMs = 60;
 constexpr double mostKiB = 3 * 1024;
 const char engineAddress[] = "127.20.26.8";
 
-// Memory that no other process shares.
+// Memory that is not shared with other processes.
 qint64 privateKiB()
 {
     QFile file(QStringLiteral("/proc/self/smaps_rollup"));
     if (!file.open(QIODevice::ReadOnly))
-        qFatal("this kernel does not tell how much memory is private");
+        qFatal("this kernel does not report private memory");
     qint64 sum = 0;
     const QList<QByteArray> lines = file.readAll().split('\n');
     for (const QByteArray &line : lines) {
@@ -56,7 +55,7 @@ double milliseconds(const QElapsedTimer &timer)
     return double(timer.nsecsElapsed()) / 1e6;
 }
 
-// The module runs ping once, which is the engine's time and not the module's.
+// The module runs ping once. That time is not counted.
 double pingMs()
 {
     QElapsedTimer timer;
@@ -68,7 +67,7 @@ double pingMs()
     return milliseconds(timer);
 }
 
-// In a process of its own: prints the time to load and create, the time of a ping, and the memory before and
+// Runs in a new process: prints the time to load and create, the time of a ping, and the memory before and
 // after.
 int loadModule(const QByteArray &module)
 {

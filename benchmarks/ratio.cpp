@@ -58,7 +58,7 @@ void printHeading(const QString &title)
           << QStringLiteral("%1 %2 %3 %4 %5\n")
                  .arg(QStringLiteral("measure"), -44)
                  .arg(QStringLiteral("product"), 14)
-                 .arg(QStringLiteral("partner"), 14)
+                 .arg(QStringLiteral("baseline"), 14)
                  .arg(QStringLiteral("ratio"), 7)
                  .arg(QStringLiteral("goal"), 9);
     out().flush();
@@ -66,14 +66,14 @@ void printHeading(const QString &title)
 
 namespace {
 
-bool printRow(const Goal &goal, const QString &unit, double product, double partner, const QString &compared,
+bool printRow(const Goal &goal, const QString &unit, double product, double baseline, const QString &compared,
               double value)
 {
     const bool met = goal.atMost ? value <= goal.limit : value >= goal.limit;
     out() << QStringLiteral("%1 %2 %3 %4 %5 %6\n")
                  .arg(goal.name, -44)
                  .arg(QStringLiteral("%1 %2").arg(product, 0, 'f', 2).arg(unit), 14)
-                 .arg(QStringLiteral("%1 %2").arg(partner, 0, 'f', 2).arg(unit), 14)
+                 .arg(QStringLiteral("%1 %2").arg(baseline, 0, 'f', 2).arg(unit), 14)
                  .arg(compared, 7)
                  .arg(QStringLiteral("%1 %2")
                           .arg(goal.atMost ? QStringLiteral("<=") : QStringLiteral(">="))
@@ -87,24 +87,24 @@ bool printRow(const Goal &goal, const QString &unit, double product, double part
 } // namespace
 
 bool judge(const Goal &goal, int rounds, const QString &unit, const std::function<double()> &product,
-           const std::function<double()> &partner)
+           const std::function<double()> &baseline)
 {
     std::vector<double> products;
-    std::vector<double> partners;
+    std::vector<double> baselines;
     std::vector<double> ratios;
     for (int round = 0; round < rounds; ++round) {
         products.push_back(product());
-        partners.push_back(partner());
-        ratios.push_back(products.back() / partners.back());
+        baselines.push_back(baseline());
+        ratios.push_back(products.back() / baselines.back());
     }
     const double ratio = median(ratios);
-    return printRow(goal, unit, median(products), median(partners), QString::number(ratio, 'f', 3), ratio);
+    return printRow(goal, unit, median(products), median(baselines), QString::number(ratio, 'f', 3), ratio);
 }
 
-bool judgeDifference(const Goal &goal, const QString &unit, double product, double partner)
+bool judgeDifference(const Goal &goal, const QString &unit, double product, double baseline)
 {
-    const double difference = product - partner;
-    return printRow(goal, unit, product, partner, QString::number(difference, 'f', 0), difference);
+    const double difference = product - baseline;
+    return printRow(goal, unit, product, baseline, QString::number(difference, 'f', 0), difference);
 }
 
 } // namespace benchmark

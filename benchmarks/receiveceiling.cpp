@@ -1,5 +1,5 @@
-// How many events per second the receive thread takes when there are always more: against the pause of 100 us
-// that it has to make after each, and against a plain loop that makes the same pauses.
+// Events per second that the receive thread takes from a socket that is never empty: against one event per
+// pause of 100 us, and against a plain loop with the same pauses.
 
 #include "benchmarks/enginesocket.h"
 #include "benchmarks/ratio.h"
@@ -29,7 +29,7 @@ QByteArray unclaimedEvent()
     return QByteArray::fromHex("5a5a414300010002");
 }
 
-// Keeps the module's socket filled, without overflowing it, until enough events came through.
+// Keeps datagrams in the module's socket, without overflow, until enough events have been received.
 double moduleRate(EngineSocket &engine, const int &received)
 {
     const QByteArray event = unclaimedEvent();
@@ -82,7 +82,7 @@ double plainLoopRate()
     const QByteArray event = unclaimedEvent();
     QElapsedTimer timer;
     timer.start();
-    // The socket blocks its sender when it is full, so it never runs dry.
+    // A full socket blocks its sender, so the socket is never empty.
     for (int i = 0; i < measuredEvents; ++i) {
         if (::send(pair[0], event.constData(), size_t(event.size()), 0) < 0)
             qFatal("cannot send");

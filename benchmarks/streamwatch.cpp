@@ -12,12 +12,12 @@ namespace {
 
 constexpr quint16 enginePort = 19797;
 constexpr int receiveBufferBytes = 4 * 1024 * 1024;
-constexpr long lookEveryNs = 3000000;
+constexpr long pollIntervalNs = 3000000;
 
-// DE, an event, without error.
+// Tags DE and AC, no error.
 constexpr unsigned char endAcknowledgement[] = {0x44, 0x45, 0x41, 0x43, 0, 0, 0, 0};
 
-// When the kernel took the datagram in.
+// When the kernel received the datagram.
 qint64 arrivalNs(msghdr &message)
 {
     for (cmsghdr *part = CMSG_FIRSTHDR(&message); part; part = CMSG_NXTHDR(&message, part)) {
@@ -27,7 +27,7 @@ qint64 arrivalNs(msghdr &message)
         std::memcpy(&time, CMSG_DATA(part), sizeof(time));
         return qint64(time.tv_sec) * 1000000000 + time.tv_nsec;
     }
-    qFatal("the kernel notes no times");
+    qFatal("the kernel records no receive times");
 }
 
 } // namespace
@@ -56,7 +56,7 @@ StreamWatch::~StreamWatch()
 
 void StreamWatch::watch()
 {
-    const timespec pause{0, lookEveryNs};
+    const timespec pause{0, pollIntervalNs};
     while (!m_stop) {
         while (receive()) {
         }

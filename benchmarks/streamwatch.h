@@ -7,9 +7,8 @@
 #include <atomic>
 #include <thread>
 
-/// The engine's end of a transfer that is to be timed: takes all packets, acknowledges ends, and disturbs the
-/// sender as little as it can. It looks a few times per packet pause only, and takes the times from the
-/// kernel, which notes them as packets arrive.
+/// The engine's side of a transfer that is timed. It receives all packets and acknowledges ends. To disturb
+/// the sender little it polls every few milliseconds; the kernel records when packets arrive.
 class StreamWatch
 {
 public:
@@ -20,11 +19,11 @@ public:
     StreamWatch &operator=(const StreamWatch &) = delete;
 
     const sockaddr_in &address() const { return m_address; }
-    /// Transfers that have ended.
+    /// Number of transfers that have ended.
     int ends() const { return m_ends; }
-    /// From start packet to end packet of the last transfer that has ended.
+    /// Time from start packet to end packet of the latest transfer that has ended.
     double milliseconds() const { return double(m_nanoseconds) / 1e6; }
-    /// Data packets of that transfer.
+    /// Number of data packets of that transfer.
     int packets() const { return m_packets; }
 
 private:

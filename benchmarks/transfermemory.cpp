@@ -1,5 +1,5 @@
-// The most memory that the process ever holds, with a transfer of 256 MiB and with one of 1 MiB. Bluetooth
-// files have the shortest pauses; even so the large one takes a minute, and there are five of each.
+// Peak memory of the process with a transfer of 256 MiB and with one of 1 MiB. Bluetooth files have the
+// shortest pauses; a large one takes a minute. Each size is measured five times.
 
 #include "benchmarks/ratio.h"
 #include "benchmarks/streamwatch.h"
@@ -20,7 +20,7 @@ namespace {
 constexpr qint64 mebibyte = 1024 * 1024;
 constexpr qint64 smallFile = mebibyte;
 constexpr qint64 largeFile = 256 * mebibyte;
-constexpr double mostMoreKiB = 1024;
+constexpr double largestGrowthKiB = 1024;
 constexpr std::size_t rounds = 5;
 
 qint64 peakKiB()
@@ -36,7 +36,7 @@ qint64 peakKiB()
     return -1;
 }
 
-// In a process of its own: sends a file of that size and prints the peak.
+// Runs in a process of its own. Sends a file of that size and prints the peak.
 int sendFile(qint64 size)
 {
     StreamWatch engine("127.20.26.7");
@@ -84,7 +84,7 @@ int main(int argc, char *argv[])
     std::sort(small.begin(), small.end());
     std::sort(large.begin(), large.end());
     const bool met =
-        benchmark::judgeDifference({QStringLiteral("256 MiB file - 1 MiB file"), mostMoreKiB, true},
+        benchmark::judgeDifference({QStringLiteral("256 MiB file - 1 MiB file"), largestGrowthKiB, true},
                                    QStringLiteral("KiB"), large[rounds / 2], small[rounds / 2]);
     return met ? 0 : 1;
 }

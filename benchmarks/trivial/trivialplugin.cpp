@@ -1,4 +1,4 @@
-// The least that a QML module with one type can be, for comparison.
+// The smallest QML module with one type, as a baseline.
 
 #include <QQmlExtensionPlugin>
 #include <QQuickItem>
