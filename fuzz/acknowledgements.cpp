@@ -1,5 +1,5 @@
-// Acknowledgements of every kind, at every point of a running transfer: what the engine may say, when it may
-// say it, files that change below the transfer, and an end of the interface in the middle of it.
+// Acknowledgements of every kind at every point of a running transfer, files that change during it, and
+// destruction in the middle of it.
 
 #include "fuzz/support/input.h"
 #include "fuzz/support/module.h"
@@ -15,10 +15,10 @@ using namespace fuzz;
 
 namespace {
 
-// The engine's words: queries and ends that it answers, data that it interrupts.
-constexpr std::array<quint16, 7> words{0x564E, 0x5456, 0x534E, 0x544E, 0x484C, 0x4445, 0x4443};
-constexpr quint16 dataWord = 0x4443;
-constexpr quint16 endWord = 0x4445;
+// Tags of the engine's answers to queries, end packets and data.
+constexpr std::array<quint16, 7> tags{0x564E, 0x5456, 0x534E, 0x544E, 0x484C, 0x4445, 0x4443};
+constexpr quint16 dataTag = 0x4443;
+constexpr quint16 endTag = 0x4445;
 
 constexpr int mostTasks = 16;
 
@@ -66,7 +66,7 @@ void Transfers::acknowledge(quint16 id, quint16 a, quint16 b)
                               Q_ARG(quint16, a), Q_ARG(quint16, b));
 }
 
-// Sizes around one and two chunks of either size, around a pause, and any other up to four pauses.
+// Sizes around one and two chunks, around a pause, and others up to four pauses.
 QString Transfers::makeFile(Input &input, int kind)
 {
     constexpr std::array<int, 12> sizes{0, 1, 511, 512, 513, 1023, 1024, 1025, 5119, 5120, 10240, 20481};
@@ -121,12 +121,12 @@ void Transfers::perform(Input &input)
     case 0: queue(input); break;
     case 1: goOn(1); break;
     case 2: goOn(input.byte()); break;
-    case 3: acknowledge(endWord, 0, 0); break;
-    case 4: acknowledge(endWord, input.word(), input.word()); break;
-    case 5: acknowledge(dataWord, input.byte(), 0x00BE); break;
-    case 6: acknowledge(dataWord, input.word(), input.word()); break;
-    case 7: acknowledge(dataWord, input.word(), 0x00E0 | input.byte()); break;
-    case 8: acknowledge(words.at(std::size_t(input.index(words.size()))), input.word(), input.word()); break;
+    case 3: acknowledge(endTag, 0, 0); break;
+    case 4: acknowledge(endTag, input.word(), input.word()); break;
+    case 5: acknowledge(dataTag, input.byte(), 0x00BE); break;
+    case 6: acknowledge(dataTag, input.word(), input.word()); break;
+    case 7: acknowledge(dataTag, input.word(), 0x00E0 | input.byte()); break;
+    case 8: acknowledge(tags.at(std::size_t(input.index(tags.size()))), input.word(), input.word()); break;
     case 9: acknowledge(input.word(), input.word(), input.word()); break;
     case 10: QFile::resize(m_path, input.word()); break;
     case 11: QFile::remove(m_path); break;

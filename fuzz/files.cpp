@@ -1,4 +1,4 @@
-// Files as they come from a stick: firmware headers and catalogues, whatever is in them.
+// Files with any content as firmware headers and catalogues.
 
 #include "fuzz/support/module.h"
 #include "fuzz/support/require.h"
@@ -14,28 +14,29 @@ namespace {
 void checkVersions(qconnectfirmware &engine, const QString &path, const QByteArray &content)
 {
     const int zelta = engine.searchZeltaFwVersionInfo(path);
-    require(zelta == -1 || content.left(100).contains("4810QN-"), "a version needs its mark");
+    require(zelta == -1 || content.left(100).contains("4810QN-"), "a version requires its prefix");
     const int trigger = engine.searchTriggerFwVersionInfo(path);
-    require(trigger == -1 || content.startsWith("TGFW"), "a version of the trigger board needs its mark");
+    require(trigger == -1 || content.startsWith("TGFW"),
+            "a version of the trigger board requires its prefix");
 
-    // What a short file lacks of its header counts as zeros, not as what lies behind it in memory.
+    // Missing bytes of a short header count as zeros.
     const QString padded = writeFile(QStringLiteral("padded"), content.leftJustified(8, '\0'));
     require(trigger == engine.searchTriggerFwVersionInfo(padded),
-            "a cut header reads as one filled with zeros");
+            "a truncated header reads as one padded with zeros");
 }
 
 void checkCatalogues(QConnectQmlPlugin &module, const QString &path, const QByteArray &content)
 {
     require(module.parseJsonFile(path).size() <= content.size(),
-            "a catalogue's text is not longer than its file");
+            "the text of a catalogue is at most as long as its file");
     const QJsonObject object = module.parseSoundBankList(path);
-    require(object == module.parseTriggerBankList(path), "both catalogues are read alike");
+    require(object == module.parseTriggerBankList(path), "both catalogues are read in the same way");
     require(module.backupSoundBankList(path) == 0 && module.backupTriggerBankList(path) == 0,
             "a readable file is backed up");
     const QString copy = filesDirectory() + QStringLiteral("soundBank.json");
     require(module.parseSoundBankList(copy) == object, "a backup reads like its source");
     require(module.backupSoundBankList(copy) == 0 && module.parseSoundBankList(copy) == object,
-            "a catalogue survives being backed up from itself");
+            "a catalogue that is backed up from itself stays unchanged");
 }
 
 } // namespace

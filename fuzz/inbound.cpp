@@ -1,5 +1,5 @@
-// Datagrams of the engine: from the receive loop through sorting, decoding of the MIDI stream and dispatch to
-// the properties and signals that QML sees.
+// Datagrams of the engine: receive loop, classification, decoding of the MIDI stream, and dispatch to the
+// properties and signals of the QML type.
 
 #include "fuzz/support/input.h"
 #include "fuzz/support/module.h"
@@ -18,7 +18,7 @@ namespace {
 
 constexpr int largestDatagram = 65507;
 
-// A number below this in front of a datagram is its length; the others say what kind it is.
+// A byte below this number is the length of a datagram, all others select a kind.
 constexpr int shortLengths = 64;
 enum Form {
     Event,
@@ -48,7 +48,7 @@ private:
     int m_datagramsLeft = 512;
 };
 
-// More than that would not tell more, but take long.
+// More datagrams take longer without finding more.
 void Traffic::append(const QByteArray &datagram)
 {
     if (m_bytesLeft < datagram.size() || m_datagramsLeft == 0)
@@ -107,7 +107,7 @@ void Traffic::take(Input &input)
     }
 }
 
-// What an earlier input left open in the decoding is closed, and the switches and timers are at rest.
+// Resets the state of an earlier input: decoder, switches and timers.
 void putAtRest()
 {
     const QByteArray endOfSysEx("IMAC\xF7\x05\x00\x00", 8);
@@ -140,7 +140,7 @@ void watchSignals()
                                  "a test command is three bytes in hex");
                      });
     QObject::connect(&module(), &QConnectQmlPlugin::sysEx, [](const QString &message) {
-        require(!message.isEmpty() && message.size() % 8 == 0, "a SysEx message is made of whole events");
+        require(!message.isEmpty() && message.size() % 8 == 0, "a SysEx message consists of whole events");
     });
     QObject::connect(&module(), &QConnectQmlPlugin::programChanged,
                      [](int program) { require(program >= 0 && program < 128, "a program has seven bits"); });
@@ -162,8 +162,8 @@ void checkProperties()
     require((number("afterTouchNote") >> 16 & 0xFF) < 14 &&
                 (number("afterTouchNote") == 0 || number("afterTouchNote") >> 24 == 4),
             "a choked pad is one of the kit");
-    require(number("position") <= 0x7F7F, "a position is made of two numbers of seven bits");
-    require(number("tempo") <= 0xFFFF && number("beat") <= 0xFFFF, "tempo and beat are words");
+    require(number("position") <= 0x7F7F, "a position consists of two numbers of seven bits");
+    require(number("tempo") <= 0xFFFF && number("beat") <= 0xFFFF, "tempo and beat are 16-bit numbers");
 }
 
 } // namespace

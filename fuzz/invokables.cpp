@@ -1,4 +1,4 @@
-// Everything QML can call, with any arguments, and the engine's events in between.
+// All methods that QML can call, with any arguments, and events of the engine in between.
 
 #include "fuzz/support/arguments.h"
 #include "fuzz/support/input.h"
@@ -20,7 +20,7 @@ constexpr quint16 hihatQuery = 0x484C;
 int hihatRequests = 0;
 bool transferQueued = false;
 
-// In the order of their names, so that an input means the same whatever the order in the header is.
+// Sorted by name, so that the meaning of an input does not depend on the order in the header.
 std::vector<QMetaMethod> invokables()
 {
     std::vector<QMetaMethod> result;
@@ -32,12 +32,12 @@ std::vector<QMetaMethod> invokables()
     std::sort(result.begin(), result.end(), [](const QMetaMethod &left, const QMetaMethod &right) {
         return left.methodSignature() < right.methodSignature();
     });
-    require(!result.empty(), "there is something to call");
+    require(!result.empty(), "the module has methods to call");
     return result;
 }
 
-// The bytes of a SysEx message between its first and its last, as they lie in a datagram: after the header,
-// every fourth byte is a code index.
+// The bytes of a SysEx message between its first and its last one, from a datagram: after the header, each
+// fourth byte is a code index.
 QByteArray sysExContent(const QByteArray &datagram)
 {
     QByteArray stream;
@@ -57,7 +57,7 @@ void checkSysEx(const QList<int> &values, const QList<QByteArray> &sent)
     QByteArray expected;
     for (const int value : values)
         expected.append(char(value));
-    require(sysExContent(sent.first()) == expected, "a SysEx message carries its values");
+    require(sysExContent(sent.first()) == expected, "a SysEx message contains its values");
 }
 
 void call(const QMetaMethod &method, Input &input)
@@ -85,9 +85,9 @@ void takeEvent(Input &input)
                               Q_ARG(quint16, idx), Q_ARG(quint16, data));
 }
 
-// Waits for the transfers that were queued: a query queued behind them is the last thing to be sent. A file
-// that aborts by itself, because it ends before where the engine wants it resent, leaves what is queued
-// behind it until something else is queued; so the query is repeated.
+// Waits for the queued transfers: a query that is queued behind them is sent last. If the engine requests
+// data beyond the end of a file, the file is aborted and the queue stops until another task is queued.
+// Therefore the query is repeated.
 void finishTransfers()
 {
     if (!transferQueued)
@@ -96,7 +96,7 @@ void finishTransfers()
     constexpr int patience = 10000000;
     constexpr int betweenQueries = 200000;
     for (int i = 0; i == 0 || sentCount(hihatQuery) < hihatRequests; ++i) {
-        require(i < patience, "queued transfers come to an end");
+        require(i < patience, "queued transfers end");
         if (i % betweenQueries == 0) {
             module().requestHHRawValue();
             ++hihatRequests;

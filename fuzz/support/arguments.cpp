@@ -32,7 +32,7 @@ QString path(Input &input)
     return choice % 2 == 0 ? QString() : filesDirectory() + QString(int(choice) * 16, QLatin1Char('n'));
 }
 
-// Any code units, unpaired surrogates among them.
+// Any code units, including unpaired surrogates.
 QString text(Input &input)
 {
     QString result(input.byte(), Qt::Uninitialized);

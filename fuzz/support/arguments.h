@@ -10,17 +10,17 @@ class QObject;
 
 namespace fuzz {
 
-/// Makes the files that path arguments name: firmware, banks, samples, a catalogue, a pipe, a folder.
+/// Creates the files for path arguments: firmware, banks, samples, a catalogue, a pipe, a folder.
 void makeArgumentFiles();
 
-/// Arguments for a method, of its types, with values that an input tells. A text whose parameter's name has
-/// "file" in it is the path of one of the files above, or of none.
+/// The arguments of a method, with values from an input. A text parameter with "file" in its name is the path
+/// of one of the files above, or of no file.
 class Arguments
 {
 public:
     Arguments(const QMetaMethod &method, Input &input);
 
-    /// Calls the method. False when it could not be called at all.
+    /// Calls the method. False if it could not be called.
     bool call(QObject *object);
 
     template<typename T>

@@ -4,11 +4,11 @@
 
 namespace fuzz {
 
-/// The first word of a datagram, two letters.
+/// The tag of a datagram.
 quint16 kindOf(const QByteArray &datagram);
 
-/// Requires that a datagram is one of those the sound engine understands and that its length agrees with what
-/// it says about itself, whatever the values in it.
+/// Requires that a datagram has a known form and that its length agrees with its header. Its values do not
+/// matter.
 void requireKnownForm(const QByteArray &datagram);
 
 } // namespace fuzz

@@ -10,8 +10,8 @@
 
 namespace fuzz {
 
-/// Reads numbers and bytes off the front of an input. Past its end everything reads as zero, so that an input
-/// that is cut short still means something.
+/// Reads numbers and bytes from the front of an input. Past the end all values are 0, so that each input is
+/// valid.
 class Input
 {
 public:
@@ -25,7 +25,7 @@ public:
     quint8 byte() { return number<quint8>(); }
     quint16 word() { return number<quint16>(); }
     quint32 longWord() { return number<quint32>(); }
-    /// Any bit pattern of a double, NaN and infinities among them.
+    /// Any bit pattern of a double, including NaN and infinities.
     double real()
     {
         const auto bits = number<quint64>();
@@ -36,7 +36,7 @@ public:
     /// A number below count.
     int index(int count) { return byte() % count; }
 
-    /// Exactly size bytes, filled up with zeros.
+    /// Exactly size bytes, padded with zeros.
     QByteArray bytes(int size)
     {
         const auto available = int(std::min(m_left, std::size_t(size)));

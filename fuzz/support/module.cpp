@@ -18,7 +18,7 @@
 #include <fcntl.h>
 #include <sys/types.h>
 
-// Made once in a program that has no start-up to save. clazy:excludeall=non-pod-global-static
+// The start-up time of this program does not matter. clazy:excludeall=non-pod-global-static
 
 namespace fuzz {
 
@@ -26,19 +26,19 @@ namespace {
 
 constexpr char cataloguePrefix[] = "/home/.local/share/E-Drum/";
 
-// Read by the replacement of open64(), so a plain one.
+// Not a Qt type, because the replacement of open64() reads it.
 std::string catalogueDirectory;
 
 void ignoreMessage(QtMsgType /*type*/, const QMessageLogContext & /*context*/, const QString & /*text*/) {}
 
 void setEnvironment()
 {
-    // Whatever the machine says: nothing of this may reach an engine.
+    // Overwrites the environment, so that nothing reaches a real engine.
     ::setenv("ZELTACONNECT_ENGINE", ZELTACONNECT_FUZZ_ENGINE, 1);
     ::setenv("LC_ALL", "C.UTF-8", 1);
-    // The log lines are made, and dropped by the handler: making them is part of the product.
+    // The handler discards the log messages. The product still formats them.
     ::setenv("QT_LOGGING_RULES", "*.debug=false;zeltaconnect.*.debug=true", 1);
-    // Start-up pings the engine, and this one answers.
+    // The constructor pings the engine; this ping program answers.
     ::setenv("PATH", ZELTACONNECT_FUZZ_BIN_DIR ":/usr/bin:/bin", 1);
 }
 
@@ -67,7 +67,7 @@ QConnectQmlPlugin &module()
 
 QString filesDirectory()
 {
-    // In memory where that can be had: files are written by the thousand and never kept.
+    // In memory if possible, because thousands of files are written.
     static const QString memory = QStringLiteral("/dev/shm");
     static const QTemporaryDir directory((QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) +
                                          QStringLiteral("/zeltaconnect-fuzz-XXXXXX"));
@@ -91,7 +91,7 @@ void settle()
 
 } // namespace fuzz
 
-// The catalogues have fixed paths below /home, where the files of a person may lie.
+// The catalogues have fixed paths in /home, where a user can have files.
 ZELTA_REPLACEMENT int open64(const char *path, int flags, ...)
 {
     mode_t mode = 0;

@@ -4,8 +4,8 @@
 
 namespace fuzz {
 
-/// Waits until the semaphore is raised. When that takes half a minute something hangs, and the process ends
-/// with a crash; what says what was waited for.
+/// Waits until the semaphore is released. After 30 s the process crashes; the message contains `what`, the
+/// condition that should have become true.
 void waitFor(sem_t *semaphore, const char *what);
 
 } // namespace fuzz

@@ -9,7 +9,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-// Made once in a program that has no start-up to save. clazy:excludeall=non-pod-global-static
+// The start-up time of this program does not matter. clazy:excludeall=non-pod-global-static
 
 namespace fuzz {
 
@@ -77,7 +77,7 @@ using namespace fuzz;
 
 ZELTA_REPLACEMENT int clock_gettime(clockid_t clock, timespec *time) noexcept
 {
-    // Only the clock that the product and Qt's timers use: the fuzzer itself lives by the other one.
+    // Replaces only the clock that the product and Qt's timers use. The fuzzer itself uses the other one.
     if (!takenOver || clock != CLOCK_MONOTONIC)
         return systemClock(clock, time);
     const std::int64_t reading = now += std::chrono::nanoseconds(oneLook).count();

@@ -2,8 +2,8 @@
 
 #include <dlfcn.h>
 
-// A function that the program defines under the name of one of the system's takes its place in every library
-// of the process, as long as it is visible.
+// A visible function of the program with the name of a system function replaces it in all libraries of the
+// process.
 #define ZELTA_REPLACEMENT extern "C" __attribute__((visibility("default")))
 
 // The function that was replaced.

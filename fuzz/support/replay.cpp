@@ -1,4 +1,4 @@
-// In place of a fuzzer: runs the files of the directories that are named, once each.
+// Replaces the fuzzer: runs each file of the given directories once.
 
 #include <algorithm>
 #include <cstdint>
@@ -28,10 +28,10 @@ void replay(const std::filesystem::path &path)
 {
     std::ifstream file(path, std::ios::binary);
     const std::vector<char> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    // Named beforehand: the last name in the output is the input that ended the program.
+    // Printed before the run, so that the last name in the output is the input of a crash.
     std::printf("%s, %zu bytes\n", path.filename().c_str(), bytes.size());
     std::fflush(stdout);
-    // A copy of the very size, so that a sanitizer sees a read past its end.
+    // A copy of exactly this size, so that a sanitizer detects a read past its end.
     const std::vector<std::uint8_t> input(bytes.begin(), bytes.end());
     LLVMFuzzerTestOneInput(input.data(), input.size());
 }

@@ -9,7 +9,7 @@ void require(bool condition, const char *what)
 {
     if (condition)
         return;
-    std::fprintf(stderr, "fuzz: not as it must be: %s\n", what);
+    std::fprintf(stderr, "fuzz: this condition is false: %s\n", what);
     std::abort();
 }
 

@@ -2,7 +2,7 @@
 
 namespace fuzz {
 
-/// Ends the process with a crash, which is how a fuzzer tells of a finding, unless condition holds.
+/// Crashes the process if the condition is false. The fuzzer reports that as a finding.
 void require(bool condition, const char *what);
 
 } // namespace fuzz

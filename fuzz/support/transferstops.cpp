@@ -42,13 +42,13 @@ TransferStops::Stop TransferStops::arrival()
     if (m_standing)
         return m_stop;
     if (!m_engine->isRunning()) {
-        // It does not run any more while it still tells of its end.
+        // finished() may not have been handled yet.
         m_engine->QThread::wait();
         while (::sem_trywait(&m_arrived) == 0) {
         }
         return Stop::None;
     }
-    waitFor(&m_arrived, "the transfer thread comes to its next stop");
+    waitFor(&m_arrived, "the transfer thread reaches its next stop");
     const Stop stop = m_stop;
     m_standing = stop != Stop::None;
     if (!m_standing)
@@ -86,7 +86,7 @@ void TransferStops::stopAt(Stop stop)
         return;
     m_stop = stop;
     ::sem_post(&m_arrived);
-    waitFor(&m_go, "the transfer thread may go on");
+    waitFor(&m_go, "the transfer thread may continue");
 }
 
 int TransferStops::wait(pthread_cond_t *condition, pthread_mutex_t *mutex)
@@ -109,7 +109,7 @@ void TransferStops::signal(pthread_cond_t *condition)
 {
     if (condition == m_condition) {
         m_answered = true;
-        // The thread may be at its next stop before this one is looked at again.
+        // The thread may reach its next stop before arrival() is called.
         m_standing = false;
     }
     signalReally(condition);

@@ -12,27 +12,27 @@ class qconnectfirmware;
 
 namespace fuzz {
 
-/// Leads the thread of a transfer engine from stop to stop, so that one input always meets the same transfer
-/// at the same places. The thread stops where it would pause, where it waits for an answer, and where it
-/// reports progress or a start; it holds no lock at a stop.
+/// Runs the thread of a transfer engine from stop to stop, so that an input always acts at the same points of
+/// a transfer. The thread stops instead of pausing, while it waits for an answer, and when it reports
+/// progress or a start. It holds no lock at a stop.
 ///
-/// arrival() has to be called before anything is done to the engine.
+/// Call arrival() before any call of the engine.
 class TransferStops : public WorkerTime
 {
 public:
     enum class Stop { None, Pause, Report, Wait };
 
     explicit TransferStops(qconnectfirmware *engine);
-    /// The engine's thread has ended by then.
+    /// The engine's thread must have ended.
     ~TransferStops() override;
     Q_DISABLE_COPY(TransferStops)
 
-    /// Waits until the thread stands at a stop, or has come to its end, which gives None. A thread that does
-    /// neither for half a minute is a finding.
+    /// Waits until the thread is at a stop or has ended; returns None if it has ended. If it does neither
+    /// within 30 s, the process crashes, which is a finding.
     Stop arrival();
-    /// Lets the thread go on to its next stop. A wait runs out.
+    /// Continues to the next stop. A current wait times out.
     void letGo();
-    /// Lets the thread go on without any more stops; but a wait that it stands in does not run out by itself.
+    /// Continues without further stops. A current wait does not time out by itself.
     void leaveAlone();
 
     void pause() override { stopAt(Stop::Pause); }
@@ -47,9 +47,9 @@ private:
     std::atomic<bool> m_leftAlone{false};
     sem_t m_arrived;
     sem_t m_go;
-    bool m_standing = false; // as the thread that leads sees it, which is also the one that answers
+    bool m_standing = false; // used only by the thread that calls arrival()
 
-    // The wait that the thread stands in, guarded by its mutex; any condition is compared with it.
+    // The current wait, guarded by its mutex. Every signalled condition is compared with m_condition.
     std::atomic<pthread_cond_t *> m_condition{nullptr};
     pthread_mutex_t *m_mutex = nullptr;
     bool m_answered = false;

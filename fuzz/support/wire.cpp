@@ -2,6 +2,7 @@
 
 #include "fuzz/support/datagramform.h"
 #include "fuzz/support/patience.h"
+#include "fuzz/support/producttime.h"
 #include "fuzz/support/replace.h"
 
 #include <QCoreApplication>
@@ -10,29 +11,31 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <map>
 #include <mutex>
 #include <thread>
 
 #include <netinet/in.h>
+#include <poll.h>
 #include <sanitizer/asan_interface.h>
 #include <semaphore.h>
 #include <sys/socket.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
-// Made once in a program that has no start-up to save. clazy:excludeall=non-pod-global-static
+// The start-up time of this program does not matter. clazy:excludeall=non-pod-global-static
 
 namespace fuzz {
 
 namespace {
 
-constexpr quint16 enginePort = 19797;
-
 std::atomic<bool> takenOver{false};
+// The socket of the module, known from its first receive call.
+std::atomic<int> moduleDescriptor{-1};
 
-// What goes out, from two threads.
+// Sent datagrams, from two threads.
 std::mutex sentMutex;
 std::map<quint16, int> sentKinds;
 bool keeping = false;
@@ -40,7 +43,7 @@ std::thread::id keeper;
 QList<QByteArray> kept;
 quint16 modulePort = 0;
 
-// What comes in. The receive thread owns the list between delivered and drained.
+// Datagrams to receive. The receive thread owns the list between delivered and drained.
 QList<QByteArray> incoming;
 sem_t delivered;
 sem_t drained;
@@ -94,14 +97,15 @@ QList<QByteArray> takeSent()
 
 void startReceiving(QObject *module)
 {
-    // The port to send to is seen when the module speaks. The thread starts with a datagram of the network.
+    // The module's port is known when the module has sent. A real datagram starts the receive thread.
     QMetaObject::invokeMethod(module, "requestOutsUpdate");
     sockaddr_in target{};
     target.sin_family = AF_INET;
     target.sin_port = htons(modulePort);
     target.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     const int descriptor = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-    ::sendto(descriptor, nullptr, 0, 0, reinterpret_cast<const sockaddr *>(&target), sizeof(target));
+    // Bypasses the replacement of sendto().
+    ::syscall(SYS_sendto, descriptor, nullptr, 0, 0, &target, sizeof(target));
     ::close(descriptor);
     while (::sem_trywait(&drained) != 0)
         QCoreApplication::processEvents();
@@ -111,42 +115,27 @@ void deliver(const QList<QByteArray> &datagrams)
 {
     incoming = datagrams;
     ::sem_post(&delivered);
-    waitFor(&drained, "the receive loop comes back for more datagrams");
+    waitFor(&drained, "the receive loop reads again");
 }
 
 } // namespace fuzz
 
 using namespace fuzz;
 
-ZELTA_REPLACEMENT int bind(int descriptor, const sockaddr *address, socklen_t size) noexcept
+ZELTA_REPLACEMENT ssize_t sendto(int descriptor, const void *data, std::size_t size, int flags,
+                                 const sockaddr *address, socklen_t addressSize)
 {
-    static const auto original = ZELTA_REPLACED(bind);
-    if (takenOver && address->sa_family == AF_INET &&
-        reinterpret_cast<const sockaddr_in *>(address)->sin_port == htons(enginePort)) {
-        errno = EADDRNOTAVAIL;
-        return -1;
-    }
-    return original(descriptor, address, size);
+    if (!takenOver || !address || address->sa_family != AF_INET)
+        return ssize_t(::syscall(SYS_sendto, descriptor, data, size, flags, address, addressSize));
+    record(descriptor, QByteArray(static_cast<const char *>(data), int(size)));
+    return ssize_t(size);
 }
 
-ZELTA_REPLACEMENT ssize_t sendmsg(int descriptor, const msghdr *message, int flags)
-{
-    static const auto original = ZELTA_REPLACED(sendmsg);
-    const auto *address = static_cast<const sockaddr *>(message->msg_name);
-    if (!takenOver || !address || address->sa_family == AF_UNIX)
-        return original(descriptor, message, flags);
-    QByteArray datagram;
-    for (std::size_t i = 0; i < message->msg_iovlen; ++i)
-        datagram.append(static_cast<const char *>(message->msg_iov[i].iov_base),
-                        int(message->msg_iov[i].iov_len));
-    record(descriptor, datagram);
-    return datagram.size();
-}
-
-ZELTA_REPLACEMENT ssize_t recv(int descriptor, void *buffer, std::size_t size, int flags)
+ZELTA_REPLACEMENT ssize_t recvmsg(int descriptor, msghdr *message, int flags)
 {
     if (!takenOver || (flags & MSG_DONTWAIT) == 0)
-        return ssize_t(::syscall(SYS_recvfrom, descriptor, buffer, size, flags, nullptr, nullptr));
+        return ssize_t(::syscall(SYS_recvmsg, descriptor, message, flags));
+    moduleDescriptor = descriptor;
     if (incoming.isEmpty()) {
         ::sem_post(&drained);
         while (::sem_wait(&delivered) != 0) {
@@ -157,13 +146,26 @@ ZELTA_REPLACEMENT ssize_t recv(int descriptor, void *buffer, std::size_t size, i
         }
     }
     const QByteArray datagram = incoming.takeFirst();
+    const std::size_t size = message->msg_iov->iov_len;
     const std::size_t length = std::min(size, std::size_t(datagram.size()));
-    auto *bytes = static_cast<char *>(buffer);
+    auto *bytes = static_cast<char *>(message->msg_iov->iov_base);
+    message->msg_controllen = 0;
     ASAN_UNPOISON_MEMORY_REGION(bytes, size);
     std::memcpy(bytes, datagram.constData(), length);
-    // The buffer has room for the largest datagram, so a read past the end of this one would go unseen. The
-    // byte after it is the terminator that a byte array puts there.
+    // The buffer has space for the largest datagram, so a read past the end of this one would not be
+    // detected. The next byte is the terminator of a byte array.
     if (length + 1 < size)
         ASAN_POISON_MEMORY_REGION(bytes + length + 1, size - length - 1);
     return ssize_t(length);
+}
+
+// The receive loop waits in recvmsg() until the harness delivers datagrams.
+ZELTA_REPLACEMENT int poll(pollfd *descriptors, nfds_t count, int timeoutMs)
+{
+    static const auto original = ZELTA_REPLACED(poll);
+    if (!takenOver || count != 1 || descriptors->fd != moduleDescriptor)
+        return original(descriptors, count, timeoutMs);
+    passTime(std::chrono::milliseconds(timeoutMs));
+    descriptors->revents = 0;
+    return 0;
 }

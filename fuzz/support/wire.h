@@ -7,22 +7,22 @@ class QObject;
 
 namespace fuzz {
 
-// The product's socket, cut off from the network: what it sends is looked at and dropped, and its receive
-// loop is given the datagrams of the input. Nothing leaves the process.
+// Replaces the network of the product. The datagrams that it sends are checked and dropped, and its receive
+// loop receives the datagrams of the input. Nothing leaves the process.
 
-/// Takes over the socket functions. The engine's address cannot be bound any more, as it is on the device,
-/// where it is another host's.
+/// Replaces the socket functions from now on.
 void takeOverWire();
 
-/// Everything the product has sent so far with this kind, the datagram's first two bytes.
+/// All datagrams of this kind that the product has sent so far. The kind is the first two bytes of a
+/// datagram.
 int sentCount(quint16 kind);
-/// Keeps what the calling thread sends from now on; takeSent() hands it over.
+/// Keeps the datagrams that the calling thread sends from now on, for takeSent().
 void keepSent(bool keep);
 QList<QByteArray> takeSent();
 
-/// Starts the receive thread of the module, with a datagram as its first one.
+/// Starts the receive thread of the module and delivers its first datagram.
 void startReceiving(QObject *module);
-/// Has the receive loop take these datagrams and returns when it comes back for more.
+/// Delivers datagrams to the receive loop and returns when the loop reads again.
 void deliver(const QList<QByteArray> &datagrams);
 
 } // namespace fuzz
