@@ -6,7 +6,8 @@
 
 namespace testsupport {
 
-/// An engine peer, a module that has spoken to it once, and a record of all that the module signals since.
+/// An engine peer, a module that has already sent it a datagram, and a recorder of the signals that the
+/// module emits afterwards.
 struct ConnectedModule
 {
     EnginePeer peer;
@@ -14,7 +15,7 @@ struct ConnectedModule
     const bool connected = peer.connectTo(&module);
     SignalRecorder recorder{&module};
 
-    /// Sends datagrams and waits until the module has dealt with all of them.
+    /// Sends datagrams and waits until the module has processed all of them.
     bool deliver(const QList<QByteArray> &datagrams)
     {
         for (const QByteArray &datagram : datagrams) {

@@ -1,6 +1,6 @@
 #include "support/enginepeer.h"
 
-#include "support/hex.h"
+#include "support/datagram.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -24,7 +24,6 @@ namespace {
 
 constexpr int largestDatagram = 65536;
 constexpr int pollMs = 2;
-constexpr int receiveBufferBytes = 4 * 1024 * 1024;
 
 sockaddr_in socketAddress(const QHostAddress &address, quint16 port)
 {
@@ -35,12 +34,12 @@ sockaddr_in socketAddress(const QHostAddress &address, quint16 port)
     return result;
 }
 
-// The module may send faster than a test reads.
+// The module can send faster than a test reads.
 void enlargeReceiveBuffer(int descriptor)
 {
-    if (::setsockopt(descriptor, SOL_SOCKET, SO_RCVBUFFORCE, &receiveBufferBytes,
-                     sizeof(receiveBufferBytes)) != 0)
-        ::setsockopt(descriptor, SOL_SOCKET, SO_RCVBUF, &receiveBufferBytes, sizeof(receiveBufferBytes));
+    const int bytes = EnginePeer::receiveBufferBytes;
+    if (::setsockopt(descriptor, SOL_SOCKET, SO_RCVBUFFORCE, &bytes, sizeof(bytes)) != 0)
+        ::setsockopt(descriptor, SOL_SOCKET, SO_RCVBUF, &bytes, sizeof(bytes));
 }
 
 } // namespace
@@ -68,7 +67,7 @@ EnginePeer::~EnginePeer()
 void EnginePeer::open(const QHostAddress &address, quint16 port)
 {
     if (address.protocol() != QAbstractSocket::IPv4Protocol) {
-        m_error = QStringLiteral("ZELTACONNECT_ENGINE names no address");
+        m_error = QStringLiteral("ZELTACONNECT_ENGINE does not contain an address");
         return;
     }
     const int descriptor = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
@@ -86,13 +85,12 @@ bool EnginePeer::receive(QByteArray &datagram)
 {
     sockaddr_in sender{};
     socklen_t senderSize = sizeof(sender);
-    QByteArray buffer(largestDatagram, Qt::Uninitialized);
-    const ssize_t length = ::recvfrom(m_descriptor, buffer.data(), size_t(buffer.size()), MSG_DONTWAIT,
+    m_buffer.resize(largestDatagram);
+    const ssize_t length = ::recvfrom(m_descriptor, m_buffer.data(), size_t(m_buffer.size()), MSG_DONTWAIT,
                                       reinterpret_cast<sockaddr *>(&sender), &senderSize);
     if (length < 0)
         return false;
-    buffer.truncate(int(length));
-    datagram = buffer;
+    datagram = QByteArray(m_buffer.constData(), int(length));
     m_moduleAddress = QHostAddress(ntohl(sender.sin_addr.s_addr));
     m_modulePort = ntohs(sender.sin_port);
     return true;
@@ -107,16 +105,23 @@ QByteArray EnginePeer::next(int timeoutMs)
         if (waiting.hasExpired(timeoutMs))
             return QByteArray();
         QCoreApplication::processEvents();
-        pollfd readable{m_descriptor, POLLIN, 0};
-        ::poll(&readable, 1, pollMs);
+        hasPending(pollMs);
     }
     return datagram;
 }
 
-bool EnginePeer::hasPending() const
+bool EnginePeer::hasPending(int timeoutMs) const
 {
     pollfd readable{m_descriptor, POLLIN, 0};
-    return ::poll(&readable, 1, 0) > 0;
+    return ::poll(&readable, 1, timeoutMs) > 0;
+}
+
+quint16 EnginePeer::port() const
+{
+    sockaddr_in own{};
+    socklen_t size = sizeof(own);
+    ::getsockname(m_descriptor, reinterpret_cast<sockaddr *>(&own), &size);
+    return ntohs(own.sin_port);
 }
 
 int EnginePeer::discardPending()
@@ -152,7 +157,7 @@ bool EnginePeer::nothingSentBy(QObject *module)
     if (!QMetaObject::invokeMethod(module, "requestOutsUpdate"))
         return false;
     // Parameter 3B 1F, the request for the output levels.
-    const QByteArray expected = hex("494d0003 0bb9633b 0bb9621f 0bb90600");
+    const QByteArray expected = datagram("IM 0003 0bb9633b 0bb9621f 0bb90600");
     const QByteArray datagram = next();
     if (datagram == expected)
         return true;
@@ -164,7 +169,7 @@ bool EnginePeer::settle(QObject *module, int timeoutMs)
 {
     QSignalSpy events(module, SIGNAL(udpPacketArrived(ushort, ushort, ushort)));
     ++m_fenceCount;
-    QByteArray fence = hex("5a5a4143 00000000");
+    QByteArray fence = datagram("ZZ AC 00000000");
     fence[4] = char(m_fenceCount >> 8);
     fence[5] = char(m_fenceCount & 0xFF);
     if (!send(fence))
@@ -176,7 +181,7 @@ bool EnginePeer::settle(QObject *module, int timeoutMs)
         }
         return false;
     };
-    // Not QTest::qWaitFor(), whose steps of 10 ms would be most of what a test takes.
+    // QTest::qWaitFor() polls every 10 ms, which would be most of the duration of a test.
     QElapsedTimer waiting;
     waiting.start();
     while (!arrived()) {

@@ -10,66 +10,74 @@ class QObject;
 
 namespace testsupport {
 
-/// The sound engine's end of the wire: a plain socket that shows every datagram the module sends and sends
-/// whatever a test wants. Make it before the module, as the engine of the device is there first.
+/// The sound engine's end of the connection: a plain socket that receives the datagrams of the module and
+/// sends the datagrams of a test. Create it before the module.
 ///
-/// Silence is checked with fences instead of pauses: since datagrams keep their order, a known one that is
-/// the next to arrive proves that nothing came before it.
+/// To check for silence, the class uses fences instead of pauses. Datagrams keep their order. If a known
+/// datagram is the next one to arrive, nothing was sent before it.
 class EnginePeer
 {
 public:
     /// The address that ZELTACONNECT_ENGINE names, port 19797.
     EnginePeer();
+    /// Port 0 stands for any free port.
     explicit EnginePeer(const QHostAddress &address, quint16 port = enginePort);
-    /// Takes over a bound socket, say one that was opened in another network namespace.
+    /// Takes ownership of a bound socket, for example of another network namespace.
     explicit EnginePeer(int descriptor);
     ~EnginePeer();
     Q_DISABLE_COPY(EnginePeer)
 
     static constexpr quint16 enginePort = 19797;
-    /// How long a datagram is waited for. Less than patience, so that a module that does not send lets more
-    /// than one test tell of it.
+    /// The requested size of the receive buffer. An ordinary user gets at most net.core.rmem_max.
+    static constexpr int receiveBufferBytes = 8 * 1024 * 1024;
+    /// How long next() waits for a datagram. Shorter than patienceMs, so that several tests of one program
+    /// can report that the module does not send.
     static constexpr int answerMs = patienceMs / 4;
 
-    /// False when the address could not be bound; errorString() says why.
+    /// False if the address could not be bound; errorString() then returns the reason.
     bool isOpen() const { return m_descriptor >= 0; }
     QString errorString() const { return m_error; }
+    quint16 port() const;
+    /// The socket, for its options and statistics.
+    int descriptor() const { return m_descriptor; }
 
-    /// The next datagram, waiting while the event loop runs. A null array (isNull()) when none arrives in
-    /// time; an empty datagram is an empty array that is not null.
+    /// Waits for the next datagram and processes events meanwhile. Returns a null array if none arrives in
+    /// time. An empty datagram is returned as an empty array that is not null.
     QByteArray next(int timeoutMs = answerMs);
-    /// True when a datagram is there to be read now.
-    bool hasPending() const;
-    /// Number of datagrams thrown away. Does not wait.
+    /// Reads a datagram that has arrived. Returns false if there is none. Does not wait.
+    bool receive(QByteArray &datagram);
+    /// True if a datagram can be read now or within the time.
+    bool hasPending(int timeoutMs = 0) const;
+    /// Discards the datagrams that have arrived and returns their number. Does not wait.
     int discardPending();
 
-    /// Where the last datagram came from.
+    /// The sender of the last datagram.
     QHostAddress moduleAddress() const { return m_moduleAddress; }
     quint16 modulePort() const { return m_modulePort; }
 
-    /// Sends to where the last datagram came from. False when the module never spoke or the send failed.
+    /// Sends to the sender of the last datagram. False if there is none or if sending fails.
     bool send(const QByteArray &datagram);
     bool sendTo(const QByteArray &datagram, const QHostAddress &address, quint16 port);
 
-    /// Lets the module speak once, so that its address is learned. The module is a ZeltaConnect object, made
-    /// in C++ or by QML. True when its datagram was the next to arrive.
+    /// Makes the module send a datagram and learns the module's address from it. The module is a ZeltaConnect
+    /// object, created in C++ or by QML. Returns true if its datagram is the next one to arrive.
     bool connectTo(QObject *module);
 
-    /// True when the module has sent nothing that was not read yet: its answer to a call made now is the next
-    /// datagram to arrive.
+    /// Makes the module send a datagram. Returns true if it is the next one to arrive: the module has sent
+    /// nothing else since the last read.
     bool nothingSentBy(QObject *module);
 
-    /// Waits until everything sent up to now has gone through the module: sends an event of kind "ZZ", which
-    /// nothing understands, and waits for the module's signal of it. SignalRecorder leaves these out.
+    /// Waits until the module has processed all datagrams sent so far: sends an event with the unknown tag ZZ
+    /// and waits for the module's signal. SignalRecorder does not record it.
     bool settle(QObject *module, int timeoutMs = answerMs);
 
     static constexpr quint16 fenceKind = 0x5A5A;
 
 private:
     void open(const QHostAddress &address, quint16 port);
-    bool receive(QByteArray &datagram);
 
     int m_descriptor = -1;
+    QByteArray m_buffer;
     QString m_error;
     QHostAddress m_moduleAddress;
     quint16 m_modulePort = 0;

@@ -9,9 +9,8 @@ namespace testsupport {
 
 class EnginePeer;
 
-/// Sends events of all kinds to the module from another thread until it is destroyed, four in a millisecond:
-/// more would leave a busy machine little for anything else. The peer has to know the module, and is not to
-/// be used otherwise meanwhile.
+/// Sends events of several kinds to the module from another thread until it is destroyed, four per
+/// millisecond. The peer must be connected to the module, and must not be used otherwise meanwhile.
 class EventStream
 {
 public:

@@ -8,7 +8,7 @@ namespace {
 
 const char searchPath[] = "PATH";
 
-// A ping that notes how it was called and then does as it is told.
+// Writes a ping script that records its arguments and then runs the commands.
 void writeScript(const QTemporaryDir &directory, const QByteArray &commands)
 {
     QFile script(directory.filePath(QStringLiteral("ping")));
@@ -62,7 +62,7 @@ QStringList FakePing::calls() const
 SystemPing::SystemPing()
     : m_previousPath(qgetenv(searchPath))
 {
-    // The tests' own directory is the first one of the search path.
+    // The first directory of PATH contains the substitute of the tests.
     const QByteArray systemPath = m_previousPath.mid(m_previousPath.indexOf(':') + 1);
     writeScript(m_directory, "PATH='" + systemPath + "' exec ping \"$@\"\n");
     qputenv(searchPath, m_directory.path().toLocal8Bit() + ':' + systemPath);

@@ -6,17 +6,17 @@
 
 namespace testsupport {
 
-/// Puts a ping program of the test's own making in front of the search path, as long as it lives.
+/// Puts a substitute for the ping program at the front of PATH. The destructor restores PATH.
 class FakePing
 {
 public:
-    /// The program prints output, once per attempt; the last entry holds for all further attempts. It knows
-    /// one more trick: the entry "hang" makes it sleep for a minute instead.
+    /// Each attempt prints one of the outputs in turn; the last one is repeated. With the output "hang" the
+    /// program sleeps for a minute instead.
     explicit FakePing(const QStringList &outputs);
     ~FakePing();
     Q_DISABLE_COPY(FakePing)
 
-    /// Argument line of every attempt so far.
+    /// The arguments of each attempt so far.
     QStringList calls() const;
 
 private:
@@ -24,7 +24,7 @@ private:
     QByteArray m_previousPath;
 };
 
-/// Lets the machine's own ping be found, as long as it lives, and keeps count of it.
+/// Makes the machine's ping program available and records its calls. The destructor restores PATH.
 class SystemPing
 {
 public:
@@ -32,7 +32,7 @@ public:
     ~SystemPing();
     Q_DISABLE_COPY(SystemPing)
 
-    /// Argument line of every attempt so far.
+    /// The arguments of each attempt so far.
     QStringList calls() const;
 
 private:
@@ -40,7 +40,7 @@ private:
     QByteArray m_previousPath;
 };
 
-/// An empty search path, as long as it lives: there is no ping at all.
+/// Sets a PATH without programs, so that there is no ping. The destructor restores PATH.
 class NoPing
 {
 public:

@@ -4,7 +4,7 @@
 
 namespace testsupport {
 
-/// The bytes that a hex text says; blanks are for the reader.
+/// The bytes of a text in hex. Blanks are ignored.
 inline QByteArray hex(const char *text)
 {
     return QByteArray::fromHex(text);

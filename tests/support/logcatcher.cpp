@@ -57,8 +57,8 @@ void LogCatcher::handle(QtMsgType type, const QMessageLogContext &context, const
 QList<LogLine> LogCatcher::copyOfLines() const
 {
     const QMutexLocker lock(&m_mutex);
-    // Not shared with what goes on growing here: Qt does not order the end of a copy in one thread before a
-    // change in another.
+    // A detached copy: Qt does not synchronise the destruction of a shared copy in one thread with a change
+    // in another thread.
     QList<LogLine> copy = m_lines;
     copy.detach();
     return copy;

@@ -15,12 +15,12 @@ struct LogLine
     QString text;
 };
 
-/// Catches what is logged, in any thread, as long as it lives. One at a time.
+/// Catches the log messages of all threads until it is destroyed. Only one can exist at a time.
 ///
-/// What a test has to say itself, by qInfo(), is handed on at once.
+/// Messages of qInfo() are passed on at once: tests use them for their own output.
 ///
-/// Warnings that nobody has looked at when it goes are unexpected: they are handed on to whoever had the log
-/// before, that is to Qt Test, whose output fails the test.
+/// Warnings that the test has not read are unexpected. The destructor passes them on to the previous message
+/// handler. This is the handler of Qt Test, whose output fails the test.
 class LogCatcher
 {
 public:
@@ -29,11 +29,12 @@ public:
     Q_DISABLE_COPY(LogCatcher)
 
     QList<LogLine> lines() const;
-    /// Texts of the debug lines; those of one category only when it is given.
+    /// The texts of the debug messages; if a category is given, only of that category.
     QStringList debugTexts(const char *category = nullptr) const;
-    /// Texts of everything worse than information. Compare with an empty list where nothing may go wrong.
+    /// The texts of all messages with the severity of a warning or higher. Where a test expects none, compare
+    /// with an empty list.
     QStringList warnings() const;
-    /// Forgets everything but warnings that nobody has looked at.
+    /// Discards all messages except warnings that the test has not read.
     void clear();
 
 private:
@@ -42,7 +43,7 @@ private:
 
     mutable QMutex m_mutex;
     QList<LogLine> m_lines;
-    mutable int m_seen = 0; ///< number of lines that the test has looked at
+    mutable int m_seen = 0; ///< number of lines that the test has read
     QtMessageHandler m_previous = nullptr;
 };
 

@@ -7,14 +7,17 @@
 #include <QStringList>
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <future>
 #include <thread>
 
 #include <arpa/inet.h>
 #include <fcntl.h>
+#include <net/if.h>
 #include <netinet/in.h>
 #include <sched.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -24,8 +27,13 @@ namespace testsupport {
 namespace {
 
 const char engineHost[] = "172.20.21.22";
+const char moduleDevice[] = "module0";
+const char engineDevice[] = "engine0";
 
-// The first line is for the second to find something.
+constexpr std::chrono::seconds carrierPatience{30};
+constexpr std::chrono::milliseconds carrierPoll{2};
+
+// The first line creates the table if there is none, so that the second line succeeds.
 const char noLoss[] = "table ip loss\ndelete table ip loss\n";
 
 bool privateNetwork = false;
@@ -47,7 +55,7 @@ QString run(const QString &program, const QStringList &arguments, const QByteArr
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(program, arguments);
     if (!process.waitForStarted())
-        return QStringLiteral("%1 cannot be run (Debian packages iproute2, nftables)").arg(program);
+        return QStringLiteral("cannot run %1 (Debian packages iproute2, nftables)").arg(program);
     process.write(input);
     process.closeWriteChannel();
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit ||
@@ -59,7 +67,7 @@ QString run(const QString &program, const QStringList &arguments, const QByteArr
     return QString();
 }
 
-// The programs live in sbin, which an ordinary user's search path need not contain.
+// The programs are in sbin, which may be missing from the PATH of an ordinary user.
 QString systemProgram(const char *name)
 {
     const QString inSbin = QStringLiteral("/usr/sbin/") + QString::fromLatin1(name);
@@ -71,17 +79,41 @@ QString nft(const QByteArray &rules)
     return run(systemProgram("nft"), {QStringLiteral("-f"), QStringLiteral("-")}, rules);
 }
 
+bool isRunning(const char *device)
+{
+    const int descriptor = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    ifreq request{};
+    std::strncpy(request.ifr_name, device, sizeof(request.ifr_name) - 1);
+    const bool running =
+        ::ioctl(descriptor, SIOCGIFFLAGS, &request) == 0 && (request.ifr_flags & IFF_RUNNING) != 0;
+    ::close(descriptor);
+    return running;
+}
+
+// A device that is up drops all packets until the system has detected its carrier. On a busy machine this
+// takes up to a second.
+QString waitForCarrier(const char *device)
+{
+    const auto end = std::chrono::steady_clock::now() + carrierPatience;
+    while (!isRunning(device)) {
+        if (std::chrono::steady_clock::now() > end)
+            return QStringLiteral("%1 has no carrier").arg(QString::fromLatin1(device));
+        std::this_thread::sleep_for(carrierPoll);
+    }
+    return QString();
+}
+
 QString unshareNetwork()
 {
     if (::unshare(CLONE_NEWNET) == 0)
         return QString();
     if (errno != EPERM)
-        return systemError("no network namespace");
+        return systemError("cannot create a network namespace");
 
     const uid_t user = ::getuid();
     const gid_t group = ::getgid();
     if (::unshare(CLONE_NEWUSER | CLONE_NEWNET) != 0)
-        return systemError("no network namespace without privileges");
+        return systemError("cannot create a network namespace without privileges");
     writeFile("/proc/self/setgroups", "deny");
     if (!writeFile("/proc/self/uid_map", "0 " + QByteArray::number(user) + " 1") ||
         !writeFile("/proc/self/gid_map", "0 " + QByteArray::number(group) + " 1"))
@@ -117,7 +149,7 @@ EngineNetwork::EngineNetwork()
 
 EngineNetwork::~EngineNetwork()
 {
-    // One end of the pair takes the other with it; the namespace goes with its last descriptor.
+    // The system removes both ends of the pair. It removes the namespace when the last descriptor is closed.
     if (m_namespace >= 0) {
         ip(QStringLiteral("link del module0"));
         ::close(m_namespace);
@@ -126,19 +158,19 @@ EngineNetwork::~EngineNetwork()
 
 QString EngineNetwork::setUp()
 {
-    // A namespace lasts as long as a thread is in it or a descriptor refers to it. The thread stays until the
-    // far end of the pair has been moved over, since that is named by thread.
+    // A namespace exists as long as a thread is in it or a descriptor refers to it. "ip link" finds the
+    // namespace by the thread's id, so the thread waits until the far end of the pair has been moved.
     std::promise<QString> unshared;
     std::promise<void> moved;
     pid_t engineThread = 0;
     std::thread engine([&] {
         engineThread = pid_t(::syscall(SYS_gettid));
         if (::unshare(CLONE_NEWNET) != 0) {
-            unshared.set_value(systemError("no second network namespace"));
+            unshared.set_value(systemError("cannot create a second network namespace"));
             return;
         }
         m_namespace = ::open("/proc/thread-self/ns/net", O_RDONLY | O_CLOEXEC);
-        unshared.set_value(m_namespace < 0 ? systemError("no handle of the namespace") : QString());
+        unshared.set_value(m_namespace < 0 ? systemError("cannot open the namespace") : QString());
         moved.get_future().wait();
     });
 
@@ -158,6 +190,14 @@ QString EngineNetwork::setUp()
         step(QStringLiteral("addr add 172.20.21.22/24 dev engine0"));
         step(QStringLiteral("link set engine0 up"));
     });
+    return error.isEmpty() ? waitForCarriers() : error;
+}
+
+QString EngineNetwork::waitForCarriers()
+{
+    QString error = waitForCarrier(moduleDevice);
+    if (error.isEmpty())
+        onEngineSide([&error] { error = waitForCarrier(engineDevice); });
     return error;
 }
 
@@ -198,7 +238,8 @@ QString EngineNetwork::cut()
 
 QString EngineNetwork::restore()
 {
-    return ip(QStringLiteral("link set module0 up"));
+    const QString error = ip(QStringLiteral("link set module0 up"));
+    return error.isEmpty() ? waitForCarriers() : error;
 }
 
 QString EngineNetwork::cutEngine()
@@ -212,7 +253,35 @@ QString EngineNetwork::restoreEngine()
 {
     QString error;
     onEngineSide([&error] { error = ip(QStringLiteral("link set engine0 up")); });
+    return error.isEmpty() ? waitForCarriers() : error;
+}
+
+QString EngineNetwork::silenceEngine()
+{
+    QString error;
+    onEngineSide([&error] { error = ip(QStringLiteral("link set engine0 arp off")); });
+    // Datagrams are queued until the engine's hardware address is known. The default queue is as long as the
+    // send buffer of one socket, so that several sockets could not fill their buffers.
+    if (error.isEmpty())
+        error = ip(QStringLiteral("ntable change name arp_cache dev module0 queue 10000"));
+    return error.isEmpty() ? ip(QStringLiteral("neigh flush dev module0")) : error;
+}
+
+QString EngineNetwork::unsilenceEngine()
+{
+    QString error;
+    onEngineSide([&error] { error = ip(QStringLiteral("link set engine0 arp on")); });
     return error;
+}
+
+QString EngineNetwork::removeRoute()
+{
+    return ip(QStringLiteral("route del 172.20.21.0/24 dev module0"));
+}
+
+QString EngineNetwork::restoreRoute()
+{
+    return ip(QStringLiteral("route add 172.20.21.0/24 dev module0 src 172.20.21.1"));
 }
 
 QString EngineNetwork::noLossReason()
@@ -221,8 +290,7 @@ QString EngineNetwork::noLossReason()
         nft("table ip probe {\n"
             "chain in { type filter hook input priority 0; numgen random mod 2 < 1 drop\n}\n}\n"
             "delete table ip probe\n");
-    return error.isEmpty() ? error
-                           : QStringLiteral("no datagram can be made to get lost here: %1").arg(error);
+    return error.isEmpty() ? error : QStringLiteral("datagrams cannot be dropped here: %1").arg(error);
 }
 
 QString EngineNetwork::loseDatagrams(int percent, Direction direction, quint16 firstPort, quint16 lastPort)

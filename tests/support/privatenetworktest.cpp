@@ -5,7 +5,7 @@ namespace testsupport {
 namespace {
 
 const char variable[] = "ZELTACONNECT_ENGINE";
-// Nobody listens there.
+// No engine listens at this address.
 const char harmlessAddress[] = "127.20.21.99";
 
 } // namespace
@@ -16,7 +16,7 @@ void PrivateNetworkTest::init()
     qunsetenv(variable);
 }
 
-// Even the mishap of a test must not leave the fixed address behind for anything that runs later.
+// Code that runs after a test must not use the fixed address, even if the test failed.
 void PrivateNetworkTest::cleanup()
 {
     qputenv(variable, harmlessAddress);

@@ -9,8 +9,8 @@
 
 namespace testsupport {
 
-/// A test that takes place in a network of this process alone, where the engine may have its fixed address.
-/// Where no such network can be had, it says why and CTest counts it as skipped.
+/// A test whose process has a private network, in which the engine may use its fixed address. If no such
+/// network can be made, the program prints the reason and CTest counts it as skipped.
 class PrivateNetworkTest : public QObject
 {
     Q_OBJECT
@@ -20,18 +20,18 @@ private Q_SLOTS:
     void cleanup();
 };
 
-/// What CTest knows a skipped test by.
+/// CTest counts a test with this exit code as skipped.
 constexpr int skippedExitCode = 77;
 
-/// The main() of such a test.
+/// Runs a test in a private network. Its main() returns the result.
 template<class Test>
 int runInPrivateNetwork(int argc, char **argv)
 {
-    // Before there is a second thread.
+    // Must run before the process has a second thread.
     const QString noNetwork = enterPrivateNetwork();
     QCoreApplication application(argc, argv);
     if (!noNetwork.isEmpty()) {
-        QTextStream(stdout) << "skipped, it needs a network namespace of its own: " << noNetwork << '\n';
+        QTextStream(stdout) << "skipped: the test needs a private network namespace: " << noNetwork << '\n';
         return skippedExitCode;
     }
     Test test;

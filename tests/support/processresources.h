@@ -4,16 +4,17 @@
 
 namespace testsupport {
 
-/// Number of threads of this process now.
+/// The number of threads of this process.
 int threadCount();
-/// Number of open descriptors of this process now.
+/// The number of open descriptors of this process.
 int descriptorCount();
-/// Number of open sockets among them.
+/// The number of open sockets among them.
 int socketCount();
-/// Bytes that wait in the receive buffers of UDP sockets with that port, in the network of this process. -1
-/// when it cannot be told.
+/// The number of bytes in the receive buffers of all UDP sockets with this port in this network namespace, or
+/// -1 if unknown.
 qint64 waitingBytes(quint16 port);
-/// Bytes in use on the heap, or -1 where that cannot be said (sanitizers bring a heap of their own).
+/// The number of bytes allocated on the heap, or -1 if unknown, for example because a sanitizer replaces the
+/// heap.
 long long heapBytes();
 
 } // namespace testsupport

@@ -43,7 +43,7 @@ bool isFence(const RecordedSignal &recorded)
 SignalRecorder::SignalRecorder(QObject *object)
 {
     const QMetaObject *meta = object->metaObject();
-    // Slots that do not exist, numbered from the end of QObject's own: qt_metacall takes them.
+    // These slots have no functions. Their numbers follow those of QObject; qt_metacall() handles them.
     const int firstSlot = QObject::staticMetaObject.methodCount();
     for (int i = QObject::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
         const QMetaMethod method = meta->method(i);
@@ -83,8 +83,8 @@ QList<RecordedSignal> SignalRecorder::recorded() const
 QList<RecordedSignal> SignalRecorder::recordedFrom(int first) const
 {
     const QMutexLocker lock(&m_mutex);
-    // Not shared with what goes on growing here: Qt does not order the end of a copy in one thread before a
-    // change in another.
+    // A detached copy: Qt does not synchronise the destruction of a shared copy in one thread with a change
+    // in another thread.
     QList<RecordedSignal> copy = m_recorded.mid(first);
     copy.detach();
     return copy;

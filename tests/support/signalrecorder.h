@@ -18,12 +18,11 @@ struct RecordedSignal
     QVariantList arguments;
 };
 
-/// Records every signal of an object in the order of their emission, so that a test sees what fired, in which
-/// order and that nothing else did. Leaves out QObject's own signals and the fences of EnginePeer.
-/// Signals may be emitted in any thread.
+/// Records all signals of an object in the order of their emission, except the signals of QObject and the
+/// fences of EnginePeer. Signals can be emitted in any thread.
 ///
-/// It listens like any other listener, after the object's own parts: what these emit while they handle a
-/// signal stands before that signal.
+/// The slots of the object's own parts are connected earlier. If such a slot emits another signal while it
+/// handles a signal, the other signal is therefore recorded first.
 class SignalRecorder : public QObject
 {
 public:
@@ -33,15 +32,15 @@ public:
     int count() const;
     int count(const char *name) const;
 
-    /// Number of signals that were emitted in another thread than this recorder's.
+    /// The number of signals that were emitted outside the recorder's thread.
     int foreignCount() const;
 
     /// One text per signal: "tempoChanged()", "udpPacketArrived(16706, 1, 2)", "sysEx(\"04f0\")".
     QStringList texts() const;
-    /// True when a signal of that text is among those from number from on; from is then the first one that
-    /// was not looked at, so that asking again and again costs no more than asking once.
+    /// True if a signal with that text is among those from index `from` on. Sets `from` to the number of
+    /// signals, so that the next call examines only new ones.
     bool hasText(const QString &text, int &from) const;
-    /// texts() and clear() in one.
+    /// texts(), then clear().
     QStringList takeTexts();
     void clear();
 

@@ -4,7 +4,8 @@
 
 namespace testsupport {
 
-/// The rows of a test table that stands in another file. Refers to an array, which has to stay.
+/// The rows of a test table that is defined in another file. Refers to an array, which must outlive this
+/// object.
 template<typename Row>
 class Table
 {

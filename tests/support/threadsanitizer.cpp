@@ -1,10 +1,9 @@
-// Compiled into every test program that is built with the thread sanitizer, which follows only what it can
-// see: instrumented code and pthreads. Qt's library is not instrumented and its mutex waits on a bare futex,
-// so the sanitizer would take everything that Qt guards or hands over for a race. The functions below stand
-// in front of Qt's own for every call that is made from our code (Qt's calls among its own functions do not
-// pass here) and tell the sanitizer what each of them orders, no more. Nothing is hidden by that: what no
-// lock, no queued call and no end of a thread orders is still reported, and so are locks taken in different
-// orders.
+// Compiled into each test program that is built with the thread sanitizer. The sanitizer sees only
+// instrumented code and pthreads. Qt is not instrumented and its mutex uses a futex, so the sanitizer would
+// report a race for all data that Qt synchronises. The functions below replace Qt's functions for calls from
+// this project (calls within Qt are not affected) and report to the sanitizer what each of them synchronises.
+// This does not hide a race. Accesses that are not synchronised by a lock, a queued call or the end of a
+// thread are still reported, and so are locks taken in different orders.
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -22,7 +21,8 @@
 
 namespace {
 
-// Qt's own function of that symbol. A member function is called like a function that takes the object first.
+// Qt's function with that symbol. A member function is called like a function whose first argument is the
+// object.
 template<typename Function>
 Function *qtFunction(const char *symbol)
 {
@@ -46,8 +46,9 @@ unsigned creationFlags(const QMutex *mutex)
     return mutex->isRecursive() ? __tsan_mutex_write_reentrant : 0;
 }
 
-// A queued call: what its sender did before, its receiver sees. The event queue's lock orders more than that,
-// each posted event before all later ones of the receiving thread, hence one place for all.
+// A queued call: the sender's earlier writes are visible to the receiver. The lock of the event queue
+// synchronises each posted event with all later ones of the receiving thread, so all calls share one
+// variable.
 char handOver;
 
 bool beforeEvent(void **arguments)
@@ -61,8 +62,9 @@ bool beforeEvent(void **arguments)
 [[maybe_unused]] const bool watchingEvents =
     QInternal::registerCallback(QInternal::EventNotifyCallback, &beforeEvent);
 
-// What is sent along is copied when the sender has already called, by code of ours if the type is no type of
-// Qt's, and only then posted. A type's constructor is a bare function, hence one function per type.
+// Arguments of a queued call are copied after the call of the sender and before the event is posted, by code
+// of this project unless the type is one of Qt's. The constructor of a type is a plain function, so there is
+// one per type.
 using Constructor = QMetaType::Constructor;
 constexpr std::size_t typesAtMost = 64;
 std::array<Constructor, typesAtMost> constructors;
@@ -83,8 +85,7 @@ Constructor constructorAt(std::size_t index, std::index_sequence<indexes...> /*a
     return all[index];
 }
 
-// The end of a thread: what it did, whoever waited for it sees. Told in that thread, as the last that it
-// does.
+// The end of a thread: its writes are visible to a thread that waits for it. Reported in the ending thread.
 class ThreadEnds : public QObject
 {
 public:
@@ -95,7 +96,7 @@ public:
     }
 
 private:
-    // NOLINTNEXTLINE(readability-convert-member-functions-to-static): a slot is found by its object
+    // NOLINTNEXTLINE(readability-convert-member-functions-to-static): slots are member functions
     void note() { __tsan_release(QThread::currentThread()); }
 };
 
@@ -155,7 +156,7 @@ bool QWaitCondition::wait(QMutex *mutex, unsigned long time)
     return woken;
 }
 
-// What comes before the start is known from pthread_create().
+// The sanitizer knows the start from pthread_create().
 void QThread::start(Priority priority)
 {
     static const auto original = qtFunction<void(QThread *, Priority)>("_ZN7QThread5startENS_8PriorityE");
@@ -183,7 +184,7 @@ bool QThread::wait(unsigned long time)
     return ended;
 }
 
-// The way of every signal of ours.
+// Called for each signal of this project.
 void QMetaObject::activate(QObject *sender, const QMetaObject *metaObject, int signalIndex, void **arguments)
 {
     static const auto original = qtFunction<void(QObject *, const QMetaObject *, int, void **)>(
@@ -201,7 +202,7 @@ int QMetaType::registerNormalizedType(const ::QByteArray &name, Destructor destr
             "_ZN9QMetaType22registerNormalizedTypeERK10QByteArrayPFvPvEPFS3_S3_PKvEi6QFlagsINS_8TypeFlagEEPK"
             "11QMetaObject");
     const std::size_t index = typesSeen++;
-    if (index >= typesAtMost) // reported as a race, then, if ever it is sent along
+    if (index >= typesAtMost) // reported as a race if it is an argument of a queued call
         return original(name, destructor, constructor, size, flags, metaObject);
     constructors[index] = constructor;
     const Constructor observed = constructorAt(index, std::make_index_sequence<typesAtMost>());
