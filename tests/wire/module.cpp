@@ -1,5 +1,7 @@
 #include "wire/module.h"
 
+#include "support/testprogram.h"
+
 #include <QMetaMethod>
 #include <QQmlComponent>
 #include <QQmlContext>
@@ -12,7 +14,7 @@ namespace wire {
 
 namespace {
 
-// A C++ caller's number of any width, made from a number of QML: the low bits of the integer part.
+// Converts a number of QML to any integer type: the low bits of the integer part.
 template<typename T>
 QVariant integer(const QJSValue &value)
 {
@@ -65,7 +67,7 @@ Module::Module()
 {
     qRegisterMetaType<QList<int>>();
     qRegisterMetaType<QVector<int>>();
-    m_engine.addImportPath(QStringLiteral(ZELTACONNECT_QML_DIR));
+    m_engine.addImportPath(testsupport::qmlDir());
     QQmlComponent component(&m_engine);
     component.setData("import ZeltaConnect 1.0\nZeltaConnect {}", QUrl());
     m_object.reset(component.create());

@@ -1,6 +1,6 @@
 #include "control/qconnectqmlplugin.h"
+#include "support/datagram.h"
 #include "support/enginepeer.h"
-#include "support/hex.h"
 
 #include <QGuiApplication>
 #include <QScopedPointer>
@@ -9,7 +9,7 @@
 
 using namespace testsupport;
 
-/// The device's bluetooth name: 32 bytes of the local encoding, counted in characters.
+/// The bluetooth name: up to 32 characters, sent as 32 bytes in the local 8-bit encoding.
 class BluetoothNameTest : public QObject
 {
     Q_OBJECT
@@ -56,10 +56,11 @@ void BluetoothNameTest::inTheLocaleOfThisRun_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("datagram");
     QTest::newRow("plain letters") << QStringLiteral("E-Drum 7")
-                                   << hex("424E 452D4472756D2037 0000000000000000"
-                                          "0000000000000000 0000000000000000");
-    QTest::newRow("none") << QString()
-                          << hex("424E 0000000000000000 0000000000000000 0000000000000000 0000000000000000");
+                                   << datagram("BN 452D4472756D2037 0000000000000000"
+                                               "0000000000000000 0000000000000000");
+    QTest::newRow("empty") << QString()
+                           << datagram(
+                                  "BN 0000000000000000 0000000000000000 0000000000000000 0000000000000000");
 }
 
 void BluetoothNameTest::inTheLocaleOfThisRun()
@@ -80,29 +81,29 @@ void BluetoothNameTest::inGivenEncoding_data()
 
     QTest::newRow("UTF-8: one byte more than characters, last byte cut")
         << QByteArray("UTF-8") << QStringLiteral("Schl%1gel").arg(umlaut)
-        << hex("424E 5363686CC3A46765 0000000000000000 0000000000000000 0000000000000000");
+        << datagram("BN 5363686CC3A46765 0000000000000000 0000000000000000 0000000000000000");
     QTest::newRow("UTF-8: cut inside a character")
         << QByteArray("UTF-8") << drum
-        << hex("424E E900000000000000 0000000000000000 0000000000000000 "
-               "0000000000000000");
+        << datagram("BN E900000000000000 0000000000000000 0000000000000000 "
+                    "0000000000000000");
     QTest::newRow("UTF-8: a character outside the basic plane counts twice")
         << QByteArray("UTF-8") << drumPicture
-        << hex("424E F09F000000000000 0000000000000000 0000000000000000 0000000000000000");
+        << datagram("BN F09F000000000000 0000000000000000 0000000000000000 0000000000000000");
     QTest::newRow("UTF-8: 32 characters of two bytes each")
         << QByteArray("UTF-8") << umlaut.repeated(32)
-        << hex("424E C3A4C3A4C3A4C3A4 C3A4C3A4C3A4C3A4 C3A4C3A4C3A4C3A4 C3A4C3A4C3A4C3A4");
+        << datagram("BN C3A4C3A4C3A4C3A4 C3A4C3A4C3A4C3A4 C3A4C3A4C3A4C3A4 C3A4C3A4C3A4C3A4");
     QTest::newRow("UTF-8: both cuts")
         << QByteArray("UTF-8") << QStringLiteral("e") + umlaut.repeated(40)
-        << hex("424E 65C3A4C3A4C3A4C3 A4C3A4C3A4C3A4C3 A4C3A4C3A4C3A4C3 A4C3A4C3A4C3A4C3");
+        << datagram("BN 65C3A4C3A4C3A4C3 A4C3A4C3A4C3A4C3 A4C3A4C3A4C3A4C3 A4C3A4C3A4C3A4C3");
     QTest::newRow("Latin-1: a byte for each character")
         << QByteArray("ISO-8859-1") << QStringLiteral("Schl%1gel").arg(umlaut)
-        << hex("424E 5363686CE467656C 0000000000000000 0000000000000000 0000000000000000");
+        << datagram("BN 5363686CE467656C 0000000000000000 0000000000000000 0000000000000000");
     QTest::newRow("GB18030: two bytes, the second cut")
         << QByteArray("GB18030") << drum
-        << hex("424E B900000000000000 0000000000000000 0000000000000000 0000000000000000");
-    QTest::newRow("UTF-8: a zero character ends nothing")
+        << datagram("BN B900000000000000 0000000000000000 0000000000000000 0000000000000000");
+    QTest::newRow("UTF-8: a zero character does not end the name")
         << QByteArray("UTF-8") << QStringLiteral("a") + QChar(0) + QStringLiteral("b")
-        << hex("424E 6100620000000000 0000000000000000 0000000000000000 0000000000000000");
+        << datagram("BN 6100620000000000 0000000000000000 0000000000000000 0000000000000000");
 }
 
 void BluetoothNameTest::inGivenEncoding()
@@ -112,7 +113,7 @@ void BluetoothNameTest::inGivenEncoding()
     QFETCH(QByteArray, datagram);
     QTextCodec *codec = QTextCodec::codecForName(encoding);
     if (!codec)
-        QSKIP("this Qt does not know the encoding");
+        QSKIP("this Qt does not support the encoding");
     QTextCodec::setCodecForLocale(codec);
     QCOMPARE(sentFor(name), datagram.toHex(' '));
 }

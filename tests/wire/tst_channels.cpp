@@ -1,4 +1,5 @@
 #include "control/qconnectqmlplugin.h"
+#include "support/datagram.h"
 #include "support/enginepeer.h"
 
 #include <QElapsedTimer>
@@ -27,14 +28,14 @@ struct ChannelRow
     const char *noteOff;
 };
 
-// The sum of status and channel is taken in eight bits and never checked.
+// The status byte is the sum of status and channel, reduced to eight bits. It is not checked.
 constexpr ChannelRow channelRows[] = {
     {"0", 0, "B0", "90", "80"},       {"9", 9, "B9", "99", "89"},       {"15", 15, "BF", "9F", "8F"},
     {"16", 16, "C0", "A0", "90"},     {"0x4F", 0x4F, "FF", "DF", "CF"}, {"0x50", 0x50, "00", "E0", "D0"},
     {"0x7F", 0x7F, "2F", "0F", "FF"}, {"0x80", 0x80, "30", "10", "00"}, {"255", 255, "AF", "8F", "7F"},
 };
 
-// What this thread has used.
+// The processor time of this thread.
 qint64 processorTimeUs()
 {
     timespec time{};
@@ -44,7 +45,7 @@ qint64 processorTimeUs()
 
 } // namespace
 
-/// The controllers without the control object's fixed channel, and what only they can be asked for.
+/// The controllers with channels other than the one of the control object, and functions that only they have.
 class ChannelsTest : public QObject
 {
     Q_OBJECT
@@ -54,12 +55,12 @@ private Q_SLOTS:
     void statusByte_data();
     void statusByte();
     void programKeepsItsChannel();
-    void autoTest();
+    void autoTestIsSent();
     void switchingOnSendsNothing();
-    void transferEndTakesItsTime();
+    void transferEndBlocksFor100Ms();
 
 private:
-    void compareSent(const QByteArray &datagrams);
+    void compareSent(const QByteArray &text);
 
     EnginePeer m_peer;
     QScopedPointer<QConnectQmlPlugin> m_module;
@@ -72,11 +73,11 @@ void ChannelsTest::initTestCase()
     QVERIFY(m_peer.connectTo(m_module.data()));
 }
 
-void ChannelsTest::compareSent(const QByteArray &datagrams)
+void ChannelsTest::compareSent(const QByteArray &text)
 {
-    const QList<QByteArray> texts = datagrams.split('|');
-    for (const QByteArray &datagram : texts)
-        QCOMPARE(m_peer.next().toHex(' '), QByteArray::fromHex(datagram).toHex(' '));
+    const QList<QByteArray> expected = datagrams(text);
+    for (const QByteArray &datagram : expected)
+        QCOMPARE(m_peer.next().toHex(' '), datagram.toHex(' '));
     QVERIFY(m_peer.nothingSentBy(m_module.data()));
     QVERIFY(!m_peer.hasPending());
 }
@@ -87,7 +88,7 @@ void ChannelsTest::statusByte_data()
     QTest::addColumn<quint8>("channel");
     QTest::addColumn<QByteArray>("datagrams");
 
-    // SS, NN and PP stand for the status bytes of control change, note on and note off.
+    // SS, NN and PP are placeholders for the status bytes of control change, note on and note off.
     const auto rows = [](const char *what, const char *datagrams, const Send &send) {
         for (const ChannelRow &row : channelRows) {
             QByteArray expected(datagrams);
@@ -98,70 +99,70 @@ void ChannelsTest::statusByte_data()
     };
     QConnectQmlPlugin *const module = m_module.data();
 
-    rows("volume", "494D0003 0BSS6337 0BSS6204 0BSS0601",
+    rows("volume", "IM 0003 0BSS6337 0BSS6204 0BSS0601",
          [module](quint8 channel) { qconnectVolume(module, nullptr).setSnareStyle(1, channel); });
-    rows("playback routing", "494D0004 0BSS6337 0BSS620F 0BSS2605 0BSS0602",
+    rows("playback routing", "IM 0004 0BSS6337 0BSS620F 0BSS2605 0BSS0602",
          [module](quint8 channel) { qconnectVolume(module, nullptr).setPlaybackRouting(2, 5, channel); });
-    rows("kit volume", "494D0001 0BSS0764",
+    rows("kit volume", "IM 0001 0BSS0764",
          [module](quint8 channel) { qconnectVolume(module, nullptr).setDrumKitVolume(100, channel); });
-    rows("metronome", "494D0004 0BSS6337 0BSS6264 0BSS2600 0BSS0632",
+    rows("metronome", "IM 0004 0BSS6337 0BSS6264 0BSS2600 0BSS0632",
          [module](quint8 channel) { qconnectmetronome(module, nullptr).setMetronomeTempo(120, channel); });
-    rows("master equaliser", "494D0003 0BSS6338 0BSS6208 0BSS063F",
+    rows("master equaliser", "IM 0003 0BSS6338 0BSS6208 0BSS063F",
          [module](quint8 channel) { qconnectmaster_eq(module, nullptr).setMasterEqLowGain(0, channel); });
-    rows("headphone equaliser", "494D0003 0BSS633A 0BSS620B 0BSS067F",
+    rows("headphone equaliser", "IM 0003 0BSS633A 0BSS620B 0BSS067F",
          [module](quint8 channel) { qconnecthead_eq(module, nullptr).setHeadEqHighGain(40, channel); });
-    rows("monitor equaliser", "494D0003 0BSS6339 0BSS6209 0BSS0600", [module](quint8 channel) {
+    rows("monitor equaliser", "IM 0003 0BSS6339 0BSS6209 0BSS0600", [module](quint8 channel) {
         qconnectmonitor_eq(module, nullptr).setMonitorEqMid2Gain(-40, channel);
     });
-    rows("pad equaliser", "494D0003 0BSS6327 0BSS6226 0BSS060E",
+    rows("pad equaliser", "IM 0003 0BSS6327 0BSS6226 0BSS060E",
          [module](quint8 channel) { qconnectpad_eq(module, nullptr).setPadEqMidQ(1.0, 38, channel); });
-    rows("master compressor", "494D0003 0BSS6338 0BSS621C 0BSS0604",
+    rows("master compressor", "IM 0003 0BSS6338 0BSS621C 0BSS0604",
          [module](quint8 channel) { qconnectmaster_cp(module, nullptr).setMasterCpRatio(4, channel); });
-    rows("headphone compressor", "494D0003 0BSS633A 0BSS621F 0BSS0600",
+    rows("headphone compressor", "IM 0003 0BSS633A 0BSS621F 0BSS0600",
          [module](quint8 channel) { qconnecthead_cp(module, nullptr).requestLevelUpdate(channel); });
-    rows("monitor compressor", "494D0003 0BSS6339 0BSS621B 0BSS06C8", [module](quint8 channel) {
+    rows("monitor compressor", "IM 0003 0BSS6339 0BSS621B 0BSS06C8", [module](quint8 channel) {
         qconnectmonitor_cp(module, nullptr).setMonitorCpThreshold(200, channel);
     });
-    rows("pad compressor", "494D0003 0BSS632F 0BSS6226 0BSS0600",
+    rows("pad compressor", "IM 0003 0BSS632F 0BSS6226 0BSS0600",
          [module](quint8 channel) { qconnectpad_cp(module, nullptr).requestLevelUpdate(38, channel); });
-    rows("pad instrument", "494D0003 0BSS6318 0BSS6226 0BSS0634", [module](quint8 channel) {
+    rows("pad instrument", "IM 0003 0BSS6318 0BSS6226 0BSS0634", [module](quint8 channel) {
         qconnectpad_instrument(module, nullptr).setInstrumentCoarseTuning(-12, 38, channel);
     });
-    rows("second sound", "494D0003 0BSS6312 0BSS6226 0BSS0602 | 494D0003 0BSS6314 0BSS6226 0BSS062C",
+    rows("second sound", "IM 0003 0BSS6312 0BSS6226 0BSS0602 | IM 0003 0BSS6314 0BSS6226 0BSS062C",
          [module](quint8 channel) {
              qconnectpad_extra(module, nullptr).setPadExtraSecondSoundSelect(300, 38, channel);
          });
-    rows("pad mixer", "494D0004 0BSS630F 0BSS6226 0BSS2602 0BSS0601", [module](quint8 channel) {
+    rows("pad mixer", "IM 0004 0BSS630F 0BSS6226 0BSS2602 0BSS0601", [module](quint8 channel) {
         qconnectpad_mixer(module, nullptr).setPadMixerMultiFXDirect(1, 2, 38, channel);
     });
-    rows("effects", "494D0003 0BSS6304 0BSS6206 0BSS061F", [module](quint8 channel) {
+    rows("effects", "IM 0003 0BSS6304 0BSS6206 0BSS061F", [module](quint8 channel) {
         qconnecteffects(module, nullptr).setMultiFxParam2(0.25, 1.0, 0.0, 0, channel);
     });
-    rows("trigger", "494D0003 0BSS6341 0BSS6203 0BSS0628",
+    rows("trigger", "IM 0003 0BSS6341 0BSS6203 0BSS0628",
          [module](quint8 channel) { qconnecttrigger(module, nullptr).setTriggerGain(40, 3, channel); });
-    rows("trigger transfer end", "494D0003 0BSS634F 0BSS6226 0BSS0600",
+    rows("trigger transfer end", "IM 0003 0BSS634F 0BSS6226 0BSS0600",
          [module](quint8 channel) { qconnecttrigger(module, nullptr).sendTriggerTransferEnd(38, channel); });
-    rows("MIDI test", "494D0003 0BSS6337 0BSS6251 0BSS0623",
+    rows("MIDI test", "IM 0003 0BSS6337 0BSS6251 0BSS0623",
          [module](quint8 channel) { qconnectpad(module, nullptr).sendMidiAutoTest(channel); });
-    rows("pad equaliser, frequency", "494D0004 0BSS6326 0BSS625F 0BSS2668 0BSS0607",
+    rows("pad equaliser, frequency", "IM 0004 0BSS6326 0BSS625F 0BSS2668 0BSS0607",
          [module](quint8 channel) { qconnectpad_eq(module, nullptr).setPadEqHighFreq(1000, 95, channel); });
-    rows("MIDI set-up", "494D0003 0BSS6337 0BSS6225 0BSS0609",
+    rows("MIDI set-up", "IM 0003 0BSS6337 0BSS6225 0BSS0609",
          [module](quint8 channel) { qconnectmidi(module, nullptr).setSnareChannel(9, channel); });
-    rows("LED brightness", "494D0003 0BSS6337 0BSS6240 0BSS065A",
+    rows("LED brightness", "IM 0003 0BSS6337 0BSS6240 0BSS065A",
          [module](quint8 channel) { qconnectled(module, nullptr).setBrightness(90, channel); });
-    rows("note", "494D0001 09NN3C64 | 494D0001 08PP3C00",
+    rows("note", "IM 0001 09NN3C64 | IM 0001 08PP3C00",
          [module](quint8 channel) { qconnectpad(module, nullptr).sendMidiNote(60, 100, channel); });
-    rows("free parameter", "494D0003 0BSS6301 0BSS6202 0BSS067F",
+    rows("free parameter", "IM 0003 0BSS6301 0BSS6202 0BSS067F",
          [module](quint8 channel) { qconnectpad(module, nullptr).sendNrpn(1, 2, 200, channel); });
-    rows("mix-input gain", "494D0003 0BSS633C 0BSS6221 0BSS0640 | 494D0003 0BSS633F 0BSS6221 0BSS0640",
+    rows("mix-input gain", "IM 0003 0BSS633C 0BSS6221 0BSS0640 | IM 0003 0BSS633F 0BSS6221 0BSS0640",
          [module](quint8 channel) { qconnectpad(module, nullptr).sendMidiMixInputGain(64, channel); });
-    rows("power off", "50570002 0BSS634F 0BSS6246",
+    rows("power off", "PW 0002 0BSS634F 0BSS6246",
          [module](quint8 channel) { qconnectswitches(module, nullptr).setPowerSwitch(false, channel); });
-    rows("auto-off", "494D0003 0BSS6337 0BSS6242 0BSS062C",
+    rows("auto-off", "IM 0003 0BSS6337 0BSS6242 0BSS062C",
          [module](quint8 channel) { qconnectswitches(module, nullptr).setAutoOff(300, channel); });
-    rows("sample slots", "494D0003 0BSS633D 0BSS6270 0BSS0605",
+    rows("sample slots", "IM 0003 0BSS633D 0BSS6270 0BSS0605",
          [module](quint8 channel) { qconnectfirmware(module, nullptr).deleteIsSlot(5, channel); });
-    rows("all sample slots", "494D0003 0BSS633D 0BSS627F 0BSS067E",
+    rows("all sample slots", "IM 0003 0BSS633D 0BSS627F 0BSS067E",
          [module](quint8 channel) { qconnectfirmware(module, nullptr).deleteAllSlots(channel); });
 }
 
@@ -178,13 +179,13 @@ void ChannelsTest::statusByte()
 void ChannelsTest::programKeepsItsChannel()
 {
     qconnectprogram(m_module.data(), nullptr).setNewProgram(5);
-    compareSent("494D0001 0CC90500");
+    compareSent("IM 0001 0CC90500");
 }
 
-void ChannelsTest::autoTest()
+void ChannelsTest::autoTestIsSent()
 {
     qconnectpad(m_module.data(), nullptr).sendMidiAutoTest(9);
-    compareSent("494D0003 0BB96337 0BB96251 0BB90623");
+    compareSent("IM 0003 0BB96337 0BB96251 0BB90623");
 }
 
 void ChannelsTest::switchingOnSendsNothing()
@@ -194,11 +195,11 @@ void ChannelsTest::switchingOnSendsNothing()
     QVERIFY(!m_peer.hasPending());
 }
 
-// It looks at the clock until the time has passed: it neither sleeps, which may take longer, nor lets
-// anything else happen meanwhile.
-void ChannelsTest::transferEndTakesItsTime()
+// The method polls the clock until the time has passed. It neither sleeps, which could take longer, nor
+// processes events.
+void ChannelsTest::transferEndBlocksFor100Ms()
 {
-    // Of a hundred milliseconds; a busy machine may give this thread less than its share.
+    // Of 100 ms. A busy machine can give this thread less than its share.
     constexpr qint64 leastWorkUs = 2000;
     constexpr int attempts = 5;
     qint64 workedUs = 0;
@@ -213,9 +214,9 @@ void ChannelsTest::transferEndTakesItsTime()
         workedUs = processorTimeUs() - beforeUs;
         QVERIFY2(elapsedMs >= 100, qPrintable(QString::number(elapsedMs)));
         QVERIFY(!somethingHappened);
-        // The marker left before the pause: it lies there without any waiting.
+        // The datagram was sent before the pause, so it has already arrived.
         QVERIFY(m_peer.hasPending());
-        compareSent("494D0003 0BB9634F 0BB96226 0BB90600");
+        compareSent("IM 0003 0BB9634F 0BB96226 0BB90600");
         QTRY_VERIFY_WITH_TIMEOUT(somethingHappened, patienceMs);
     }
     QVERIFY2(workedUs > leastWorkUs, qPrintable(QString::number(workedUs)));

@@ -16,7 +16,7 @@ constexpr double tiny = std::numeric_limits<double>::denorm_min();
 
 } // namespace
 
-/// How settings become data bytes; values worked out by hand.
+/// The encoding of settings as data bytes. The values are calculated by hand.
 class EncodingsTest : public QObject
 {
     Q_OBJECT
@@ -270,15 +270,15 @@ void EncodingsTest::continuousParameter_data()
     QTest::newRow("above an empty range") << 5.0 << 3.0 << 3.0 << 0;
     QTest::newRow("below an empty range") << 1.0 << 3.0 << 3.0 << 0;
     QTest::newRow("not a number") << notANumber << 0.0 << 1.0 << 0;
-    QTest::newRow("range from no number") << 0.5 << notANumber << 1.0 << 0;
-    QTest::newRow("range to no number") << 0.5 << 0.0 << notANumber << 0;
-    QTest::newRow("no number at all") << notANumber << notANumber << notANumber << 0;
+    QTest::newRow("lower end not a number") << 0.5 << notANumber << 1.0 << 0;
+    QTest::newRow("upper end not a number") << 0.5 << 0.0 << notANumber << 0;
+    QTest::newRow("value and range not a number") << notANumber << notANumber << notANumber << 0;
     QTest::newRow("infinite") << infinity << 0.0 << 1.0 << 127;
     QTest::newRow("infinite below") << -infinity << 0.0 << 1.0 << 0;
-    QTest::newRow("endless range") << 1.0 << 0.0 << infinity << 0;
-    QTest::newRow("at the end of an endless range") << infinity << 0.0 << infinity << 0;
-    QTest::newRow("range endless below") << 1.0 << -infinity << 2.0 << 0;
-    QTest::newRow("range endless on both sides") << 1.0 << -infinity << infinity << 0;
+    QTest::newRow("infinite range") << 1.0 << 0.0 << infinity << 0;
+    QTest::newRow("at the end of an infinite range") << infinity << 0.0 << infinity << 0;
+    QTest::newRow("range infinite below") << 1.0 << -infinity << 2.0 << 0;
+    QTest::newRow("range infinite on both sides") << 1.0 << -infinity << infinity << 0;
     QTest::newRow("huge") << huge << 0.0 << 1.0 << 127;
     QTest::newRow("huge below") << -huge << 0.0 << 1.0 << 0;
     QTest::newRow("range too wide for a number") << 0.0 << -huge << huge << 0;
@@ -328,7 +328,7 @@ void EncodingsTest::steppedParameter_data()
 void EncodingsTest::steppedParameter()
 {
     QFETCH(double, value);
-    // The range is not looked at, whatever it is.
+    // The range is ignored.
     QTEST(int(effectParameter(value, 0.0, 1.0, 1)), "byte");
     QTEST(int(effectParameter(value, notANumber, notANumber, 1)), "byte");
     QTEST(int(effectParameter(value, 5.0, 5.0, 1)), "byte");

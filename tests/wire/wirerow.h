@@ -5,15 +5,16 @@
 namespace zelta {
 namespace wire {
 
-/// One call of a method and everything that it must put on the wire.
+/// One call of a method and all datagrams that it must send.
 struct WireRow
 {
     const char *method;
-    const char *arguments; ///< as QML writes them
+    const char *arguments; ///< as in a QML expression
     const char *meaning;
-    const char *datagrams; ///< hex, in their order; '|' ends a datagram, an empty text stands for silence
-    int calls = 1;         ///< the datagrams come once per call
-    const char *warning = nullptr; ///< what is logged instead of a datagram
+    const char
+        *datagrams; ///< as datagrams() reads them, in their order; an empty text means that nothing is sent
+    int calls = 1;  ///< number of calls; each one sends the datagrams
+    const char *warning = nullptr; ///< the warning that is logged instead of a datagram
 };
 
 extern const testsupport::Table<WireRow> directRows;
