@@ -5,14 +5,15 @@
 namespace zelta {
 namespace inbound {
 
-/// What the engine sends and everything that this changes.
+/// What the engine sends and all changes that it causes.
 struct InboundRow
 {
     const char *name;
-    const char *sent;            ///< datagrams in hex, '|' between them
-    const char *expectedSignals; ///< in their order, '|' between them; hand-overs to the controllers left out
-    const char *changed;         ///< "property=value", '|' between them, in the order of the properties
-    const char *earlier = "";    ///< datagrams that came before and are not looked at
+    const char *sent; ///< as datagrams() reads them
+    const char
+        *expectedSignals;     ///< in their order, '|' between them, without the signals for the controllers
+    const char *changed;      ///< "property=value", '|' between them, in the order of the properties
+    const char *earlier = ""; ///< datagrams sent before, whose effects are not checked
 };
 
 extern const testsupport::Table<InboundRow> eventRows;

@@ -1,5 +1,5 @@
 #include "support/connectedmodule.h"
-#include "support/hex.h"
+#include "support/datagram.h"
 #include "support/texts.h"
 
 #include <QGuiApplication>
@@ -16,7 +16,7 @@ struct PadEvent
     quint32 packed; ///< zone, pad, note, 100
 };
 
-// Any event with this byte ends a SysEx message, wherever the byte stands.
+// This byte ends a SysEx message at any position.
 constexpr int sysExEnd = 0xF7;
 
 constexpr PadEvent strikes[] = {
@@ -50,10 +50,7 @@ QHash<int, quint32> table(const PadEvent (&events)[size])
 
 QByteArray noteEvent(const char *head, int note)
 {
-    QByteArray datagram = hex(head);
-    datagram.append(char(100));
-    datagram.append(char(note));
-    return datagram;
+    return datagram(head) + char(100) + char(note);
 }
 
 QString handOver(int status, int note)
@@ -63,7 +60,7 @@ QString handOver(int status, int note)
 
 } // namespace
 
-/// The pad maps, note by note: all 128 notes and the 128 values above them that no note has.
+/// The maps from notes to pads: all 128 notes, and the 128 values above them.
 class PadNotesTest : public QObject
 {
     Q_OBJECT
@@ -110,7 +107,7 @@ void PadNotesTest::strike()
     expected += handOver(0x9909, note);
 
     ConnectedModule connected;
-    QVERIFY(connected.deliver({noteEvent("494D4143 9909", note)}));
+    QVERIFY(connected.deliver({noteEvent("IM AC 9909", note)}));
     QCOMPARE(connected.recorder.texts(), expected);
     QCOMPARE(connected.module.note(), packed);
     QCOMPARE(connected.module.afterTouchNote(), 0U);
@@ -134,7 +131,7 @@ void PadNotesTest::pressure()
     expected += handOver(0xA90A, note);
 
     ConnectedModule connected;
-    QVERIFY(connected.deliver({noteEvent("494D4143 A90A", note)}));
+    QVERIFY(connected.deliver({noteEvent("IM AC A90A", note)}));
     QCOMPARE(connected.recorder.texts(), expected);
     QCOMPARE(connected.module.afterTouchNote(), packed);
     QCOMPARE(connected.module.note(), 0U);

@@ -11,7 +11,7 @@ using namespace testsupport;
 using Report = std::function<bool(QObject *module)>;
 Q_DECLARE_METATYPE(Report)
 
-/// What the transfer engine reports, from the slots that it is connected to: each one has its own signal.
+/// Reports of the transfer engine. Each slot to which it is connected emits its own signal.
 class RelaysTest : public QObject
 {
     Q_OBJECT
@@ -119,7 +119,7 @@ void RelaysTest::progress()
         QCOMPARE(connected.recorder.texts(), signalTexts);
         const double sum = connected.module.soundBankProgress() + connected.module.triggerBankProgress() +
                            connected.module.btfwProgress();
-        QCOMPARE(sum, value); // the other two stay where they are
+        QCOMPARE(sum, value); // the other two do not change
     }
 }
 

@@ -1,6 +1,6 @@
 #include "inbound/inboundrow.h"
 #include "support/connectedmodule.h"
-#include "support/hex.h"
+#include "support/datagram.h"
 #include "support/logcatcher.h"
 #include "support/texts.h"
 
@@ -28,16 +28,7 @@ QStringList parts(const char *text)
     return result;
 }
 
-QList<QByteArray> datagrams(const char *text)
-{
-    QList<QByteArray> result;
-    const QStringList pieces = parts(text);
-    for (const QString &part : pieces)
-        result += hex(part.toLatin1().constData());
-    return result;
-}
-
-// Pad events are packed numbers, which only hex shows.
+// Pad events are packed numbers, which are readable only in hex.
 QString valueText(const char *name, const QVariant &value)
 {
     const QByteArray property(name);
@@ -50,16 +41,19 @@ QString valueText(const char *name, const QVariant &value)
     return value.toString();
 }
 
-// "property=value" of every property.
+QString propertyText(const QObject &module, const QMetaProperty &property)
+{
+    return QLatin1String(property.name()) + QLatin1Char('=') +
+           valueText(property.name(), property.read(&module));
+}
+
+// "property=value" for every property.
 QStringList propertyTexts(const QObject &module)
 {
     QStringList result;
     const QMetaObject *meta = module.metaObject();
-    for (int i = meta->propertyOffset(); i < meta->propertyCount(); ++i) {
-        const QMetaProperty property = meta->property(i);
-        result += QLatin1String(property.name()) + QLatin1Char('=') +
-                  valueText(property.name(), property.read(&module));
-    }
+    for (int i = meta->propertyOffset(); i < meta->propertyCount(); ++i)
+        result += propertyText(module, meta->property(i));
     return result;
 }
 
@@ -79,7 +73,7 @@ bool isHandOver(const QString &signalText)
            signalText.startsWith(QLatin1String("potPacketArrived("));
 }
 
-// The hand-overs that the datagrams must cause: one for each MIDI and pot event.
+// Each MIDI and pot event is forwarded to the controllers once.
 int handOversDue(const QList<QByteArray> &datagrams)
 {
     int count = 0;
@@ -88,10 +82,42 @@ int handOversDue(const QList<QByteArray> &datagrams)
     return count;
 }
 
+/// Reads each property of an object whenever its signal is emitted.
+class NotifiedValues : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit NotifiedValues(const QObject *object)
+    {
+        const int slot = metaObject()->indexOfSlot("read()");
+        const QMetaObject *meta = object->metaObject();
+        for (int i = meta->propertyOffset(); i < meta->propertyCount(); ++i)
+            QMetaObject::connect(object, meta->property(i).notifySignalIndex(), this, slot,
+                                 Qt::UniqueConnection);
+    }
+
+    /// "property=value" for each value that was read.
+    QStringList texts() const { return m_texts; }
+
+private Q_SLOTS:
+    void read()
+    {
+        const QMetaObject *meta = sender()->metaObject();
+        for (int i = meta->propertyOffset(); i < meta->propertyCount(); ++i) {
+            if (meta->property(i).notifySignalIndex() == senderSignalIndex())
+                m_texts += propertyText(*sender(), meta->property(i));
+        }
+    }
+
+private:
+    QStringList m_texts;
+};
+
 } // namespace
 
-/// Everything that the engine reports, from the socket to the property and the signal, and nothing else.
-class InboundTest : public QObject
+/// Reports of the engine, from the socket to the property and the signal. Nothing else may change.
+class ReportsTest : public QObject
 {
     Q_OBJECT
 
@@ -104,21 +130,11 @@ private Q_SLOTS:
     void tempoIsLogged_data();
     void tempoIsLogged();
     void onlyTempoIsLogged();
-    void signalsComeInTheGuiThread();
-    void propertyIsSetWhenItsSignalComes_data();
-    void propertyIsSetWhenItsSignalComes();
-    void totalFlashSizeComesFirst();
-
-public Q_SLOTS:
-    void readWatched() { m_seen += m_watched->property(m_watchedProperty.constData()); }
-
-private:
-    const QObject *m_watched = nullptr;
-    QByteArray m_watchedProperty;
-    QVariantList m_seen;
+    void signalsAreEmittedInTheGuiThread();
+    void totalFlashSizeIsReportedFirst();
 };
 
-void InboundTest::stateAtTheStart()
+void ReportsTest::stateAtTheStart()
 {
     const QConnectQmlPlugin module;
     QStringList unexpected;
@@ -132,7 +148,7 @@ void InboundTest::stateAtTheStart()
                                 "triggerBankVersion=V 0"}));
 }
 
-void InboundTest::report_data()
+void ReportsTest::report_data()
 {
     QTest::addColumn<QList<QByteArray>>("earlier");
     QTest::addColumn<QList<QByteArray>>("sent");
@@ -145,7 +161,7 @@ void InboundTest::report_data()
     }
 }
 
-void InboundTest::report()
+void ReportsTest::report()
 {
     QFETCH(QList<QByteArray>, earlier);
     QFETCH(QList<QByteArray>, sent);
@@ -157,6 +173,7 @@ void InboundTest::report()
     QVERIFY(connected.deliver(earlier));
     connected.recorder.clear();
     const QStringList before = propertyTexts(connected.module);
+    const NotifiedValues notified(&connected.module);
 
     QVERIFY(connected.deliver(sent));
     QStringList signalTexts = connected.recorder.texts();
@@ -165,50 +182,50 @@ void InboundTest::report()
     QCOMPARE(signalTexts, expectedSignals);
     QCOMPARE(all - signalTexts.size(), handOversDue(sent));
     QCOMPARE(changes(before, propertyTexts(connected.module)), changed);
-    // A report is never answered.
+    // Each property has its value before its signal is emitted.
+    QCOMPARE(changes(notified.texts(), changed), QStringList());
+    // The module never answers a report.
     QVERIFY(connected.peer.nothingSentBy(&connected.module));
 }
 
-void InboundTest::handOver_data()
+void ReportsTest::handOver_data()
 {
     QTest::addColumn<QByteArray>("sent");
-    QTest::addColumn<QString>("expectedSignal");
-    QTest::newRow("strike") << hex("494D4143 9909 6426")
-                            << QStringLiteral("notePacketArrived(18765, 39177, 25638)");
+    QTest::addColumn<QStringList>("expectedSignals");
+    QTest::newRow("position") << datagram("IM AC B90B 2A10")
+                              << texts({"positionChanged()", "notePacketArrived(18765, 47371, 10768)"});
+    QTest::newRow("program") << datagram("IM AC C90C 0005")
+                             << texts({"programChanged(5)", "notePacketArrived(18765, 51468, 5)"});
     QTest::newRow("unknown MIDI event")
-        << hex("494D4143 FFFF FFFE") << QStringLiteral("notePacketArrived(18765, 65535, 65534)");
-    QTest::newRow("pot") << hex("434F4143 0002 0001") << QStringLiteral("potPacketArrived(17231, 2, 1)");
-    QTest::newRow("unknown pot") << hex("434F4143 0102 0304")
-                                 << QStringLiteral("potPacketArrived(17231, 258, 772)");
+        << datagram("IM AC FFFF FFFE") << texts({"notePacketArrived(18765, 65535, 65534)"});
+    QTest::newRow("pot") << datagram("CO AC 0002 0001")
+                         << texts({"triggerPot2Inc()", "potPacketArrived(17231, 2, 1)"});
+    QTest::newRow("unknown pot") << datagram("CO AC 0102 0304")
+                                 << texts({"potPacketArrived(17231, 258, 772)"});
 }
 
-void InboundTest::handOver()
+// A controller handles an event before handlers of the event itself are called.
+void ReportsTest::handOver()
 {
     QFETCH(QByteArray, sent);
-    QFETCH(QString, expectedSignal);
+    QFETCH(QStringList, expectedSignals);
     ConnectedModule connected;
     QVERIFY(connected.deliver({sent}));
-    QStringList handOvers;
-    const QStringList signalTexts = connected.recorder.texts();
-    for (const QString &text : signalTexts) {
-        if (isHandOver(text))
-            handOvers += text;
-    }
-    QCOMPARE(handOvers, QStringList{expectedSignal});
+    QCOMPARE(connected.recorder.texts(), expectedSignals);
 }
 
-void InboundTest::tempoIsLogged_data()
+void ReportsTest::tempoIsLogged_data()
 {
     QTest::addColumn<QList<QByteArray>>("sent");
     QTest::addColumn<QStringList>("lines");
-    QTest::newRow("tempo") << datagrams("544D 4143 0078 0000") << texts({"updateTempo 120"});
-    QTest::newRow("tempo 0") << datagrams("544D 4143 0000 0000") << texts({"updateTempo 0"});
-    QTest::newRow("highest") << datagrams("544D 4143 FFFF 0000") << texts({"updateTempo 65535"});
-    QTest::newRow("same tempo again") << datagrams("544D 4143 0078 0000 | 544D 4143 0078 0000")
-                                      << texts({"updateTempo 120", "updateTempo 120"});
+    QTest::newRow("tempo") << datagrams("TM AC 0078 0000") << texts({"updateTempo 120"});
+    QTest::newRow("tempo 0") << datagrams("TM AC 0000 0000") << texts({"updateTempo 0"});
+    QTest::newRow("highest") << datagrams("TM AC FFFF 0000") << texts({"updateTempo 65535"});
+    QTest::newRow("same tempo again")
+        << datagrams("TM AC 0078 0000 | TM AC 0078 0000") << texts({"updateTempo 120", "updateTempo 120"});
 }
 
-void InboundTest::tempoIsLogged()
+void ReportsTest::tempoIsLogged()
 {
     QFETCH(QList<QByteArray>, sent);
     QFETCH(QStringList, lines);
@@ -219,18 +236,20 @@ void InboundTest::tempoIsLogged()
     QCOMPARE(log.warnings(), QStringList());
 }
 
-void InboundTest::onlyTempoIsLogged()
+void ReportsTest::onlyTempoIsLogged()
 {
     LogCatcher log;
     ConnectedModule connected;
-    QVERIFY(connected.deliver(
-        datagrams("5357 4143 5057 0001 | 5357 4143 4135 0001 | 4254 4143 0000 0000 | 494D 4143 9909 643C | "
-                  "434F 4143 0004 0001 | 4352 0007 0046 0046 0046 0046 0046 0046 | 4142 4143 0001 0002")));
+    QVERIFY(connected.deliver(datagrams(
+        "SW AC PW 0001 | SW AC 4135 0001 | BT AC 0000 0000 | IM AC 9909 643C | "
+        "CO AC 0004 0001 | FR AC 0001 0002 | CR 0007 0046 0046 0046 0046 0046 0046 | "
+        "DR 0046 008C 00D2 0118 015E 01A4 01EA 0230 0276 02BC 0302 0348 038E 03D4 041A 0460 04A6 04EC | "
+        "AB AC 0001 0002")));
     QCOMPARE(log.debugTexts(), QStringList());
     QCOMPARE(log.warnings(), QStringList());
 }
 
-void InboundTest::signalsComeInTheGuiThread()
+void ReportsTest::signalsAreEmittedInTheGuiThread()
 {
     ConnectedModule connected;
     QList<QThread *> threads;
@@ -243,56 +262,15 @@ void InboundTest::signalsComeInTheGuiThread()
     connect(&connected.module, &QConnectQmlPlugin::outputLevelsChanged, this, note, Qt::DirectConnection);
     connect(&connected.module, &QConnectQmlPlugin::sysEx, this, note, Qt::DirectConnection);
     QVERIFY(connected.deliver(datagrams(
-        "5357 4143 5057 0001 | 494D 4143 9909 6426 | 4352 0000 0046 0046 0046 0046 0046 0046 | "
-        "4452 0046 008C 00D2 0118 015E 01A4 01EA 0230 0276 02BC 0302 0348 038E 03D4 041A 0460 04A6 04EC | "
-        "494D 4143 0F70 0000")));
+        "SW AC PW 0001 | IM AC 9909 6426 | CR 0000 0046 0046 0046 0046 0046 0046 | "
+        "DR 0046 008C 00D2 0118 015E 01A4 01EA 0230 0276 02BC 0302 0348 038E 03D4 041A 0460 04A6 04EC | "
+        "IM AC 0F70 0000")));
     QCOMPARE(threads.size(), 5);
     QCOMPARE(threads.count(QThread::currentThread()), 5);
 }
 
-void InboundTest::propertyIsSetWhenItsSignalComes_data()
-{
-    QTest::addColumn<QByteArray>("sent");
-    QTest::addColumn<QByteArray>("property");
-    QTest::addColumn<QVariant>("value");
-    QTest::newRow("note") << hex("494D4143 9909 6426") << QByteArray("note") << QVariant(0x12664U);
-    QTest::newRow("aftertouch") << hex("494D4143 A90A 7F31") << QByteArray("afterTouchNote")
-                                << QVariant(0x408317FU);
-    QTest::newRow("position") << hex("494D4143 B90B 4004") << QByteArray("position") << QVariant(0x440U);
-    QTest::newRow("beat") << hex("42544143 0003 0000") << QByteArray("beat") << QVariant(3U);
-    QTest::newRow("tempo") << hex("544D4143 0078 0000") << QByteArray("tempo") << QVariant(120U);
-    QTest::newRow("power") << hex("53574143 5057 0001") << QByteArray("powerPressed") << QVariant(true);
-    QTest::newRow("home") << hex("53574143 484D 0001") << QByteArray("homeButtonPressed") << QVariant(true);
-    QTest::newRow("first of a report")
-        << hex("4352 0002 0046 0000 0000 0000 0000 0046") << QByteArray("headCpInL") << QVariant(1.0);
-    QTest::newRow("last of a report")
-        << hex("4352 0002 0046 0000 0000 0000 0000 0046") << QByteArray("headCpOutR") << QVariant(1.0);
-    QTest::newRow("flash size") << hex("46524143 0001 0002") << QByteArray("flashSize") << QVariant(262144U);
-    QTest::newRow("total flash size")
-        << hex("46524143 0001 0002") << QByteArray("totalFlashSize") << QVariant(131076U);
-}
-
-void InboundTest::propertyIsSetWhenItsSignalComes()
-{
-    QFETCH(QByteArray, sent);
-    QFETCH(QByteArray, property);
-    QFETCH(QVariant, value);
-    ConnectedModule connected;
-    const QMetaObject *meta = connected.module.metaObject();
-    const QMetaMethod notify = meta->property(meta->indexOfProperty(property.constData())).notifySignal();
-
-    m_watched = &connected.module;
-    m_watchedProperty = property;
-    m_seen.clear();
-    // What SIGNAL() makes of a signature.
-    const QByteArray signal = '2' + notify.methodSignature();
-    connect(&connected.module, signal.constData(), this, SLOT(readWatched()));
-    QVERIFY(connected.deliver({sent}));
-    QCOMPARE(m_seen, QVariantList{value});
-}
-
-// Who hears of the total still finds the other one as it was.
-void InboundTest::totalFlashSizeComesFirst()
+// In a handler of totalSampleFlashSizeChanged() the other property still has its previous value.
+void ReportsTest::totalFlashSizeIsReportedFirst()
 {
     ConnectedModule connected;
     QVector<uint> sizes;
@@ -300,10 +278,10 @@ void InboundTest::totalFlashSizeComesFirst()
         sizes.append(connected.module.property("totalFlashSize").toUInt());
         sizes.append(connected.module.property("flashSize").toUInt());
     });
-    QVERIFY(connected.deliver({hex("46524143 0001 0002")}));
+    QVERIFY(connected.deliver({datagram("FR AC 0001 0002")}));
     QCOMPARE(sizes, (QVector<uint>{131076, 0}));
     QCOMPARE(connected.module.property("flashSize").toUInt(), 262144U);
 }
 
-QTEST_MAIN(InboundTest)
-#include "tst_inbound.moc"
+QTEST_MAIN(ReportsTest)
+#include "tst_reports.moc"
