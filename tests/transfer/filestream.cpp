@@ -9,10 +9,10 @@ quint32 number(const QByteArray &bytes, int offset, int width)
 
 } // namespace
 
-FileStream::FileStream(const QVector<QByteArray> &datagrams, const QByteArray &contentWord)
+FileStream::FileStream(const QVector<QByteArray> &datagrams, const QByteArray &tag)
 {
     for (const QByteArray &datagram : datagrams) {
-        if (datagram.mid(2, 2) != contentWord)
+        if (datagram.mid(2, 2) != tag)
             continue;
         const QByteArray kind = datagram.left(2);
         if (kind == "DS") {

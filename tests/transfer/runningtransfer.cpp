@@ -4,10 +4,10 @@
 
 namespace {
 
-// Much longer than it takes to hear what the engine says, on a machine that has much else to do as well.
+// Much longer than an answer of the engine takes, even on a busy machine.
 constexpr int durationMs = 2500;
 
-// A file that is being sent must not be written by the next one.
+// Each file has a folder of its own, so that the next one does not overwrite it while it is sent.
 QString ownFolder()
 {
     static int count = 0;

@@ -10,10 +10,10 @@
 
 namespace {
 
-constexpr quint16 hihatQuery = 0x484C;
-constexpr quint16 settledValue = 54321;
+constexpr Tag hihatQuery = "HL";
+constexpr quint16 fenceValue = 54321;
 
-// The address that this program was built for; sessions add a port.
+// The engine address of this program. Each session adds a port.
 QString engineAddress()
 {
     static const QString address =
@@ -72,7 +72,8 @@ QStringList Session::seen() const
 QString Session::difference(const QStringList &expected) const
 {
     if (m_recorder->foreignCount() > 0)
-        return QStringLiteral("%1 signals came in another thread than QML's").arg(m_recorder->foreignCount());
+        return QStringLiteral("%1 signals were emitted in another thread than the GUI thread")
+            .arg(m_recorder->foreignCount());
     const QStringList actual = seen();
     return actual == expected ? QString()
                               : QStringLiteral("expected %1; got %2")
@@ -90,22 +91,22 @@ bool Session::waitFor(const QString &signal, int timeoutMs) const
     return QTest::qWaitFor([&] { return m_recorder->hasText(signal, looked); }, timeoutMs);
 }
 
-bool Session::settle(int timeoutMs)
+bool Session::finishTasks(int timeoutMs)
 {
-    m_peer.answerQuery(hihatQuery, {{hihatQuery, settledValue, 0}});
+    m_peer.answerQuery(hihatQuery, {{hihatQuery, fenceValue, 0}});
     m_plugin->requestHHRawValue();
-    return waitFor(settled(), timeoutMs);
+    return waitFor(tasksFinished(), timeoutMs);
 }
 
-QString Session::settled()
+QString Session::tasksFinished()
 {
     return QStringLiteral("hihatRawValueChanged(54321)");
 }
 
-QString Session::differenceWhenSettled(const QStringList &expected, int timeoutMs)
+QString Session::differenceWhenFinished(const QStringList &expected, int timeoutMs)
 {
-    const QString unsettled = settle(timeoutMs) ? QString() : QStringLiteral("not settled; ");
-    return unsettled + difference(expected + QStringList{settled()});
+    const QString unfinished = finishTasks(timeoutMs) ? QString() : QStringLiteral("tasks not finished; ");
+    return unfinished + difference(expected + QStringList{tasksFinished()});
 }
 
 qint64 Session::destroyPlugin()
@@ -115,17 +116,6 @@ qint64 Session::destroyPlugin()
     m_recorder.reset();
     m_plugin.reset();
     return timer.elapsed();
-}
-
-QByteArray noise(int size, quint32 seed)
-{
-    QByteArray bytes(size, Qt::Uninitialized);
-    quint32 state = seed;
-    for (char &byte : bytes) {
-        state = state * 1664525U + 1013904223U;
-        byte = char(state >> 24);
-    }
-    return bytes;
 }
 
 QString TestFiles::write(const QString &name, const QByteArray &content) const

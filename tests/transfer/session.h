@@ -2,6 +2,7 @@
 
 #include "transferpeer.h"
 
+#include "support/noise.h"
 #include "support/patience.h"
 #include "support/signalrecorder.h"
 
@@ -16,7 +17,7 @@ class QConnectQmlPlugin;
 
 using testsupport::patienceMs;
 
-/// A control object and the engine it talks to. Several can live side by side, each with a port of its own.
+/// A control object and its engine. Several can exist side by side, each with a port of its own.
 class Session
 {
 public:
@@ -28,22 +29,22 @@ public:
     TransferPeer &peer() { return m_peer; }
     QConnectQmlPlugin &plugin() { return *m_plugin; }
 
-    /// What QML has seen, in order, as "name(value, ...)". Events that are passed on unread are left out,
-    /// because every answer of the engine is one; runs of a progress signal are counted: "name x12".
+    /// The signals that QML has received, in order, as "name(value, ...)". udpPacketArrived is left out:
+    /// every answer of the engine emits it. Consecutive progress signals are counted: "name x12".
     QStringList seen() const;
     void forgetSeen();
     bool waitFor(const QString &signal, int timeoutMs = patienceMs) const;
 
-    /// Proves that the transfer thread works off its queue: a query is queued behind all else, answered with
-    /// a value and seen. Whatever was to come before it has come then; seen() ends with settled().
-    bool settle(int timeoutMs = patienceMs);
-    static QString settled();
-    /// Empty when exactly these signals were seen, all of them in the thread of QML, otherwise what differs.
+    /// Queues a query behind everything else and waits for its answer. All earlier tasks have ended then, and
+    /// seen() ends with tasksFinished().
+    bool finishTasks(int timeoutMs = patienceMs);
+    static QString tasksFinished();
+    /// Empty when exactly these signals were emitted, all in the GUI thread; otherwise the difference.
     QString difference(const QStringList &expected) const;
-    /// Settles and compares: these signals, then settled(), and nothing else.
-    QString differenceWhenSettled(const QStringList &expected, int timeoutMs = patienceMs);
+    /// Finishes all tasks and compares: these signals, then tasksFinished(), and nothing else.
+    QString differenceWhenFinished(const QStringList &expected, int timeoutMs = patienceMs);
 
-    /// Deletes the control object and returns how many milliseconds that took.
+    /// Deletes the control object. Returns the time that took, in milliseconds.
     qint64 destroyPlugin();
 
 private:
@@ -52,14 +53,13 @@ private:
     std::unique_ptr<testsupport::SignalRecorder> m_recorder;
 };
 
-/// Bytes without a pattern, the same ones every time.
-QByteArray noise(int size, quint32 seed = 1);
+using testsupport::noise;
 
-/// A directory whose files are gone with it.
+/// A temporary directory; it is removed with its files.
 class TestFiles
 {
 public:
-    /// Writes a file, making its folders, and returns its path.
+    /// Writes a file and creates its folders. Returns its path.
     QString write(const QString &name, const QByteArray &content) const;
     QString path(const QString &name) const { return m_dir.filePath(name); }
 

@@ -133,6 +133,6 @@ TransferKind zeltaFirmwareKind()
 
 void answerOldVersions(TransferPeer &peer)
 {
-    peer.answerQuery(0x564E, {{0x564E, 1, 4}});
-    peer.answerQuery(0x5456, {{0x5456, 1, 4}});
+    peer.answerQuery("VN", {{"VN", 1, 4}});
+    peer.answerQuery("TV", {{"TV", 1, 4}});
 }

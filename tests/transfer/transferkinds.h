@@ -9,40 +9,40 @@
 class QConnectQmlPlugin;
 class TransferPeer;
 
-/// What a test has to know about a kind of file: how QML sends it, what the wire carries, what QML sees.
+/// A kind of file: how QML sends it, what is on the wire, which signals QML gets.
 struct TransferKind
 {
     const char *name;
     void (*send)(QConnectQmlPlugin &plugin, const QString &path);
-    const char *content; ///< content word
+    const char *content; ///< content tag
     int chunkBytes;
     int pauseMs;            ///< after every ten packets
     bool checksum;          ///< false: the end packet carries 0
-    QByteArray header;      ///< what the file must begin with
-    QByteArray startFields; ///< hex of what follows the size in the start packet
+    QByteArray header;      ///< first bytes of a valid file
+    QByteArray startFields; ///< start packet after the size, in hex
     QString fileName;
     QStringList before;  ///< signals before the data
     QString progress;    ///< signal per data packet, empty for none
     QString complete;    ///< signal at the end; %1 stands for the status, %2 for the number of resends
-    bool passesStatusOn; ///< the status is the engine's own word, also when the end failed
+    bool passesStatusOn; ///< reports the engine's status unchanged, also when the end failed
 
-    /// A file of that size that is good to be sent.
+    /// A valid file of that size.
     QByteArray file(int size, quint32 seed = 1) const;
-    /// Number of packets whose pauses take that long.
+    /// Number of packets that take that long to send.
     int packetsFor(int durationMs) const { return durationMs / pauseMs * 10; }
-    /// The signals at the end when the engine acknowledged it with that word.
+    /// The signals at the end when the engine acknowledges it with that status.
     QStringList completed(quint16 status, int resends = 0) const;
     /// The progress signals of that many packets.
     QStringList progressed(int packets) const;
 };
 
-/// All kinds but the firmware of the sound engine, which holds its sender up for another 20 s. Firmware needs
-/// an engine that reports version 0x00010004; answerOldVersions() makes it so.
+/// All kinds except firmware of the sound engine, which pauses for 20 s after its end. Firmware needs an
+/// engine that reports version 0x00010004, see answerOldVersions().
 QVector<TransferKind> quickKinds();
 
 TransferKind zeltaFirmwareKind();
 
-/// Makes the engine report versions that are one older than those of the firmware files.
+/// Makes the engine report version 0x00010004, one less than the version of the firmware files.
 void answerOldVersions(TransferPeer &peer);
 
 Q_DECLARE_METATYPE(TransferKind)

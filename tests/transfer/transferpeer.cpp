@@ -4,38 +4,35 @@
 
 #include <array>
 #include <cstdio>
-#include <cstring>
+#include <ctime>
 
-#include <arpa/inet.h>
 #include <linux/sock_diag.h>
-#include <netinet/in.h>
-#include <poll.h>
+#include <linux/sockios.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
-#include <sys/time.h>
 #include <unistd.h>
 
 namespace {
 
-constexpr quint16 enginePort = 19797;
-constexpr quint16 lastPort = 19997;
-constexpr int receiveBufferBytes = 8 * 1024 * 1024;
-// What CTest knows a skipped test by.
+// Marks a skipped test for CTest.
 constexpr int skippedExitCode = 77;
 constexpr int pollMs = 20;
 constexpr int longPauseMs = 1500;
 constexpr int silenceMs = 1000;
-const char marker[] = "marker";
 
-// Of a system that gives datagrams no time stamps, when this is called.
-qint64 arrivalNs(msghdr &message)
+QByteArray marker()
 {
-    timeval stamp = {};
-    ::gettimeofday(&stamp, nullptr);
-    for (cmsghdr *part = CMSG_FIRSTHDR(&message); part; part = CMSG_NXTHDR(&message, part)) {
-        if (part->cmsg_level == SOL_SOCKET && part->cmsg_type == SCM_TIMESTAMP)
-            std::memcpy(&stamp, CMSG_DATA(part), sizeof(stamp));
-    }
-    return stamp.tv_sec * Q_INT64_C(1000000000) + stamp.tv_usec * 1000;
+    return QByteArrayLiteral("marker");
+}
+
+// When the last datagram that was read arrived. The first call makes the kernel keep the times.
+qint64 arrivalNs(int descriptor)
+{
+    timespec stamp = {};
+    // Fails before the first datagram and on a system without time stamps.
+    if (::ioctl(descriptor, SIOCGSTAMPNS, &stamp) != 0)
+        ::clock_gettime(CLOCK_REALTIME, &stamp);
+    return stamp.tv_sec * Q_INT64_C(1000000000) + stamp.tv_nsec;
 }
 
 int word(const QByteArray &bytes, int offset)
@@ -47,26 +44,12 @@ int word(const QByteArray &bytes, int offset)
 
 TransferPeer::TransferPeer(const QString &address)
     : m_address(address)
-    , m_endAnswer{{0x4445, 0, 0}}
+    , m_socket(m_address, 0)
+    , m_endAnswer{{"DE", 0, 0}}
 {
-    m_socket = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-    if (::setsockopt(m_socket, SOL_SOCKET, SO_RCVBUFFORCE, &receiveBufferBytes, sizeof(receiveBufferBytes)) !=
-        0)
-        ::setsockopt(m_socket, SOL_SOCKET, SO_RCVBUF, &receiveBufferBytes, sizeof(receiveBufferBytes));
-    socklen_t bufferBytesSize = sizeof(m_bufferBytes);
-    ::getsockopt(m_socket, SOL_SOCKET, SO_RCVBUF, &m_bufferBytes, &bufferBytesSize);
-    const int on = 1;
-    ::setsockopt(m_socket, SOL_SOCKET, SO_TIMESTAMP, &on, sizeof(on));
-    sockaddr_in local = {};
-    local.sin_family = AF_INET;
-    ::inet_pton(AF_INET, qPrintable(address), &local.sin_addr);
-    for (m_port = enginePort; m_port < lastPort; ++m_port) {
-        local.sin_port = htons(m_port);
-        if (::bind(m_socket, reinterpret_cast<sockaddr *>(&local), sizeof(local)) == 0)
-            break;
-    }
-    if (m_port == lastPort)
-        qFatal("no free port at %s", qPrintable(address));
+    if (!m_socket.isOpen())
+        qFatal("%s", qPrintable(m_socket.errorString()));
+    arrivalNs(m_socket.descriptor());
     m_clock.start();
     m_thread = std::thread(&TransferPeer::serve, this);
 }
@@ -75,15 +58,14 @@ TransferPeer::~TransferPeer()
 {
     m_ended = true;
     m_thread.join();
-    ::close(m_socket);
 }
 
 QString TransferPeer::endpoint() const
 {
-    return QStringLiteral("%1:%2").arg(m_address).arg(m_port);
+    return QStringLiteral("%1:%2").arg(m_address.toString()).arg(m_socket.port());
 }
 
-void TransferPeer::answerQuery(quint16 query, const EngineEvents &events)
+void TransferPeer::answerQuery(Tag query, const EngineEvents &events)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_queryAnswers[query] = events;
@@ -128,15 +110,10 @@ void TransferPeer::forgetData()
 void TransferPeer::raise(const EngineEvent &event)
 {
     const char bytes[] = {
-        char(event.id >> 8), char(event.id & 0xFF), 'A', 'C', char(event.a >> 8), char(event.a & 0xFF),
-        char(event.b >> 8),  char(event.b & 0xFF)};
-    std::vector<char> sender;
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        sender = m_sender;
-    }
-    ::sendto(m_socket, bytes, sizeof(bytes), 0, reinterpret_cast<const sockaddr *>(sender.data()),
-             socklen_t(sender.size()));
+        char(event.tag >> 8), char(event.tag & 0xFF), 'A', 'C', char(event.a >> 8), char(event.a & 0xFF),
+        char(event.b >> 8),   char(event.b & 0xFF)};
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_socket.sendTo(QByteArray(bytes, sizeof(bytes)), m_moduleAddress, m_modulePort);
 }
 
 void TransferPeer::raiseAll(const EngineEvents &events)
@@ -148,9 +125,8 @@ void TransferPeer::raiseAll(const EngineEvents &events)
 QVector<QByteArray> TransferPeer::received() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    // Not shared with what goes on growing here: Qt looks whether a container is shared without ordering
-    // anything, so a copy that has just been read and dropped in another thread could be written over too
-    // early.
+    // Detached, because m_received changes in the other thread. Qt checks whether data is shared without
+    // memory ordering, so a shared copy could be overwritten while it is still read.
     QVector<QByteArray> copy = m_received;
     copy.detach();
     return copy;
@@ -190,12 +166,9 @@ bool TransferPeer::waitForPrefix(const QByteArray &prefix, int timeoutMs) const
 
 bool TransferPeer::waitUntilCaughtUp(int timeoutMs)
 {
-    sockaddr_in own = {};
-    socklen_t ownLength = sizeof(own);
-    ::getsockname(m_socket, reinterpret_cast<sockaddr *>(&own), &ownLength);
     const int markers = m_markers;
-    // Datagrams on the loopback network keep their order.
-    ::sendto(m_socket, marker, sizeof(marker), 0, reinterpret_cast<sockaddr *>(&own), ownLength);
+    // Loopback keeps the order of datagrams.
+    m_socket.sendTo(marker(), m_address, m_socket.port());
     return QTest::qWaitFor([&] { return m_markers > markers; }, timeoutMs);
 }
 
@@ -206,40 +179,28 @@ bool TransferPeer::waitUntilSilent(int timeoutMs) const
 
 void TransferPeer::serve()
 {
-    QByteArray buffer(65536, '\0');
+    QByteArray datagram;
     while (!m_ended) {
-        pollfd descriptor = {m_socket, POLLIN, 0};
-        if (::poll(&descriptor, 1, pollMs) <= 0) {
+        if (!m_socket.hasPending(pollMs)) {
             verifyNothingDropped();
             reactToPause();
             continue;
         }
-        sockaddr_in sender = {};
-        iovec space = {buffer.data(), size_t(buffer.size())};
-        alignas(cmsghdr) std::array<char, 128> control;
-        msghdr message = {};
-        message.msg_name = &sender;
-        message.msg_namelen = sizeof(sender);
-        message.msg_iov = &space;
-        message.msg_iovlen = 1;
-        message.msg_control = control.data();
-        message.msg_controllen = control.size();
-        const ssize_t length = ::recvmsg(m_socket, &message, 0);
-        if (length < 0)
+        if (!m_socket.receive(datagram))
             continue;
-        if (QByteArray::fromRawData(buffer.constData(), int(length)) == QByteArray(marker, sizeof(marker))) {
+        if (datagram == marker()) {
             ++m_markers;
             continue;
         }
         m_lastDatagramMs = m_clock.elapsed();
         {
             const std::lock_guard<std::mutex> lock(m_mutex);
-            const char *raw = reinterpret_cast<const char *>(&sender);
-            m_sender.assign(raw, raw + message.msg_namelen);
+            m_moduleAddress = m_socket.moduleAddress();
+            m_modulePort = m_socket.modulePort();
         }
-        if (!buffer.startsWith("DC"))
+        if (!datagram.startsWith("DC"))
             verifyNothingDropped();
-        react(QByteArray(buffer.constData(), int(length)), arrivalNs(message));
+        react(datagram, arrivalNs(m_socket.descriptor()));
     }
 }
 
@@ -247,18 +208,19 @@ void TransferPeer::verifyNothingDropped() const
 {
     std::array<quint32, SK_MEMINFO_VARS> figures{};
     socklen_t size = sizeof(figures);
-    if (::getsockopt(m_socket, SOL_SOCKET, SO_MEMINFO, figures.data(), &size) != 0)
+    if (::getsockopt(m_socket.descriptor(), SOL_SOCKET, SO_MEMINFO, figures.data(), &size) != 0)
         return;
     const quint32 dropped = figures[SK_MEMINFO_DROPS];
     if (dropped == 0)
         return;
-    // The kernel tells twice of what was asked for.
-    if (m_bufferBytes >= 2 * receiveBufferBytes)
-        qFatal("the kernel dropped %u datagrams, the engine's thread was kept from running", dropped);
+    const quint32 bufferBytes = figures[SK_MEMINFO_RCVBUF];
+    // The kernel reports twice the requested size.
+    if (bufferBytes >= 2 * EnginePeer::receiveBufferBytes)
+        qFatal("the kernel dropped %u datagrams because the engine's thread did not run", dropped);
     std::printf(
         "skipped: the kernel dropped %u datagrams, since net.core.rmem_max allows this user a receive "
-        "buffer of no more than %d bytes\n",
-        dropped, m_bufferBytes);
+        "buffer of no more than %u bytes\n",
+        dropped, bufferBytes);
     std::fflush(stdout);
     ::_exit(skippedExitCode);
 }

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "tag.h"
+
+#include "support/enginepeer.h"
+
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <QString>
@@ -13,72 +17,71 @@
 #include <thread>
 #include <vector>
 
-/// One event of the sound engine: its kind and two values.
+using testsupport::EnginePeer;
+
+/// One event of the sound engine: its tag and two values.
 struct EngineEvent
 {
-    quint16 id;
+    Tag tag;
     quint16 a;
     quint16 b;
 };
 using EngineEvents = std::vector<EngineEvent>;
 
-/// The sound engine's end of the wire, in a thread of its own. It keeps every datagram, answers queries and
-/// end packets, and raises events at chosen points of a transfer. All methods may be called from any thread.
+/// A simulated sound engine with a thread of its own. It keeps every datagram, answers queries and end
+/// packets, and sends events at chosen points of a transfer. All methods may be called from any thread.
 class TransferPeer
 {
 public:
-    /// Binds the address, at port 19797 or the next free one.
+    /// Binds the address at a free port.
     explicit TransferPeer(const QString &address);
     ~TransferPeer();
 
-    /// ADDRESS:PORT, as ZELTACONNECT_ENGINE takes it.
+    /// ADDRESS:PORT, for ZELTACONNECT_ENGINE.
     QString endpoint() const;
 
-    /// What a query is answered with; a query without an answer stays unanswered.
-    void answerQuery(quint16 query, const EngineEvents &events);
-    /// What follows an end packet; by default an acknowledgement without error.
+    /// Sets the answer to a query. By default queries are not answered.
+    void answerQuery(Tag query, const EngineEvents &events);
+    /// Sets the answer to an end packet; by default an acknowledgement without error.
     void answerEnd(const EngineEvents &events);
-    /// What follows the start packet.
+    /// Sets the answer to a start packet.
     void answerStart(const EngineEvents &events);
-    /// What follows the data packet of that number, once.
+    /// Sets the answer to the data packet with that number. It is sent once.
     void answerData(quint32 number, const EngineEvents &events);
-    /// What is raised, once, in the first pause of the stream that lasts longer than a second and a half.
+    /// Sets the events for the first pause of the stream that is longer than 1.5 s. They are sent once.
     void answerPause(const EngineEvents &events);
-    /// Sees every datagram in the peer's thread before it is answered.
+    /// Sets a function that is called with every datagram, in this object's thread, before the answer.
     void watch(const std::function<void(const QByteArray &)> &watcher);
-    /// Keeps data packets no longer; for transfers that are too large to hold.
+    /// Does not keep data packets from now on; for very large files.
     void forgetData();
 
-    /// Sends an event to whoever sent last.
+    /// Sends an event to the latest sender.
     void raise(const EngineEvent &event);
 
     QVector<QByteArray> received() const;
-    /// When the kernel took each of the datagrams received() from the sender, in nanoseconds. How long this
-    /// peer's thread took to read them makes no difference.
+    /// When the kernel received each datagram of received(), in nanoseconds since the epoch.
     QVector<qint64> receivedAtNs() const;
-    /// Waits while the caller's events are processed; false after timeoutMs.
+    /// Waits and processes the caller's events. Returns false after timeoutMs.
     bool waitForCount(int count, int timeoutMs) const;
-    /// The same for a datagram that begins with those bytes.
+    /// Waits for a datagram that begins with those bytes.
     bool waitForPrefix(const QByteArray &prefix, int timeoutMs) const;
-    /// Waits until all that was sent to this peer up to now has been received.
+    /// Waits until every datagram that was sent before the call has been received.
     bool waitUntilCaughtUp(int timeoutMs = 60000);
-    /// Waits until nothing has come for a second, longer than any pause between packets, resends apart.
+    /// Waits until no datagram has arrived for 1 s. Only the pause before a resend is longer.
     bool waitUntilSilent(int timeoutMs = 120000) const;
     /// Number of the last data packet, -1 before the first.
     qint64 lastDataNumber() const { return m_lastDataNumber; }
 
 private:
     void serve();
-    /// Ends the program when this socket was too full for a datagram: the product did not lose it.
+    /// Ends the program when the kernel dropped a datagram because the receive buffer was full.
     void verifyNothingDropped() const;
     void react(const QByteArray &datagram, qint64 arrivedNs);
     void reactToPause();
     void raiseAll(const EngineEvents &events);
 
-    QString m_address;
-    quint16 m_port = 0;
-    int m_socket = -1;
-    int m_bufferBytes = 0;
+    const QHostAddress m_address;
+    EnginePeer m_socket;
     std::thread m_thread;
     std::atomic<bool> m_ended{false};
     std::atomic<qint64> m_lastDataNumber{-1};
@@ -89,7 +92,8 @@ private:
     mutable std::mutex m_mutex;
     QVector<QByteArray> m_received;
     QVector<qint64> m_receivedAtNs;
-    std::vector<char> m_sender;
+    QHostAddress m_moduleAddress;
+    quint16 m_modulePort = 0;
     std::map<quint16, EngineEvents> m_queryAnswers;
     std::map<quint32, EngineEvents> m_dataAnswers;
     EngineEvents m_startAnswer;

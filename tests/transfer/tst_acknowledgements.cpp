@@ -4,17 +4,20 @@
 
 #include <QTest>
 
-// What the engine answers while a file is on its way, and at its end. Every case runs all kinds of files.
+#include <algorithm>
+#include <iterator>
+
+// Answers of the engine during and after the data. Every case runs all kinds of files.
 
 namespace {
 
-constexpr quint16 dataAck = 0x4443;
-constexpr quint16 endAck = 0x4445;
+constexpr Tag dataAck = "DC";
+constexpr Tag endAck = "DE";
 constexpr quint32 answeredPacket = 20;
 
 } // namespace
 
-class tst_Acknowledgements : public QObject
+class AcknowledgementsTest : public QObject
 {
     Q_OBJECT
 
@@ -28,6 +31,7 @@ private Q_SLOTS:
     void otherKinds();
     void end_data();
     void end();
+    void endAfterAFailedOne();
     void answersToNothing();
 
 private:
@@ -36,7 +40,7 @@ private:
     TestFiles m_files;
 };
 
-void tst_Acknowledgements::refusal_data()
+void AcknowledgementsTest::refusal_data()
 {
     QTest::addColumn<int>("word");
     QTest::addColumn<int>("endStatus");
@@ -50,8 +54,8 @@ void tst_Acknowledgements::refusal_data()
     QTest::newRow("code EF with a number, end bad") << 0x12EF << 0x0100;
 }
 
-// The stream ends, the end packet is sent, and its acknowledgement decides.
-void tst_Acknowledgements::refusal()
+// The data ends, the end packet is sent, and its acknowledgement decides the status.
+void AcknowledgementsTest::refusal()
 {
     QFETCH(const int, word);
     QFETCH(const int, endStatus);
@@ -62,7 +66,7 @@ void tst_Acknowledgements::refusal()
     });
     for (const auto &running : all) {
         const TransferKind &kind = running->kind;
-        QVERIFY2(running->session.settle(), kind.name);
+        QVERIFY2(running->session.finishTasks(), kind.name);
         const FileStream stream = running->stream();
         QCOMPARE(stream.fault, QString());
         QVERIFY2(stream.isPlain(stream.numbers.size()), kind.name);
@@ -71,13 +75,13 @@ void tst_Acknowledgements::refusal()
         QVERIFY2(running->content.startsWith(stream.content(kind.chunkBytes)), kind.name);
         QCOMPARE(stream.ends.size(), 1);
         QCOMPARE(stream.ends.first().mid(4).toHex().toUInt(nullptr, 16), kind.checksum ? stream.sum() : 0U);
-        QCOMPARE(
-            running->session.difference(running->expected(stream, quint16(endStatus)) << Session::settled()),
-            QString());
+        QCOMPARE(running->session.difference(running->expected(stream, quint16(endStatus))
+                                             << Session::tasksFinished()),
+                 QString());
     }
 }
 
-void tst_Acknowledgements::memoryFull_data()
+void AcknowledgementsTest::memoryFull_data()
 {
     QTest::addColumn<int>("word");
 
@@ -87,14 +91,14 @@ void tst_Acknowledgements::memoryFull_data()
     QTest::newRow("E2 with a number") << 0x12E2;
 }
 
-// No end packet. Imports tell with the engine's word; the others tell nothing. What is queued behind stays
-// queued until something new comes.
-void tst_Acknowledgements::memoryFull()
+// No end packet is sent. Imports report the engine's status, other kinds report nothing. The next task stays
+// in the queue until another one is queued.
+void AcknowledgementsTest::memoryFull()
 {
     QFETCH(const int, word);
 
     const RunningTransfers all = startAllKinds(m_files, [&](TransferPeer &peer) {
-        peer.answerQuery(0x534E, {{0x534E, 2, 3}});
+        peer.answerQuery("SN", {{"SN", 2, 3}});
         peer.answerData(answeredPacket, {{dataAck, 0, quint16(word)}});
     });
     for (const auto &running : all)
@@ -118,41 +122,45 @@ void tst_Acknowledgements::memoryFull()
         QCOMPARE(running->session.difference(expected), QString());
         QVERIFY2(!running->session.peer().received().contains(QByteArray("SN\0\0", 4)), kind.name);
 
-        QVERIFY2(running->session.settle(), kind.name);
-        expected << QStringLiteral("soundbankVersionChanged()") << Session::settled();
+        QVERIFY2(running->session.finishTasks(), kind.name);
+        expected << QStringLiteral("soundbankVersionChanged()") << Session::tasksFinished();
         QCOMPARE(running->session.difference(expected), QString());
     }
 }
 
-// Each file arrives as if the engine had said nothing on its way.
-void tst_Acknowledgements::verifyUndisturbed(const RunningTransfers &all)
+// Each file arrives as if the engine had sent no answer to its data.
+void AcknowledgementsTest::verifyUndisturbed(const RunningTransfers &all)
 {
     for (const auto &running : all) {
         const TransferKind &kind = running->kind;
-        QVERIFY2(running->session.settle(), kind.name);
+        QVERIFY2(running->session.finishTasks(), kind.name);
         const FileStream stream = running->stream();
         QVERIFY2(stream.isPlain(running->packets()), kind.name);
         QVERIFY2(stream.content(kind.chunkBytes) == running->content, kind.name);
         QCOMPARE(stream.ends.size(), 1);
-        QCOMPARE(running->session.difference(running->expected(stream, 0) << Session::settled()), QString());
+        QCOMPARE(running->session.difference(running->expected(stream, 0) << Session::tasksFinished()),
+                 QString());
     }
 }
 
-void tst_Acknowledgements::withoutEffect_data()
+void AcknowledgementsTest::withoutEffect_data()
 {
     QTest::addColumn<int>("id");
     QTest::addColumn<int>("a");
     QTest::addColumn<int>("b");
 
-    QTest::newRow("plain acknowledgement") << 0x4443 << 0 << 0;
-    QTest::newRow("acknowledgement with a number") << 0x4443 << 5 << 0x0100;
-    QTest::newRow("acknowledgement of the start") << 0x4453 << 0 << 0;
-    QTest::newRow("end, before the end") << 0x4445 << 0 << 5;
-    QTest::newRow("unknown kind") << 0x4142 << 5 << 0xBE;
-    QTest::newRow("kind 0") << 0 << 5 << 0xE1;
+    const auto row = [](const char *name, Tag id, int a, int b) {
+        QTest::newRow(name) << int(id) << a << b;
+    };
+    row("plain acknowledgement", "DC", 0, 0);
+    row("acknowledgement with a number", "DC", 5, 0x0100);
+    row("acknowledgement of the start", "DS", 0, 0);
+    row("end, before the end", "DE", 0, 5);
+    row("unknown kind", "AB", 5, 0xBE);
+    row("kind 0", 0, 5, 0xE1);
 }
 
-void tst_Acknowledgements::withoutEffect()
+void AcknowledgementsTest::withoutEffect()
 {
     QFETCH(const int, id);
     QFETCH(const int, a);
@@ -165,12 +173,11 @@ void tst_Acknowledgements::withoutEffect()
     verifyUndisturbed(all);
 }
 
-// No kind but those of acknowledgements means one, whatever it carries: those that differ in one bit, and
-// some of all others.
-void tst_Acknowledgements::otherKinds()
+// Events with any other tag are not acknowledgements: tags that differ in one bit, and a selection of all
+// others.
+void AcknowledgementsTest::otherKinds()
 {
-    const QVector<quint16> known = {0x4443, 0x4445, 0x4652, 0x4254, 0x434F, 0x5357, 0x544D,
-                                    0x494D, 0x564E, 0x5456, 0x534E, 0x544E, 0x484C};
+    constexpr Tag known[] = {"DC", "DE", "FR", "BT", "CO", "SW", "TM", "IM", "VN", "TV", "SN", "TN", "HL"};
     const QVector<quint16> words = {0x00BE, 0x0001, 0x00E0, 0x00E1, 0x01BE};
     EngineEvents events;
     for (int bit = 0; bit < 16; ++bit) {
@@ -180,7 +187,7 @@ void tst_Acknowledgements::otherKinds()
         }
     }
     for (int id = 0; id <= 0xFFFF; id += 0x101 - 2) {
-        if (!known.contains(quint16(id)))
+        if (std::find(std::begin(known), std::end(known), id) == std::end(known))
             events.push_back({quint16(id), 5, words.at(id % words.size())});
     }
     const RunningTransfers all =
@@ -188,29 +195,29 @@ void tst_Acknowledgements::otherKinds()
     verifyUndisturbed(all);
 }
 
-void tst_Acknowledgements::end_data()
+void AcknowledgementsTest::end_data()
 {
     QTest::addColumn<QVector<int>>("answer");
     QTest::addColumn<int>("status");
     QTest::addColumn<QStringList>("more");
 
-    QTest::newRow("good") << QVector<int>{0x4445, 7, 0} << 0 << QStringList();
-    QTest::newRow("checksum error") << QVector<int>{0x4445, 0, 1} << 1 << QStringList();
-    QTest::newRow("error above a byte") << QVector<int>{0x4445, 0, 0xABCD} << 0xABCD << QStringList();
-    // Whatever is a reply ends the wait.
+    QTest::newRow("good") << QVector<int>{Tag("DE"), 7, 0} << 0 << QStringList();
+    QTest::newRow("checksum error") << QVector<int>{Tag("DE"), 0, 1} << 1 << QStringList();
+    QTest::newRow("error above a byte") << QVector<int>{Tag("DE"), 0, 0xABCD} << 0xABCD << QStringList();
+    // Any reply ends the wait.
     QTest::newRow("answered with the engine's version")
-        << QVector<int>{0x564E, 1, 4} << 0 << QStringList{QStringLiteral("zeltaVersionChanged()")};
+        << QVector<int>{Tag("VN"), 1, 4} << 0 << QStringList{QStringLiteral("zeltaVersionChanged()")};
     QTest::newRow("answered with the board's version")
-        << QVector<int>{0x5456, 1, 4} << 0 << QStringList{QStringLiteral("triggerVersionChanged()")};
+        << QVector<int>{Tag("TV"), 1, 4} << 0 << QStringList{QStringLiteral("triggerVersionChanged()")};
     QTest::newRow("answered with the sound bank's version")
-        << QVector<int>{0x534E, 1, 4} << 0 << QStringList{QStringLiteral("soundbankVersionChanged()")};
+        << QVector<int>{Tag("SN"), 1, 4} << 0 << QStringList{QStringLiteral("soundbankVersionChanged()")};
     QTest::newRow("answered with the trigger bank's version")
-        << QVector<int>{0x544E, 1, 4} << 0 << QStringList{QStringLiteral("triggerbankVersionChanged()")};
+        << QVector<int>{Tag("TN"), 1, 4} << 0 << QStringList{QStringLiteral("triggerbankVersionChanged()")};
     QTest::newRow("answered with the pedal's value")
-        << QVector<int>{0x484C, 77, 4} << 0 << QStringList{QStringLiteral("hihatRawValueChanged(77)")};
+        << QVector<int>{Tag("HL"), 77, 4} << 0 << QStringList{QStringLiteral("hihatRawValueChanged(77)")};
 }
 
-void tst_Acknowledgements::end()
+void AcknowledgementsTest::end()
 {
     QFETCH(const QVector<int>, answer);
     QFETCH(const int, status);
@@ -223,24 +230,48 @@ void tst_Acknowledgements::end()
         session.peer().answerEnd({{quint16(answer.at(0)), quint16(answer.at(1)), quint16(answer.at(2))}});
         kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(600)));
         const int packets = kind.chunkBytes == 512 ? 2 : 1;
-        QCOMPARE(session.differenceWhenSettled(kind.before + kind.progressed(packets) + more +
-                                               kind.completed(quint16(status))),
+        QCOMPARE(session.differenceWhenFinished(kind.before + kind.progressed(packets) + more +
+                                                kind.completed(quint16(status))),
                  QString());
     }
 }
 
-// Nobody waits and nothing is on its way: nothing happens, and nothing is remembered.
-void tst_Acknowledgements::answersToNothing()
+// The status of a file is not that of the file before. The reply to a query ends the wait of the second file
+// without a status of its own.
+void AcknowledgementsTest::endAfterAFailedOne()
+{
+    const auto kinds = quickKinds();
+    for (const TransferKind &kind : kinds) {
+        Session session;
+        answerOldVersions(session.peer());
+        session.peer().answerEnd({{endAck, 0, 7}});
+        const QString path = m_files.write(kind.fileName, kind.file(kind.chunkBytes));
+        kind.send(session.plugin(), path);
+        QCOMPARE(session.differenceWhenFinished(kind.before + kind.progressed(1) + kind.completed(7)),
+                 QString());
+
+        session.forgetSeen();
+        session.peer().answerEnd({{"TN", 1, 4}});
+        kind.send(session.plugin(), path);
+        QCOMPARE(session.differenceWhenFinished(kind.before + kind.progressed(1) +
+                                                QStringList{QStringLiteral("triggerbankVersionChanged()")} +
+                                                kind.completed(0)),
+                 QString());
+    }
+}
+
+// Answers without a transfer have no effect, also not on the next transfer.
+void AcknowledgementsTest::answersToNothing()
 {
     const RunningTransfers all = startAllKinds(m_files, [](TransferPeer &) {});
     for (const auto &running : all) {
         const TransferKind &kind = running->kind;
         Session &session = running->session;
-        QVERIFY2(session.settle(), kind.name);
+        QVERIFY2(session.finishTasks(), kind.name);
         session.forgetSeen();
         const EngineEvents strays = {{dataAck, 5, 0xBE}, {dataAck, 5, 0x01}, {dataAck, 5, 0xE0},
                                      {dataAck, 5, 0xE1}, {dataAck, 0, 0},    {endAck, 0, 5},
-                                     {0x4142, 9, 9}};
+                                     {"AB", 9, 9}};
         for (const EngineEvent &event : strays)
             session.peer().raise(event);
         QVERIFY(session.waitFor(QStringLiteral("udpPacketArrived(16706, 9, 9)")));
@@ -251,12 +282,12 @@ void tst_Acknowledgements::answersToNothing()
         Session &session = running->session;
         const int before = session.peer().received().size();
         kind.send(session.plugin(), running->path);
-        QVERIFY2(session.settle(), kind.name);
+        QVERIFY2(session.finishTasks(), kind.name);
         const FileStream stream(session.peer().received().mid(before), kind.content);
         QVERIFY2(stream.content(kind.chunkBytes) == running->content, kind.name);
-        QCOMPARE(session.difference(running->expected(stream, 0) << Session::settled()), QString());
+        QCOMPARE(session.difference(running->expected(stream, 0) << Session::tasksFinished()), QString());
     }
 }
 
-QTEST_GUILESS_MAIN(tst_Acknowledgements)
+QTEST_GUILESS_MAIN(AcknowledgementsTest)
 #include "tst_acknowledgements.moc"

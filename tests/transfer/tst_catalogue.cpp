@@ -2,6 +2,7 @@
 
 #include "control/qconnectqmlplugin.h"
 #include "support/logcatcher.h"
+#include "support/privatehome.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -9,16 +10,10 @@
 #include <QJsonArray>
 #include <QTest>
 
-#include <cerrno>
-#include <cstring>
-#include <fcntl.h>
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-// The catalogues of installed banks. Their paths are fixed, so the tests run in a mount namespace of their
-// own with an empty /home.
+// Catalogues of installed banks. Their paths are fixed, so the tests run in a private mount namespace with an
+// empty /home.
 
 namespace {
 
@@ -26,47 +21,16 @@ const QString catalogueFolder = QStringLiteral("/home/.local/share/E-Drum");
 const QString soundBankCatalogue = QStringLiteral("/home/.local/share/E-Drum/soundBank.json");
 const QString triggerBankCatalogue = QStringLiteral("/home/.local/share/E-Drum/triggerBank.json");
 
-// Why there is no private /home, empty when there is one.
+// The reason why there is no private /home; empty if there is one.
 QString &refusal()
 {
     static QString text;
     return text;
 }
 
-void writeProc(const char *path, const QByteArray &text)
-{
-    const int descriptor = ::open(path, O_WRONLY | O_CLOEXEC);
-    if (descriptor < 0)
-        return;
-    if (::write(descriptor, text.constData(), size_t(text.size())) != text.size())
-        refusal() = QString::fromLatin1(path);
-    ::close(descriptor);
-}
-
-// Returns why it cannot be done, or an empty text. The process must have a single thread yet.
-QString enterPrivateHome()
-{
-    const uid_t user = ::geteuid();
-    const gid_t group = ::getegid();
-    if (user == 0) {
-        if (::unshare(CLONE_NEWNS) != 0)
-            return QStringLiteral("unshare: ") + QString::fromLocal8Bit(strerror(errno));
-    } else {
-        if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
-            return QStringLiteral("unshare: ") + QString::fromLocal8Bit(strerror(errno));
-        writeProc("/proc/self/setgroups", "deny");
-        writeProc("/proc/self/uid_map", "0 " + QByteArray::number(user) + " 1");
-        writeProc("/proc/self/gid_map", "0 " + QByteArray::number(group) + " 1");
-    }
-    if (::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-        ::mount("tmpfs", "/home", "tmpfs", 0, nullptr) != 0)
-        return QStringLiteral("mount: ") + QString::fromLocal8Bit(strerror(errno));
-    return QString();
-}
-
 } // namespace
 
-class tst_Catalogue : public QObject
+class CatalogueTest : public QObject
 {
     Q_OBJECT
 
@@ -97,13 +61,13 @@ private:
     if (!refusal().isEmpty())                                                                                \
     QSKIP(qPrintable(QStringLiteral("no private /home: ") + refusal()))
 
-QByteArray tst_Catalogue::contentOf(const QString &path) const
+QByteArray CatalogueTest::contentOf(const QString &path) const
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
 }
 
-void tst_Catalogue::init()
+void CatalogueTest::init()
 {
     if (!refusal().isEmpty())
         return;
@@ -111,7 +75,7 @@ void tst_Catalogue::init()
     QVERIFY(QDir().mkpath(catalogueFolder));
 }
 
-void tst_Catalogue::text_data()
+void CatalogueTest::text_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("text");
@@ -126,7 +90,7 @@ void tst_Catalogue::text_data()
     QTest::newRow("line ends") << QByteArray("a\r\nb\n\rc") << QStringLiteral("a\nb\nc");
 }
 
-void tst_Catalogue::text()
+void CatalogueTest::text()
 {
     QFETCH(const QByteArray, content);
     QFETCH(const QString, text);
@@ -134,7 +98,7 @@ void tst_Catalogue::text()
     QCOMPARE(m_session.plugin().parseJsonFile(path), text);
 }
 
-void tst_Catalogue::lists_data()
+void CatalogueTest::lists_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QJsonObject>("object");
@@ -154,7 +118,7 @@ void tst_Catalogue::lists_data()
     QTest::newRow("too deep") << QByteArray(5000, '[') << QJsonObject();
 }
 
-void tst_Catalogue::lists()
+void CatalogueTest::lists()
 {
     QFETCH(const QByteArray, content);
     QFETCH(const QJsonObject, object);
@@ -163,7 +127,7 @@ void tst_Catalogue::lists()
     QCOMPARE(m_session.plugin().parseTriggerBankList(path), object);
 }
 
-void tst_Catalogue::unreadable_data()
+void CatalogueTest::unreadable_data()
 {
     QTest::addColumn<QString>("path");
 
@@ -175,7 +139,7 @@ void tst_Catalogue::unreadable_data()
     QTest::newRow("device without an end") << QStringLiteral("/dev/zero");
 }
 
-void tst_Catalogue::unreadable()
+void CatalogueTest::unreadable()
 {
     QFETCH(const QString, path);
 
@@ -192,7 +156,7 @@ void tst_Catalogue::unreadable()
     QCOMPARE(log.lines().size(), 0);
 }
 
-void tst_Catalogue::backup_data()
+void CatalogueTest::backup_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QByteArray>("copy");
@@ -204,7 +168,7 @@ void tst_Catalogue::backup_data()
     QTest::newRow("large") << QByteArray(3000000, 'x') << QByteArray(3000000, 'x');
 }
 
-void tst_Catalogue::backup()
+void CatalogueTest::backup()
 {
     QFETCH(const QByteArray, content);
     QFETCH(const QByteArray, copy);
@@ -219,7 +183,7 @@ void tst_Catalogue::backup()
     QVERIFY(contentOf(path) == content);
 }
 
-void tst_Catalogue::backupWithoutFolder()
+void CatalogueTest::backupWithoutFolder()
 {
     SKIP_WITHOUT_PRIVATE_HOME();
     QVERIFY(QDir(QStringLiteral("/home/.local")).removeRecursively());
@@ -230,7 +194,7 @@ void tst_Catalogue::backupWithoutFolder()
     QVERIFY(!QFile::exists(QStringLiteral("/home/.local")));
 }
 
-void tst_Catalogue::backupOverAFolder()
+void CatalogueTest::backupOverAFolder()
 {
     SKIP_WITHOUT_PRIVATE_HOME();
     QVERIFY(QDir().mkpath(soundBankCatalogue));
@@ -238,7 +202,7 @@ void tst_Catalogue::backupOverAFolder()
     QVERIFY(QDir(soundBankCatalogue).exists());
 }
 
-void tst_Catalogue::backupOfTheCatalogueItself()
+void CatalogueTest::backupOfTheCatalogueItself()
 {
     SKIP_WITHOUT_PRIVATE_HOME();
     QCOMPARE(m_session.plugin().backupSoundBankList(m_files.write(QStringLiteral("source"), "content")), 0);
@@ -246,7 +210,7 @@ void tst_Catalogue::backupOfTheCatalogueItself()
     QCOMPARE(contentOf(soundBankCatalogue), QByteArray("content"));
 }
 
-void tst_Catalogue::backupReplacesAll()
+void CatalogueTest::backupReplacesAll()
 {
     SKIP_WITHOUT_PRIVATE_HOME();
     QCOMPARE(m_session.plugin().backupTriggerBankList(
@@ -256,8 +220,8 @@ void tst_Catalogue::backupReplacesAll()
     QCOMPARE(contentOf(triggerBankCatalogue), QByteArray("y"));
 }
 
-// QML calls by name and gets the result back.
-void tst_Catalogue::asQmlSeesThem()
+// QML calls the methods by name and gets their results.
+void CatalogueTest::asQmlSeesThem()
 {
     const QString path = m_files.write(QStringLiteral("list"), "{\"a\": 1}");
     QObject *plugin = &m_session.plugin();
@@ -277,10 +241,10 @@ void tst_Catalogue::asQmlSeesThem()
 
 int main(int argc, char **argv)
 {
-    // Before the first thread: a process with several cannot change its user namespace.
-    refusal() = enterPrivateHome();
+    // Before the first thread starts: a process with several threads cannot change its user namespace.
+    refusal() = testsupport::enterPrivateHome();
     QCoreApplication application(argc, argv);
-    tst_Catalogue test;
+    CatalogueTest test;
     return QTest::qExec(&test, argc, argv);
 }
 

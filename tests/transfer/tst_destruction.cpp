@@ -10,19 +10,18 @@
 
 #include <atomic>
 
-// The control object goes while its transfer engine is in one phase or another. Its destructor waits for the
-// thread, and nothing is sent once it has returned.
+// The control object is destroyed in each phase of a transfer. Its destructor waits for the thread, and
+// nothing is sent after it has returned.
 
 namespace {
 
-// A thread that is waiting is woken, one that pauses between packets finishes its pause. Whoever waited
-// instead would take 15 s or 20 s.
+// A wait is ended, a pause between packets is finished. A complete wait would take 15 s or 20 s.
 constexpr int promptMs = 7500;
 constexpr int afterEndMs = 20000;
 
 } // namespace
 
-class tst_Destruction : public QObject
+class DestructionTest : public QObject
 {
     Q_OBJECT
 
@@ -46,7 +45,7 @@ private:
     int m_threads = 0;
 };
 
-void tst_Destruction::verifySilence(Session &session)
+void DestructionTest::verifySilence(Session &session)
 {
     QVERIFY(session.peer().waitUntilCaughtUp());
     const int count = session.peer().received().size();
@@ -55,7 +54,7 @@ void tst_Destruction::verifySilence(Session &session)
     QCOMPARE(session.peer().received().size(), count);
 }
 
-void tst_Destruction::atOnce()
+void DestructionTest::atOnce()
 {
     {
         Session session;
@@ -64,8 +63,8 @@ void tst_Destruction::atOnce()
     QTRY_COMPARE_WITH_TIMEOUT(testsupport::threadCount(), m_threads, patienceMs);
 }
 
-// The thread may not even have begun.
-void tst_Destruction::rightAfterQueuing()
+// The thread may not have started yet.
+void DestructionTest::rightAfterQueuing()
 {
     for (int i = 0; i < 50; ++i) {
         Session session(Session::NoRecording);
@@ -79,7 +78,7 @@ void tst_Destruction::rightAfterQueuing()
     }
 }
 
-void tst_Destruction::duringAQuery()
+void DestructionTest::duringAQuery()
 {
     Session session;
     session.plugin().requestSoundBankVersion();
@@ -90,7 +89,7 @@ void tst_Destruction::duringAQuery()
     QCOMPARE(session.peer().received(), QVector<QByteArray>{QByteArray("SN\0\0", 4)});
 }
 
-void tst_Destruction::duringTheData_data()
+void DestructionTest::duringTheData_data()
 {
     QTest::addColumn<TransferKind>("kind");
 
@@ -100,7 +99,7 @@ void tst_Destruction::duringTheData_data()
         QTest::newRow(kind.name) << kind;
 }
 
-void tst_Destruction::duringTheData()
+void DestructionTest::duringTheData()
 {
     QFETCH(const TransferKind, kind);
 
@@ -117,22 +116,22 @@ void tst_Destruction::duringTheData()
     QVERIFY(!session.peer().received().contains(QByteArray("SN\0\0", 4)));
 }
 
-void tst_Destruction::duringAResendPause()
+void DestructionTest::duringAResendPause()
 {
     Session session;
     const TransferKind kind = quickKinds().at(2);
-    session.peer().answerData(20, {{0x4443, 5, 0xBE}});
+    session.peer().answerData(20, {{"DC", 5, 0xBE}});
     kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(kind.chunkBytes * 2000)));
     QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 20; }, patienceMs));
     QVERIFY(session.peer().waitUntilSilent());
     session.destroyPlugin();
     verifySilence(session);
-    // The packet that the pause was for is the last one.
+    // The packet after the pause is the last one.
     QCOMPARE(session.peer().lastDataNumber(), 5);
     QVERIFY(FileStream(session.peer().received(), kind.content).ends.isEmpty());
 }
 
-void tst_Destruction::duringTheEndWait()
+void DestructionTest::duringTheEndWait()
 {
     const auto kinds = quickKinds();
     for (const TransferKind &kind : kinds) {
@@ -148,14 +147,14 @@ void tst_Destruction::duringTheEndWait()
     }
 }
 
-void tst_Destruction::duringTheSleepAfterFirmware()
+void DestructionTest::duringTheSleepAfterFirmware()
 {
     QElapsedTimer clock;
     std::atomic<qint64> endedMs{-1};
     clock.start();
     Session session;
     answerOldVersions(session.peer());
-    // Before it is answered, which is before the sleep.
+    // Called before the answer, so before the pause.
     session.peer().watch([&](const QByteArray &datagram) {
         if (datagram.startsWith("DE"))
             endedMs = clock.elapsed();
@@ -165,18 +164,18 @@ void tst_Destruction::duringTheSleepAfterFirmware()
     session.plugin().requestSoundBankVersion();
     QVERIFY(session.waitFor(QStringLiteral("udpPacketArrived(17477, 0, 0)")));
     session.destroyPlugin();
-    // The sleep is finished first.
+    // The pause is finished first.
     const qint64 sleptMs = clock.elapsed() - endedMs;
     QVERIFY2(endedMs >= 0 && sleptMs >= afterEndMs, QByteArray::number(sleptMs));
     verifySilence(session);
     QCOMPARE(session.peer().received().last().left(2), QByteArray("DE"));
 }
 
-void tst_Destruction::afterAnAbort()
+void DestructionTest::afterAnAbort()
 {
     Session session;
     const TransferKind kind = quickKinds().at(4);
-    session.peer().answerData(20, {{0x4443, 0, 0xE1}});
+    session.peer().answerData(20, {{"DC", 0, 0xE1}});
     kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(kind.chunkBytes * 2000)));
     session.plugin().requestSoundBankVersion();
     QVERIFY(session.waitFor(kind.completed(0xE1).constFirst()));
@@ -185,7 +184,7 @@ void tst_Destruction::afterAnAbort()
     QVERIFY(!session.peer().received().contains(QByteArray("SN\0\0", 4)));
 }
 
-void tst_Destruction::manyTimes()
+void DestructionTest::manyTimes()
 {
     const TransferKind kind = quickKinds().constLast();
     const QString path = m_files.write(kind.fileName, kind.file(kind.chunkBytes * 200));
@@ -198,5 +197,5 @@ void tst_Destruction::manyTimes()
     QTRY_COMPARE_WITH_TIMEOUT(testsupport::threadCount(), m_threads, patienceMs);
 }
 
-QTEST_GUILESS_MAIN(tst_Destruction)
+QTEST_GUILESS_MAIN(DestructionTest)
 #include "tst_destruction.moc"

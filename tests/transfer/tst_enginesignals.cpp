@@ -9,8 +9,8 @@
 
 #include <functional>
 
-// The signals of the transfer engine itself, transferDone() above all, which QML does not see. The engine
-// under test sends through a control object of its own.
+// The signals of the transfer engine itself, such as transferDone(), which QML does not get. The engine under
+// test is created beside the one of the control object.
 
 namespace {
 
@@ -18,7 +18,7 @@ const QString done = QStringLiteral("transferDone()");
 
 } // namespace
 
-class tst_TransferEngine : public QObject
+class TransferEngineTest : public QObject
 {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ private Q_SLOTS:
     void neverStarted();
 
 private:
-    /// What the engine emitted, progress counted, the thread's own signals left out.
+    /// The signals of the engine without those of QThread.
     QStringList emitted() const;
     bool waitUntilIdle() const;
 
@@ -50,7 +50,7 @@ private:
     std::unique_ptr<testsupport::SignalRecorder> m_recorder;
 };
 
-void tst_TransferEngine::init()
+void TransferEngineTest::init()
 {
     m_session = std::make_unique<Session>(Session::NoRecording);
     answerOldVersions(m_session->peer());
@@ -58,14 +58,14 @@ void tst_TransferEngine::init()
     m_recorder = std::make_unique<testsupport::SignalRecorder>(m_engine.get());
 }
 
-void tst_TransferEngine::cleanup()
+void TransferEngineTest::cleanup()
 {
     m_recorder.reset();
     m_engine.reset();
     m_session.reset();
 }
 
-QStringList tst_TransferEngine::emitted() const
+QStringList TransferEngineTest::emitted() const
 {
     QStringList result;
     const auto texts = m_recorder->texts();
@@ -76,17 +76,17 @@ QStringList tst_TransferEngine::emitted() const
     return result;
 }
 
-bool tst_TransferEngine::waitUntilIdle() const
+bool TransferEngineTest::waitUntilIdle() const
 {
     return QTest::qWaitFor([&] { return !m_engine->isRunning(); }, patienceMs);
 }
 
-void tst_TransferEngine::triggerFirmware_data()
+void TransferEngineTest::triggerFirmware_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QStringList>("expected");
 
-    // The engine has 0x00010004.
+    // The engine reports 0x00010004.
     QTest::newRow("newer") << QByteArray("TGFW\x05\0\x01\0", 8)
                            << QStringList{QStringLiteral("internalUpdateStarted()"),
                                           QStringLiteral("triggerFirmwareUpdateStarted(65540, 65541)"),
@@ -98,7 +98,7 @@ void tst_TransferEngine::triggerFirmware_data()
     QTest::newRow("negative version") << QByteArray("TGFW\x05\0\xFF\xFF", 8) << QStringList();
 }
 
-void tst_TransferEngine::triggerFirmware()
+void TransferEngineTest::triggerFirmware()
 {
     QFETCH(const QByteArray, content);
     QFETCH(const QStringList, expected);
@@ -109,7 +109,7 @@ void tst_TransferEngine::triggerFirmware()
     QCOMPARE(m_session->peer().received().isEmpty(), expected.isEmpty());
 }
 
-void tst_TransferEngine::banksAndImports()
+void TransferEngineTest::banksAndImports()
 {
     const QString path = m_files.write(QStringLiteral("file.b02"), noise(100));
     m_engine->sendSoundBank(path);
@@ -128,8 +128,8 @@ void tst_TransferEngine::banksAndImports()
                  QStringLiteral("importBTComplete(0)"), done}));
 }
 
-// Each task tells that it is over, except firmware, which is not even asked for.
-void tst_TransferEngine::notOpened()
+// transferDone() is emitted for each task except firmware without a version.
+void TransferEngineTest::notOpened()
 {
     for (const QString &path : {QString(), m_files.path(QStringLiteral("missing"))}) {
         m_engine->sendSoundBank(path);
@@ -145,10 +145,10 @@ void tst_TransferEngine::notOpened()
     QCOMPARE(m_session->peer().received().size(), 0);
 }
 
-void tst_TransferEngine::queries()
+void TransferEngineTest::queries()
 {
-    const auto ids = QVector<quint16>{0x534E, 0x544E, 0x484C};
-    for (const quint16 id : ids)
+    const auto ids = std::vector<Tag>{"SN", "TN", "HL"};
+    for (const Tag id : ids)
         m_session->peer().answerQuery(id, {{id, 0x8000, 1}});
     m_engine->requestSoundBankVersion();
     m_engine->requestTriggerBankVersion();
@@ -159,9 +159,9 @@ void tst_TransferEngine::queries()
     QCOMPARE(m_engine->getTriggerBankVersion(), QStringLiteral("V -2147483647"));
 }
 
-void tst_TransferEngine::refusedForMemory()
+void TransferEngineTest::refusedForMemory()
 {
-    m_session->peer().answerData(10, {{0x4443, 0, 0x00E3}});
+    m_session->peer().answerData(10, {{"DC", 0, 0x00E3}});
     m_engine->sendTriggerBank(m_files.write(QStringLiteral("bank"), noise(512 * 1000)));
     m_engine->requestSoundBankVersion();
     QVERIFY(waitUntilIdle());
@@ -170,9 +170,9 @@ void tst_TransferEngine::refusedForMemory()
     QVERIFY(!emitted().contains(QStringLiteral("importTBComplete(0)")));
 }
 
-void tst_TransferEngine::importRefusedForMemory()
+void TransferEngineTest::importRefusedForMemory()
 {
-    m_session->peer().answerData(10, {{0x4443, 0, 0x00E3}});
+    m_session->peer().answerData(10, {{"DC", 0, 0x00E3}});
     m_engine->sendImportWaveSample(m_files.write(QStringLiteral("a.wav"), noise(512 * 1000)), 8);
     m_engine->requestSoundBankVersion();
     QVERIFY(waitUntilIdle());
@@ -182,9 +182,9 @@ void tst_TransferEngine::importRefusedForMemory()
     QCOMPARE(seen.filter(QStringLiteral("importSlotProgress(8, ")), seen);
 }
 
-void tst_TransferEngine::importPastTheEnd()
+void TransferEngineTest::importPastTheEnd()
 {
-    m_session->peer().answerData(10, {{0x4443, 0x0005, 0x01BE}});
+    m_session->peer().answerData(10, {{"DC", 0x0005, 0x01BE}});
     m_engine->sendImportWaveSample(m_files.write(QStringLiteral("a.wav"), noise(512 * 1000)), 8);
     QVERIFY(waitUntilIdle());
     QStringList seen = emitted();
@@ -193,10 +193,10 @@ void tst_TransferEngine::importPastTheEnd()
     QCOMPARE(seen.filter(QStringLiteral("importSlotProgress(8, ")), seen);
 }
 
-// The thread leaves as soon as the wait is over, and the query does not tell that it is.
-void tst_TransferEngine::memoryFullDuringAQuery()
+// The thread ends as soon as the wait is over. transferDone() is not emitted.
+void TransferEngineTest::memoryFullDuringAQuery()
 {
-    m_session->peer().answerQuery(0x534E, {{0x4443, 0, 0x00E1}, {0x534E, 1, 1}});
+    m_session->peer().answerQuery("SN", {{"DC", 0, 0x00E1}, {"SN", 1, 1}});
     m_engine->requestSoundBankVersion();
     m_engine->requestTriggerBankVersion();
     QVERIFY(waitUntilIdle());
@@ -204,8 +204,8 @@ void tst_TransferEngine::memoryFullDuringAQuery()
     QCOMPARE(m_session->peer().received(), QVector<QByteArray>{QByteArray("SN\0\0", 4)});
 }
 
-// Sound banks are the only ones to go before everything else.
-void tst_TransferEngine::priority()
+// Only sound banks are sent with time-critical priority.
+void TransferEngineTest::priority()
 {
     const QString path = m_files.write(QStringLiteral("file.b02"), noise(512 * 1000));
     using Queue = std::function<void(qconnectfirmware &)>;
@@ -228,7 +228,7 @@ void tst_TransferEngine::priority()
     }
 }
 
-void tst_TransferEngine::priorityStaysWhileTheThreadRuns()
+void TransferEngineTest::priorityStaysWhileTheThreadRuns()
 {
     m_engine->requestSoundBankVersion();
     QVERIFY(m_session->peer().waitForCount(1, patienceMs));
@@ -237,8 +237,8 @@ void tst_TransferEngine::priorityStaysWhileTheThreadRuns()
     QCOMPARE(m_engine->priority(), QThread::NormalPriority);
 }
 
-// No task starts any more, and stopping again is nothing.
-void tst_TransferEngine::stop()
+// No task starts afterwards, and a second call has no effect.
+void TransferEngineTest::stop()
 {
     m_engine->requestSoundBankVersion();
     QVERIFY(m_session->peer().waitForCount(1, patienceMs));
@@ -253,7 +253,7 @@ void tst_TransferEngine::stop()
     QCOMPARE(m_session->peer().received(), QVector<QByteArray>{QByteArray("SN\0\0", 4)});
 }
 
-void tst_TransferEngine::neverStarted()
+void TransferEngineTest::neverStarted()
 {
     m_engine->stop();
     QVERIFY(!m_engine->isRunning());
@@ -261,5 +261,5 @@ void tst_TransferEngine::neverStarted()
     QVERIFY(!m_engine->isRunning());
 }
 
-QTEST_GUILESS_MAIN(tst_TransferEngine)
+QTEST_GUILESS_MAIN(TransferEngineTest)
 #include "tst_enginesignals.moc"

@@ -1,4 +1,6 @@
 #include "filestream.h"
+#include "progressvalues.h"
+#include "runningtransfer.h"
 #include "session.h"
 #include "transferkinds.h"
 
@@ -10,16 +12,34 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-// Files that cannot be sent, and files that change while they are sent.
+// Files that cannot be opened, files that change while they are sent, and names of files.
 
 namespace {
 
-// Enough time for a file to be changed while it is sent, on a busy machine too.
+// Long enough to change a file while it is sent, also on a busy machine.
 constexpr int durationMs = 1000;
+
+/// What happens to a file after its first packets.
+struct Change
+{
+    enum End { Early, AtNewSize, AtOldSize };
+
+    double factor; ///< new size as a fraction of the old one, negative for a file that is deleted
+    End end;       ///< where the data ends
+};
+
+// True after the packet before a pause. A file that shrinks between the check for its end and the read would
+// end the transfer in another way.
+bool isInPause(qint64 packet)
+{
+    return packet >= 30 && packet % 10 == 9;
+}
 
 } // namespace
 
-class tst_TransferFiles : public QObject
+Q_DECLARE_METATYPE(Change)
+
+class TransferFilesTest : public QObject
 {
     Q_OBJECT
 
@@ -28,11 +48,10 @@ private Q_SLOTS:
     void unreadable_data();
     void unreadable();
     void withoutPermission();
-    void shrinking();
-    void growing();
+    void changed_data();
+    void changed();
     void large_data();
     void large();
-    void deleted();
     void replaced();
     void names_data();
     void names();
@@ -43,7 +62,7 @@ private:
     TestFiles m_files;
 };
 
-void tst_TransferFiles::initTestCase()
+void TransferFilesTest::initTestCase()
 {
     QVERIFY(QDir().mkpath(m_files.path(QStringLiteral("folder"))));
     QCOMPARE(::mkfifo(QFile::encodeName(m_files.path(QStringLiteral("pipe"))).constData(), 0600), 0);
@@ -51,7 +70,7 @@ void tst_TransferFiles::initTestCase()
         QFile::link(m_files.path(QStringLiteral("nowhere")), m_files.path(QStringLiteral("broken link"))));
 }
 
-void tst_TransferFiles::unreadable_data()
+void TransferFilesTest::unreadable_data()
 {
     QTest::addColumn<QString>("path");
 
@@ -61,14 +80,14 @@ void tst_TransferFiles::unreadable_data()
     QTest::newRow("folder") << m_files.path(QStringLiteral("folder"));
     QTest::newRow("folder with a slash") << m_files.path(QStringLiteral("folder/"));
     QTest::newRow("link to nothing") << m_files.path(QStringLiteral("broken link"));
-    // Nobody writes to it; opening it must not wait for somebody who does.
+    // It has no writer; opening it must not wait for one.
     QTest::newRow("pipe") << m_files.path(QStringLiteral("pipe"));
     QTest::newRow("too long a name") << m_files.path(QString(5000, QLatin1Char('x')));
     QTest::newRow("zero character") << m_files.path(QStringLiteral("a")) + QChar(0) + QLatin1Char('b');
 }
 
-// No packet and no signal, whatever the kind, and the next task runs.
-void tst_TransferFiles::unreadable()
+// No packet is sent and no signal emitted for any kind, and the next task runs.
+void TransferFilesTest::unreadable()
 {
     QFETCH(const QString, path);
 
@@ -78,90 +97,98 @@ void tst_TransferFiles::unreadable()
     kinds.append(zeltaFirmwareKind());
     for (const TransferKind &kind : qAsConst(kinds))
         kind.send(session.plugin(), path);
-    QCOMPARE(session.differenceWhenSettled({}), QString());
+    QCOMPARE(session.differenceWhenFinished({}), QString());
     QCOMPARE(session.peer().received(), QVector<QByteArray>{QByteArray("HL\0\0", 4)});
     QCOMPARE(log.warnings(), QStringList());
 }
 
-void tst_TransferFiles::withoutPermission()
+void TransferFilesTest::withoutPermission()
 {
     const QString path = m_files.write(QStringLiteral("private.bin"), noise(100));
     QVERIFY(QFile::setPermissions(path, QFile::Permissions()));
     Session session;
-    // The superuser may read everything, so this is tried as somebody else.
+    // The superuser may read everything, so another user is taken.
     const bool superuser = ::geteuid() == 0;
     if (superuser)
         QCOMPARE(::seteuid(65534), 0);
     session.plugin().sendTriggerBank(path);
     session.plugin().sendImportWaveSample(path, 1);
-    const QString difference = session.differenceWhenSettled({});
+    const QString difference = session.differenceWhenFinished({});
     if (superuser)
         QCOMPARE(::seteuid(0), 0);
     QCOMPARE(difference, QString());
     QCOMPARE(session.peer().received(), QVector<QByteArray>{QByteArray("HL\0\0", 4)});
 }
 
-// The data ends before its announced end: an empty packet, no end packet; imports tell, the others do not.
-void tst_TransferFiles::shrinking()
+void TransferFilesTest::changed_data()
 {
-    const auto kinds = quickKinds();
-    for (const TransferKind &kind : kinds) {
-        const int packetCount = kind.packetsFor(durationMs);
-        Session session;
-        answerOldVersions(session.peer());
-        const QByteArray content = kind.file(kind.chunkBytes * packetCount);
-        const QString path = m_files.write(QLatin1String(kind.content) + kind.fileName, content);
-        kind.send(session.plugin(), path);
-        QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 30; }, patienceMs));
-        const int shrunk = kind.chunkBytes * 10;
-        QVERIFY(QFile::resize(path, shrunk));
-        QVERIFY2(session.peer().waitUntilSilent(), kind.name);
+    QTest::addColumn<Change>("change");
 
-        const FileStream stream(session.peer().received(), kind.content);
+    QTest::newRow("shrunk behind the read position") << Change{0.01, Change::Early};
+    QTest::newRow("shrunk ahead of the read position") << Change{0.9, Change::AtNewSize};
+    QTest::newRow("shrunk to a size that is no whole number of packets") << Change{0.9001, Change::AtNewSize};
+    QTest::newRow("truncated to nothing") << Change{0.0, Change::Early};
+    QTest::newRow("grown") << Change{1.01, Change::AtNewSize};
+    QTest::newRow("deleted") << Change{-1.0, Change::AtOldSize};
+}
+
+// Whatever happens to the file, the data ends at the end that the file has then, the end packet is sent, the
+// engine's answer decides, and the next task runs.
+void TransferFilesTest::changed()
+{
+    QFETCH(const Change, change);
+
+    const RunningTransfers all = startAllKinds(m_files, [](TransferPeer &peer) {
+        peer.answerQuery("SN", {{"SN", 2, 3}});
+    });
+    std::vector<std::unique_ptr<ProgressValues>> progress;
+    for (const auto &running : all) {
+        progress.push_back(std::make_unique<ProgressValues>(running->session.plugin()));
+        running->session.plugin().requestSoundBankVersion();
+    }
+    QVector<qint64> newSizes;
+    for (const auto &running : all) {
+        const TransferPeer &peer = running->session.peer();
+        QVERIFY(QTest::qWaitFor([&] { return isInPause(peer.lastDataNumber()); }, patienceMs));
+        const qint64 oldSize = running->content.size();
+        const auto newSize = qint64(double(oldSize) * change.factor);
+        if (change.factor < 0)
+            QVERIFY(QFile::remove(running->path));
+        else
+            QVERIFY(QFile::resize(running->path, newSize));
+        newSizes.append(change.factor < 0 ? oldSize : newSize);
+    }
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        RunningTransfer &running = *all.at(i);
+        const TransferKind &kind = running.kind;
+        QVERIFY2(running.session.finishTasks(), kind.name);
+        const FileStream stream = running.stream();
+        QCOMPARE(stream.fault, QString());
         const int packets = stream.numbers.size();
-        QVERIFY2(stream.isPlain(packets) && packets < packetCount, kind.name);
-        QVERIFY(stream.ends.isEmpty());
-        QCOMPARE(stream.chunks.last(), QByteArray());
-        QVERIFY(content.startsWith(stream.content(kind.chunkBytes)));
-        QStringList expected = kind.before + kind.progressed(packets);
-        if (kind.passesStatusOn)
-            expected += kind.completed(0);
-        QCOMPARE(session.differenceWhenSettled(expected), QString());
-    }
-}
-
-// What is added while the file is sent is sent as well; the engine knows the announced size and decides.
-void tst_TransferFiles::growing()
-{
-    const auto kinds = quickKinds();
-    for (const TransferKind &kind : kinds) {
-        const int packetCount = kind.packetsFor(durationMs);
-        Session session;
-        answerOldVersions(session.peer());
-        QByteArray content = kind.file(kind.chunkBytes * packetCount);
-        const QString path = m_files.write(QLatin1String(kind.content) + kind.fileName, content);
-        kind.send(session.plugin(), path);
-        QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 30; }, patienceMs));
-        const QByteArray more = noise(kind.chunkBytes * 3, 9);
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::Append));
-        QCOMPARE(file.write(more), qint64(more.size()));
-        file.close();
-        content += more;
-
-        QVERIFY2(session.settle(), kind.name);
-        const FileStream stream(session.peer().received(), kind.content);
-        QCOMPARE(stream.starts.first().mid(4, 4).toHex().toInt(nullptr, 16), kind.chunkBytes * packetCount);
-        QVERIFY2(stream.isPlain(packetCount + 3), kind.name);
-        QVERIFY(stream.content(kind.chunkBytes) == content);
+        QVERIFY2(stream.isPlain(packets), kind.name);
+        if (change.end == Change::Early)
+            QVERIFY2(packets < running.packets(), kind.name);
+        else
+            QCOMPARE(packets, int((newSizes.at(int(i)) + kind.chunkBytes - 1) / kind.chunkBytes));
+        QVERIFY2(!stream.chunks.last().isEmpty(), kind.name);
+        QVERIFY2(stream.content(kind.chunkBytes).startsWith(running.content) ||
+                     running.content.startsWith(stream.content(kind.chunkBytes).chopped(1)),
+                 kind.name);
+        QCOMPARE(stream.starts.first().mid(4, 4).toHex().toInt(nullptr, 16), running.content.size());
         QCOMPARE(stream.ends.size(), 1);
-        QCOMPARE(session.difference(kind.before + kind.progressed(packetCount + 3) + kind.completed(0) +
-                                    QStringList{Session::settled()}),
+        QCOMPARE(running.session.difference(running.expected(stream, 0)
+                                            << QStringLiteral("soundbankVersionChanged()")
+                                            << Session::tasksFinished()),
                  QString());
+        for (const double fraction : qAsConst(progress.at(i)->values))
+            QVERIFY2(fraction > 0.0 && fraction <= 1.0, QByteArray(kind.name) + QByteArray::number(fraction));
+        // Bluetooth firmware reports the progress of its set.
+        if (change.end != Change::Early && !kind.progress.isEmpty() && qstrcmp(kind.content, "BF") != 0)
+            QCOMPARE(progress.at(i)->values.last(), 1.0);
     }
 }
 
-void tst_TransferFiles::large_data()
+void TransferFilesTest::large_data()
 {
     QTest::addColumn<qint64>("size");
     QTest::addColumn<QByteArray>("announced");
@@ -174,8 +201,8 @@ void tst_TransferFiles::large_data()
         << Q_INT64_C(0x100000005) << QByteArray("00000005");
 }
 
-// They are announced with their size and their data begins, on 32-bit systems too.
-void tst_TransferFiles::large()
+// The start packet carries the size and the data follows, also on 32-bit systems.
+void TransferFilesTest::large()
 {
     QFETCH(const qint64, size);
     QFETCH(const QByteArray, announced);
@@ -197,28 +224,7 @@ void tst_TransferFiles::large()
     QVERIFY(received.at(2).contains(noise(1024).mid(512)));
 }
 
-// An open file stays readable until it is closed.
-void tst_TransferFiles::deleted()
-{
-    const auto kinds = quickKinds();
-    for (const TransferKind &kind : kinds) {
-        const int packetCount = kind.packetsFor(durationMs);
-        Session session;
-        answerOldVersions(session.peer());
-        const QByteArray content = kind.file(kind.chunkBytes * packetCount);
-        const QString path = m_files.write(QStringLiteral("deleted-") + kind.fileName, content);
-        kind.send(session.plugin(), path);
-        QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 30; }, patienceMs));
-        QVERIFY(QFile::remove(path));
-        kind.send(session.plugin(), path);
-        const QStringList expected = kind.before + kind.progressed(packetCount) + kind.completed(0);
-        QCOMPARE(session.differenceWhenSettled(expected), QString());
-        QVERIFY2(FileStream(session.peer().received(), kind.content).content(kind.chunkBytes) == content,
-                 kind.name);
-    }
-}
-
-void tst_TransferFiles::replaced()
+void TransferFilesTest::replaced()
 {
     const TransferKind kind = quickKinds().at(2);
     const int packetCount = kind.packetsFor(durationMs);
@@ -229,11 +235,11 @@ void tst_TransferFiles::replaced()
     QVERIFY(QTest::qWaitFor([&] { return session.peer().lastDataNumber() >= 30; }, patienceMs));
     QVERIFY(QFile::remove(path));
     m_files.write(kind.fileName, noise(100, 7));
-    QCOMPARE(session.differenceWhenSettled(kind.progressed(packetCount) + kind.completed(0)), QString());
+    QCOMPARE(session.differenceWhenFinished(kind.progressed(packetCount) + kind.completed(0)), QString());
     QVERIFY(FileStream(session.peer().received(), kind.content).content(kind.chunkBytes) == content);
 }
 
-void tst_TransferFiles::names_data()
+void TransferFilesTest::names_data()
 {
     QTest::addColumn<QString>("fileName");
     QTest::addColumn<QString>("bankName");
@@ -258,7 +264,7 @@ void tst_TransferFiles::names_data()
                              << QByteArray();
 }
 
-void tst_TransferFiles::names()
+void TransferFilesTest::names()
 {
     QFETCH(const QString, fileName);
     QFETCH(const QString, bankName);
@@ -273,15 +279,15 @@ void tst_TransferFiles::names()
     session.plugin().sendImportWaveSample(path, slot);
     session.plugin().sendImportSoundBank(path, bankName, slot);
     const QString complete = QStringLiteral("waveTransferComplete(%1, 0)").arg(slot);
-    QCOMPARE(session.differenceWhenSettled({QStringLiteral("waveTransferProgress x1"), complete,
-                                            QStringLiteral("waveTransferProgress x1"), complete}),
+    QCOMPARE(session.differenceWhenFinished({QStringLiteral("waveTransferProgress x1"), complete,
+                                             QStringLiteral("waveTransferProgress x1"), complete}),
              QString());
     const QVector<QByteArray> datagrams = session.peer().received();
     QCOMPARE(datagrams.at(0).toHex(), "4453495700000004" + sampleFields);
     QCOMPARE(datagrams.at(3).toHex(), "4453495300000004" + bankFields);
 }
 
-void tst_TransferFiles::bluetoothFiles_data()
+void TransferFilesTest::bluetoothFiles_data()
 {
     QTest::addColumn<QString>("fileName");
     QTest::addColumn<QByteArray>("slotField");
@@ -299,7 +305,7 @@ void tst_TransferFiles::bluetoothFiles_data()
     QTest::newRow("hex") << QStringLiteral("m.hex") << QByteArray() << 0.0;
 }
 
-void tst_TransferFiles::bluetoothFiles()
+void TransferFilesTest::bluetoothFiles()
 {
     QFETCH(const QString, fileName);
     QFETCH(const QByteArray, slotField);
@@ -310,7 +316,7 @@ void tst_TransferFiles::bluetoothFiles()
     connect(&session.plugin(), &QConnectQmlPlugin::btfwProgressChanged, this,
             [&] { seen.append(session.plugin().btfwProgress()); });
     session.plugin().sendBtFw(m_files.write(fileName, QByteArray(1025, '\x55')));
-    QCOMPARE(session.differenceWhenSettled(
+    QCOMPARE(session.differenceWhenFinished(
                  {QStringLiteral("btfwProgressChanged x3"), QStringLiteral("bluetoothTransferComplete(0)")}),
              QString());
     QCOMPARE(session.peer().received().first().toHex(), "4453424600000401" + slotField);
@@ -318,5 +324,5 @@ void tst_TransferFiles::bluetoothFiles()
     QCOMPARE(seen, QVector<double>(3, progress));
 }
 
-QTEST_GUILESS_MAIN(tst_TransferFiles)
+QTEST_GUILESS_MAIN(TransferFilesTest)
 #include "tst_files.moc"

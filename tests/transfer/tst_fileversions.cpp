@@ -5,9 +5,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-// Versions that firmware files carry.
+// Versions in firmware files.
 
-class tst_FileVersions : public QObject
+class FileVersionsTest : public QObject
 {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ private:
     QTemporaryDir m_dir;
 };
 
-QString tst_FileVersions::write(const QByteArray &content) const
+QString FileVersionsTest::write(const QByteArray &content) const
 {
     QFile file(m_dir.filePath(QStringLiteral("firmware")));
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
@@ -33,7 +33,7 @@ QString tst_FileVersions::write(const QByteArray &content) const
     return file.fileName();
 }
 
-void tst_FileVersions::zelta_data()
+void FileVersionsTest::zelta_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<int>("version");
@@ -63,7 +63,7 @@ void tst_FileVersions::zelta_data()
     row("zero bytes between", QByteArray("\0\0\0", 3) + "4810QN-" + QByteArray("\0\0\0", 3) + "1.05 - ",
         0x00010005);
 
-    // The version text fits the first 100 bytes, or it is none.
+    // Only a version text within the first 100 bytes counts.
     const QByteArray text = "4810QN-xyz1.05 - ";
     row("ends at byte 100", QByteArray(100 - text.size(), 'x') + text, 0x00010005);
     row("separator beyond byte 100", QByteArray(101 - text.size(), 'x') + text, -1);
@@ -80,14 +80,14 @@ void tst_FileVersions::zelta_data()
     row("numbers too large", "4810QN-xyz2147483648.99999999999999999999 - ", 0);
 }
 
-void tst_FileVersions::zelta()
+void FileVersionsTest::zelta()
 {
     QFETCH(const QByteArray, content);
     QFETCH(const int, version);
     QCOMPARE(zelta::zeltaFirmwareVersion(write(content)), version);
 }
 
-void tst_FileVersions::trigger_data()
+void FileVersionsTest::trigger_data()
 {
     QTest::addColumn<QByteArray>("hex");
     QTest::addColumn<int>("version");
@@ -102,21 +102,21 @@ void tst_FileVersions::trigger_data()
     QTest::newRow("letters behind a byte") << QByteArray("00 54474657 0500 0100") << -1;
     QTest::newRow("empty") << QByteArray() << -1;
     QTest::newRow("three bytes") << QByteArray("544746") << -1;
-    // What is cut off counts as 0.
+    // Missing bytes count as 0.
     QTest::newRow("four bytes") << QByteArray("54474657") << 0;
     QTest::newRow("five bytes") << QByteArray("54474657 05") << 5;
     QTest::newRow("six bytes") << QByteArray("54474657 0501") << 0x0105;
     QTest::newRow("seven bytes") << QByteArray("54474657 0500 01") << 0x00010005;
 }
 
-void tst_FileVersions::trigger()
+void FileVersionsTest::trigger()
 {
     QFETCH(const QByteArray, hex);
     QFETCH(const int, version);
     QCOMPARE(zelta::triggerFirmwareVersion(write(QByteArray::fromHex(hex))), version);
 }
 
-void tst_FileVersions::unreadable_data()
+void FileVersionsTest::unreadable_data()
 {
     QTest::addColumn<QString>("path");
 
@@ -125,12 +125,12 @@ void tst_FileVersions::unreadable_data()
     QTest::newRow("folder") << m_dir.path();
 }
 
-void tst_FileVersions::unreadable()
+void FileVersionsTest::unreadable()
 {
     QFETCH(const QString, path);
     QCOMPARE(zelta::zeltaFirmwareVersion(path), -1);
     QCOMPARE(zelta::triggerFirmwareVersion(path), -1);
 }
 
-QTEST_APPLESS_MAIN(tst_FileVersions)
+QTEST_APPLESS_MAIN(FileVersionsTest)
 #include "tst_fileversions.moc"

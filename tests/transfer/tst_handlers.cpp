@@ -7,7 +7,8 @@
 #include <QQmlEngine>
 #include <QTest>
 
-// QML handlers of transfers and versions that call the next method at once, and bindings to what they change.
+// QML handlers of transfers and versions that call the next method at once, and bindings to the changed
+// values.
 
 namespace {
 
@@ -60,7 +61,7 @@ ZeltaConnect {
 
 } // namespace
 
-class tst_TransferHandlers : public QObject
+class TransferHandlersTest : public QObject
 {
     Q_OBJECT
 
@@ -71,14 +72,14 @@ private:
     TestFiles m_files;
 };
 
-// A firmware update runs first and everything else is queued behind it, by handlers.
-void tst_TransferHandlers::chainOfRequests()
+// A firmware update runs first; handlers queue everything else behind it.
+void TransferHandlersTest::chainOfRequests()
 {
     TransferPeer peer(qEnvironmentVariable("ZELTACONNECT_ENGINE"));
     qputenv("ZELTACONNECT_ENGINE", peer.endpoint().toLatin1());
     answerOldVersions(peer);
-    const auto ids = QVector<quint16>{0x534E, 0x544E, 0x484C};
-    for (const quint16 id : ids)
+    const auto ids = std::vector<Tag>{"SN", "TN", "HL"};
+    for (const Tag id : ids)
         peer.answerQuery(id, {{id, 2, 7}});
 
     qmlRegisterType<QConnectQmlPlugin>("ZeltaConnectTest", 1, 0, "ZeltaConnect");
@@ -108,5 +109,5 @@ void tst_TransferHandlers::chainOfRequests()
                           QStringLiteral("finished"), QStringLiteral("engine finished")}));
 }
 
-QTEST_GUILESS_MAIN(tst_TransferHandlers)
+QTEST_GUILESS_MAIN(TransferHandlersTest)
 #include "tst_handlers.moc"

@@ -1,14 +1,21 @@
+#include "tag.h"
+
+#include "support/datagram.h"
 #include "transfer/datapacket.h"
 
 #include <QTest>
+#include <QTextCodec>
 
-class tst_DataPacket : public QObject
+using testsupport::datagram;
+
+class DataPacketTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void forms_data();
     void forms();
+    void nameInALatin1Locale();
     void checksum_data();
     void checksum();
 };
@@ -16,138 +23,149 @@ private Q_SLOTS:
 using Build = DATA_PACKET (*)();
 Q_DECLARE_METATYPE(Build)
 
-void tst_DataPacket::forms_data()
+void DataPacketTest::forms_data()
 {
     QTest::addColumn<Build>("build");
-    QTest::addColumn<QByteArray>("hex");
+    QTest::addColumn<QByteArray>("expected");
 
-    const auto row = [](const char *name, Build build, const char *hex) {
-        QTest::newRow(name) << build << QByteArray(hex);
+    const auto row = [](const char *name, Build build, const char *expected) {
+        QTest::newRow(name) << build << QByteArray(expected);
     };
     row(
-        "query", [] { return DATA_PACKET(0x564E, 0); }, "564e 0000");
+        "query", [] { return DATA_PACKET(Tag("VN"), 0); }, "VN 0000");
     row(
         "start of a whole file",
         [] {
-            DATA_PACKET packet(0x4453, 0x5342);
+            DATA_PACKET packet(Tag("DS"), Tag("SB"));
             packet.setStart(0x01020304);
             return packet;
         },
-        "4453 5342 01020304");
+        "DS SB 01020304");
     row(
         "start, largest size",
         [] {
-            DATA_PACKET packet(0x4453, 0x5442);
+            DATA_PACKET packet(Tag("DS"), Tag("TB"));
             packet.setStart(0xFFFFFFFF);
             return packet;
         },
-        "4453 5442 ffffffff");
+        "DS TB ffffffff");
     row(
         "start with slot and name",
         [] {
-            DATA_PACKET packet(0x4453, 0x4957);
+            DATA_PACKET packet(Tag("DS"), Tag("IW"));
             packet.setStart(1025);
             packet.setSlot(3);
             packet.setFileName(QStringLiteral("kick.wav"));
             return packet;
         },
-        "4453 4957 00000401 0003 6b69636b2e77617600");
+        "DS IW 00000401 0003 6b69636b2e77617600");
     row(
         "fields in the order of the calls",
         [] {
-            DATA_PACKET packet(0x4453, 0x4953);
+            DATA_PACKET packet(Tag("DS"), Tag("IS"));
             packet.setFileName(QStringLiteral("a"));
             packet.setSoundBankId(0x0102);
             packet.setStart(5);
             return packet;
         },
-        "4453 4953 6100 0102 00000005");
+        "DS IS 6100 0102 00000005");
     row(
         "slot beyond 16 bits",
         [] {
-            DATA_PACKET packet(0x4453, 0x4953);
+            DATA_PACKET packet(Tag("DS"), Tag("IS"));
             packet.setSlot(0x12345);
             return packet;
         },
-        "4453 4953 2345");
+        "DS IS 2345");
     row(
         "bank beyond 16 bits",
         [] {
-            DATA_PACKET packet(0x4453, 0x4953);
+            DATA_PACKET packet(Tag("DS"), Tag("IS"));
             packet.setSoundBankId(0xFFFEDCBA);
             return packet;
         },
-        "4453 4953 dcba");
+        "DS IS dcba");
     row(
         "empty name",
         [] {
-            DATA_PACKET packet(0x4453, 0x4953);
+            DATA_PACKET packet(Tag("DS"), Tag("IS"));
             packet.setFileName(QString());
             return packet;
         },
-        "4453 4953 00");
+        "DS IS 00");
     row(
         "name beyond ASCII",
         [] {
-            DATA_PACKET packet(0x4453, 0x4953);
+            DATA_PACKET packet(Tag("DS"), Tag("IS"));
             packet.setFileName(QStringLiteral("B\u00e4\u266a"));
             return packet;
         },
-        "4453 4953 42c3a4e299aa00");
+        "DS IS 42c3a4e299aa00");
     row(
         "data",
         [] {
-            DATA_PACKET packet(0x4443, 0x5342);
+            DATA_PACKET packet(Tag("DC"), Tag("SB"));
             packet.setData(0x01020304, QByteArray("\xAA\xBB\xCC\xDD", 4));
             return packet;
         },
-        "4443 5342 01020304 0002 aabbccdd");
+        "DC SB 01020304 0002 aabbccdd");
     row(
         "data without a chunk",
         [] {
-            DATA_PACKET packet(0x4443, 0x4246);
+            DATA_PACKET packet(Tag("DC"), Tag("BF"));
             packet.setData(7, QByteArray());
             return packet;
         },
-        "4443 4246 00000007 0000");
+        "DC BF 00000007 0000");
     row(
         "data over other fields",
         [] {
-            DATA_PACKET packet(0x4443, 0x4246);
+            DATA_PACKET packet(Tag("DC"), Tag("BF"));
             packet.setStart(0xFFFFFFFF);
             packet.setFileName(QStringLiteral("longer than the header"));
             packet.setData(1, QByteArray("\x11\x22", 2));
             return packet;
         },
-        "4443 4246 00000001 0001 1122");
+        "DC BF 00000001 0001 1122");
     row(
         "end",
         [] {
-            DATA_PACKET packet(0x4445, 0x5446);
+            DATA_PACKET packet(Tag("DE"), Tag("TF"));
             packet.setEnd(0xFEDCBA98);
             return packet;
         },
-        "4445 5446 fedcba98");
+        "DE TF fedcba98");
     row(
         "end over other fields",
         [] {
-            DATA_PACKET packet(0x4445, 0x5446);
+            DATA_PACKET packet(Tag("DE"), Tag("TF"));
             packet.setStart(0xFFFFFFFF);
             packet.setSlot(0xFFFF);
             packet.setEnd(2);
             return packet;
         },
-        "4445 5446 00000002");
+        "DE TF 00000002");
 }
 
-void tst_DataPacket::forms()
+void DataPacketTest::forms()
 {
     QFETCH(const Build, build);
-    QFETCH(const QByteArray, hex);
-    QCOMPARE(build().bytes().toHex(), QByteArray(hex).replace(' ', ""));
+    QFETCH(const QByteArray, expected);
+    QCOMPARE(build().bytes().toHex(), datagram(expected).toHex());
 }
 
-void tst_DataPacket::checksum_data()
+// Names are UTF-8 on the wire, whatever the encoding of the locale is.
+void DataPacketTest::nameInALatin1Locale()
+{
+    QTextCodec *const previous = QTextCodec::codecForLocale();
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-1"));
+    DATA_PACKET packet(Tag("DS"), Tag("IW"));
+    packet.setFileName(QStringLiteral("\u00e4.wav"));
+    QTextCodec::setCodecForLocale(previous);
+    QCOMPARE(packet.bytes().toHex(), datagram("DS IW c3a42e77617600").toHex());
+}
+
+void DataPacketTest::checksum_data()
 {
     QTest::addColumn<QByteArray>("chunk");
     QTest::addColumn<quint32>("sum");
@@ -159,12 +177,12 @@ void tst_DataPacket::checksum_data()
     QTest::newRow("largest chunk of largest words") << QByteArray(1024, '\xFF') << 0x1FFFE00U;
 }
 
-void tst_DataPacket::checksum()
+void DataPacketTest::checksum()
 {
     QFETCH(const QByteArray, chunk);
     QFETCH(const quint32, sum);
     QCOMPARE(zelta::chunkChecksum(chunk), sum);
 }
 
-QTEST_APPLESS_MAIN(tst_DataPacket)
+QTEST_APPLESS_MAIN(DataPacketTest)
 #include "tst_packet.moc"

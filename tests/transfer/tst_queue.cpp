@@ -4,12 +4,14 @@
 
 #include "control/qconnectqmlplugin.h"
 
+#include <QDateTime>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QSemaphore>
 #include <QTest>
 #include <QTimer>
 
-// Several tasks, and handlers that queue new ones.
+// Several tasks, and handlers that queue further ones.
 
 namespace {
 
@@ -18,7 +20,7 @@ constexpr int rounds = 500;
 const QString soundBankVersionSeen = QStringLiteral("soundbankVersionChanged()");
 const QString triggerBankVersionSeen = QStringLiteral("triggerbankVersionChanged()");
 
-/// First two bytes of every datagram but data packets, with the content word of those that have one.
+/// Tags of every datagram except data packets.
 QStringList outline(const QVector<QByteArray> &datagrams)
 {
     QStringList result;
@@ -29,9 +31,30 @@ QStringList outline(const QVector<QByteArray> &datagrams)
     return result;
 }
 
+/// A transfer engine whose thread takes a while to end after its last task.
+class SlowlyEndingEngine : public qconnectfirmware
+{
+public:
+    explicit SlowlyEndingEngine(QConnectQmlPlugin &plugin)
+        : qconnectfirmware(&plugin, nullptr)
+    {}
+    ~SlowlyEndingEngine() override { stop(); }
+    Q_DISABLE_COPY(SlowlyEndingEngine)
+
+    QSemaphore ending;
+
+protected:
+    void run() override
+    {
+        qconnectfirmware::run();
+        ending.release();
+        msleep(300);
+    }
+};
+
 } // namespace
 
-class tst_TransferQueue : public QObject
+class TransferQueueTest : public QObject
 {
     Q_OBJECT
 
@@ -41,6 +64,8 @@ private Q_SLOTS:
     void unsendableInBetween();
     void queuedWhileTheLastOneEnds_data();
     void queuedWhileTheLastOneEnds();
+    void queuedWhileTheThreadEnds();
+    void endPacketIsSentLocked();
     void handlersThatCallBack();
     void handlerThatQueuesTheSame();
     void settingsDuringATransfer();
@@ -50,12 +75,12 @@ private:
     TestFiles m_files;
 };
 
-void tst_TransferQueue::severalAtOnce()
+void TransferQueueTest::severalAtOnce()
 {
     Session session;
     answerOldVersions(session.peer());
-    session.peer().answerQuery(0x534E, {{0x534E, 1, 1}});
-    session.peer().answerQuery(0x544E, {{0x544E, 1, 1}});
+    session.peer().answerQuery("SN", {{"SN", 1, 1}});
+    session.peer().answerQuery("TN", {{"TN", 1, 1}});
     QConnectQmlPlugin &plugin = session.plugin();
     const QVector<TransferKind> kinds = quickKinds();
     QStringList expected;
@@ -74,15 +99,15 @@ void tst_TransferQueue::severalAtOnce()
     expected << soundBankVersionSeen;
     send(4);
     send(2);
-    QCOMPARE(session.differenceWhenSettled(expected), QString());
+    QCOMPARE(session.differenceWhenFinished(expected), QString());
     QCOMPARE(outline(session.peer().received()).join(QLatin1Char(' ')),
              QStringLiteral("DSIS DEIS TN DSSB DESB TV DSTF DETF DSBF DEBF SN DSIW DEIW DSTB DETB HL"));
 }
 
-void tst_TransferQueue::whileOneRuns()
+void TransferQueueTest::whileOneRuns()
 {
     Session session;
-    session.peer().answerQuery(0x534E, {{0x534E, 1, 1}});
+    session.peer().answerQuery("SN", {{"SN", 1, 1}});
     const TransferKind triggerBank = quickKinds().at(2);
     const TransferKind sample = quickKinds().at(4);
     triggerBank.send(session.plugin(),
@@ -90,18 +115,18 @@ void tst_TransferQueue::whileOneRuns()
     QVERIFY(session.peer().waitForCount(20, patienceMs));
     sample.send(session.plugin(), m_files.write(sample.fileName, sample.file(10)));
     session.plugin().requestSoundBankVersion();
-    QCOMPARE(session.differenceWhenSettled(triggerBank.progressed(400) + triggerBank.completed(0) +
-                                           sample.progressed(1) + sample.completed(0) +
-                                           QStringList{soundBankVersionSeen}),
+    QCOMPARE(session.differenceWhenFinished(triggerBank.progressed(400) + triggerBank.completed(0) +
+                                            sample.progressed(1) + sample.completed(0) +
+                                            QStringList{soundBankVersionSeen}),
              QString());
     QCOMPARE(outline(session.peer().received()).join(QLatin1Char(' ')),
              QStringLiteral("DSTB DETB DSIW DEIW SN HL"));
 }
 
-void tst_TransferQueue::unsendableInBetween()
+void TransferQueueTest::unsendableInBetween()
 {
     Session session;
-    session.peer().answerQuery(0x534E, {{0x534E, 1, 1}});
+    session.peer().answerQuery("SN", {{"SN", 1, 1}});
     QConnectQmlPlugin &plugin = session.plugin();
     const QString missing = m_files.path(QStringLiteral("missing"));
     plugin.sendSoundBank(missing);
@@ -110,26 +135,26 @@ void tst_TransferQueue::unsendableInBetween()
     plugin.sendBtFw(QString());
     plugin.requestSoundBankVersion();
     plugin.sendImportWaveSample(m_files.path(QString()), 3);
-    QCOMPARE(session.differenceWhenSettled({soundBankVersionSeen}), QString());
+    QCOMPARE(session.differenceWhenFinished({soundBankVersionSeen}), QString());
     QCOMPARE(outline(session.peer().received()), (QStringList{QStringLiteral("SN"), QStringLiteral("HL")}));
 }
 
-void tst_TransferQueue::queuedWhileTheLastOneEnds_data()
+void TransferQueueTest::queuedWhileTheLastOneEnds_data()
 {
     QTest::addColumn<int>("delayUs");
 
-    // The next task comes at once, or a moment later: before, while and after the thread goes.
+    // The next task is queued before, while and after the thread ends.
     for (const int delayUs : {0, 20, 50, 100, 300})
         QTest::addRow("%d us later", delayUs) << delayUs;
 }
 
-// The reply to a query ends the last task; the next one is queued while its thread is on its way out.
-void tst_TransferQueue::queuedWhileTheLastOneEnds()
+// The reply to a query ends the last task; the next task is queued while the thread ends.
+void TransferQueueTest::queuedWhileTheLastOneEnds()
 {
     QFETCH(const int, delayUs);
 
     Session session;
-    session.peer().answerQuery(0x534E, {{0x534E, 1, 1}});
+    session.peer().answerQuery("SN", {{"SN", 1, 1}});
     int replies = 0;
     QEventLoop loop;
     QTimer::singleShot(patienceMs, &loop, &QEventLoop::quit);
@@ -150,13 +175,63 @@ void tst_TransferQueue::queuedWhileTheLastOneEnds()
     QCOMPARE(session.peer().received().size(), rounds);
 }
 
-// Every signal of a transfer or version has a handler that calls all there is. Nothing hangs, nothing is
+// A task that is queued after the last look at the queue runs, although the thread has not ended yet.
+void TransferQueueTest::queuedWhileTheThreadEnds()
+{
+    Session session;
+    session.peer().answerQuery("SN", {{"SN", 1, 1}});
+    session.peer().answerQuery("TN", {{"TN", 1, 1}});
+    SlowlyEndingEngine engine(session.plugin());
+    engine.requestSoundBankVersion();
+    QVERIFY(session.waitFor(soundBankVersionSeen));
+    QVERIFY(engine.ending.tryAcquire(1, patienceMs));
+    engine.requestTriggerBankVersion();
+    QVERIFY(session.waitFor(triggerBankVersionSeen));
+}
+
+// The end packet is not sent while another thread holds the lock; otherwise its acknowledgement could be
+// handled before the wait for it begins. The file ends before a pause, in which the GUI thread takes the
+// lock. A busy machine may take it too late now and then.
+void TransferQueueTest::endPacketIsSentLocked()
+{
+    constexpr int filesToCheck = 100000;
+    constexpr qint64 marginMs = 20;
+    Session session;
+    const TransferKind triggerBank = quickKinds().at(2);
+    const QString path = m_files.write(triggerBank.fileName, triggerBank.file(triggerBank.chunkBytes * 40));
+    QStringList files;
+    while (files.size() < filesToCheck)
+        files.append(path);
+    int sentWhileLocked = 0;
+    for (int round = 0; round < 5; ++round) {
+        const int before = session.peer().received().size();
+        triggerBank.send(session.plugin(), path);
+        QElapsedTimer patience;
+        patience.start();
+        while (session.peer().received().size() < before + 41 && !patience.hasExpired(patienceMs))
+            QThread::usleep(500);
+        const qint64 lockedMs = QDateTime::currentMSecsSinceEpoch();
+        QCOMPARE(session.plugin().checkBtFw(files), 0);
+        const qint64 unlockedMs = QDateTime::currentMSecsSinceEpoch();
+        QVERIFY(session.finishTasks());
+        session.forgetSeen();
+        const QVector<QByteArray> datagrams = session.peer().received();
+        const QVector<qint64> times = session.peer().receivedAtNs();
+        QVERIFY(datagrams.at(before + 41).startsWith("DETB"));
+        const qint64 endMs = times.at(before + 41) / 1000000;
+        if (endMs >= lockedMs && endMs < unlockedMs - marginMs)
+            ++sentWhileLocked;
+    }
+    QVERIFY2(sentWhileLocked <= 2, QByteArray::number(sentWhileLocked));
+}
+
+// Every signal of transfers and versions has a handler that calls many methods. No call blocks and no task is
 // lost.
-void tst_TransferQueue::handlersThatCallBack()
+void TransferQueueTest::handlersThatCallBack()
 {
     Session session;
     answerOldVersions(session.peer());
-    for (const quint16 query : {quint16(0x534E), quint16(0x544E)})
+    for (const Tag query : {Tag("SN"), Tag("TN")})
         session.peer().answerQuery(query, {{query, 1, 1}});
     QConnectQmlPlugin &plugin = session.plugin();
     const QString sample = m_files.write(QStringLiteral("short.wav"), noise(100));
@@ -200,12 +275,12 @@ void tst_TransferQueue::handlersThatCallBack()
     QVector<TransferKind> kinds = quickKinds();
     for (const TransferKind &kind : qAsConst(kinds))
         kind.send(plugin, m_files.write(kind.fileName, kind.file(kind.chunkBytes * 2)));
-    session.peer().answerQuery(0x484C, {{0x484C, 1, 0}});
+    session.peer().answerQuery("HL", {{"HL", 1, 0}});
     plugin.requestHHRawValue();
 
-    // Tasks are queued on the way, so the engine is done when every one of them was answered.
+    // Handlers queue further tasks, so all of them must have ended.
     QVERIFY(QTest::qWaitFor([&] { return calls >= 200; }, patienceMs));
-    QVERIFY(session.settle());
+    QVERIFY(session.finishTasks());
     const QStringList seen = session.seen();
     for (const TransferKind &kind : qAsConst(kinds)) {
         const auto signals = kind.completed(0);
@@ -218,8 +293,8 @@ void tst_TransferQueue::handlersThatCallBack()
                  QByteArray::number(slot));
 }
 
-// A bank's completion starts the same transfer again, as a screen may do that retries.
-void tst_TransferQueue::handlerThatQueuesTheSame()
+// The handler of a completion starts the same transfer again, as a screen does that retries.
+void TransferQueueTest::handlerThatQueuesTheSame()
 {
     Session session;
     const TransferKind soundBank = quickKinds().at(1);
@@ -235,8 +310,8 @@ void tst_TransferQueue::handlerThatQueuesTheSame()
     QCOMPARE(FileStream(session.peer().received(), "SB").starts.size(), 50);
 }
 
-// The two threads share the socket: settings arrive whole between the packets of a file.
-void tst_TransferQueue::settingsDuringATransfer()
+// Two threads send: settings arrive complete between the packets of a file.
+void TransferQueueTest::settingsDuringATransfer()
 {
     Session session;
     const TransferKind bluetooth = quickKinds().constLast();
@@ -247,9 +322,9 @@ void tst_TransferQueue::settingsDuringATransfer()
     while (session.peer().lastDataNumber() < packets / 2) {
         session.plugin().requestMemInfo();
         ++settings;
-        QTest::qWait(1); // no faster than the engine reads them
+        QTest::qWait(1); // not faster than the engine receives
     }
-    QVERIFY(session.settle());
+    QVERIFY(session.finishTasks());
     const QVector<QByteArray> datagrams = session.peer().received();
     const FileStream stream(datagrams, "BF");
     QVERIFY(stream.isPlain(packets));
@@ -258,20 +333,20 @@ void tst_TransferQueue::settingsDuringATransfer()
     QCOMPARE(datagrams.size(), packets + 2 + settings + 1);
 }
 
-// checkBtFw() shares a lock with the transfer thread and must not be held up by it.
-void tst_TransferQueue::checkDuringATransfer()
+// checkBtFw() takes a lock of the transfer thread and must not wait for the end of a query.
+void TransferQueueTest::checkDuringATransfer()
 {
     Session session;
     const QString path = m_files.write(QStringLiteral("a.b00"), noise(10));
-    session.plugin().requestSoundBankVersion(); // is not answered
+    session.plugin().requestSoundBankVersion(); // not answered
     QVERIFY(session.peer().waitForCount(1, patienceMs));
     QElapsedTimer timer;
     timer.start();
     QCOMPARE(session.plugin().checkBtFw({path}), 0);
     QCOMPARE(session.plugin().checkBtFw({path, m_files.path(QStringLiteral("a.b01"))}), -1);
-    // The query goes on waiting for twenty seconds.
+    // The query waits for 20 s.
     QVERIFY2(timer.elapsed() < 10000, QByteArray::number(timer.elapsed()));
 }
 
-QTEST_GUILESS_MAIN(tst_TransferQueue)
+QTEST_GUILESS_MAIN(TransferQueueTest)
 #include "tst_queue.moc"

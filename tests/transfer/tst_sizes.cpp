@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <array>
 
-class tst_TransferSizes : public QObject
+class TransferSizesTest : public QObject
 {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ private:
     TestFiles m_files;
 };
 
-void tst_TransferSizes::everySize_data()
+void TransferSizesTest::everySize_data()
 {
     QTest::addColumn<TransferKind>("kind");
 
@@ -51,7 +51,7 @@ void tst_TransferSizes::everySize_data()
 }
 
 // All sizes of a kind at once, each with an engine of its own.
-void tst_TransferSizes::everySize()
+void TransferSizesTest::everySize()
 {
     QFETCH(const TransferKind, kind);
     const int chunk = kind.chunkBytes;
@@ -65,7 +65,8 @@ void tst_TransferSizes::everySize()
         Session &session = *sessions.back();
         answerOldVersions(session.peer());
         contents.append(kind.file(size, quint32(size)));
-        // The file's name is part of a wave sample's start packet, so every size has a folder of its own.
+        // The start packet of a wave sample carries the name of the file, so each size has a folder of its
+        // own.
         const QString path =
             m_files.write(QStringLiteral("%1/%2").arg(size).arg(kind.fileName), contents.last());
         kind.send(session.plugin(), path);
@@ -73,12 +74,12 @@ void tst_TransferSizes::everySize()
     for (int i = 0; i < sizes.size(); ++i) {
         const int size = sizes.at(i);
         Session &session = *sessions.at(std::size_t(i));
-        QVERIFY2(session.settle(), QByteArray::number(size));
+        QVERIFY2(session.finishTasks(), QByteArray::number(size));
 
         const FileStream stream(session.peer().received(), kind.content);
         if (size < kind.header.size()) {
             QVERIFY(stream.starts.isEmpty() && stream.numbers.isEmpty() && stream.ends.isEmpty());
-            QCOMPARE(session.difference({Session::settled()}), QString());
+            QCOMPARE(session.difference({Session::tasksFinished()}), QString());
             continue;
         }
         const int packets = (size + chunk - 1) / chunk;
@@ -95,11 +96,11 @@ void tst_TransferSizes::everySize()
         QCOMPARE(stream.ends.first().mid(4).toHex().toUInt(nullptr, 16), kind.checksum ? stream.sum() : 0U);
 
         QCOMPARE(session.seen(), kind.before + kind.progressed(packets) + kind.completed(0) +
-                                     QStringList{Session::settled()});
+                                     QStringList{Session::tasksFinished()});
     }
 }
 
-void tst_TransferSizes::pauses_data()
+void TransferSizesTest::pauses_data()
 {
     QTest::addColumn<TransferKind>("kind");
     QTest::addColumn<int>("pauseMs");
@@ -110,9 +111,9 @@ void tst_TransferSizes::pauses_data()
         QTest::newRow(kinds.at(i).name) << kinds.at(i) << pauses.at(i);
 }
 
-// Ten packets, a pause that is never too short. A busy machine stretches single gaps, so the middle one of
-// many tells where there is no pause.
-void tst_TransferSizes::pauses()
+// A pause after every ten packets, never too short. A busy machine stretches single gaps, so the median of
+// many gaps shows where there is no pause.
+void TransferSizesTest::pauses()
 {
     QFETCH(const TransferKind, kind);
     QFETCH(const int, pauseMs);
@@ -120,7 +121,7 @@ void tst_TransferSizes::pauses()
     Session session;
     answerOldVersions(session.peer());
     kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(kind.chunkBytes * 1005)));
-    QVERIFY(session.settle());
+    QVERIFY(session.finishTasks());
 
     const QVector<QByteArray> datagrams = session.peer().received();
     const QVector<qint64> stampsNs = session.peer().receivedAtNs();
@@ -149,14 +150,14 @@ void tst_TransferSizes::pauses()
     }
 }
 
-void tst_TransferSizes::soundBankOf1025Bytes()
+void TransferSizesTest::soundBankOf1025Bytes()
 {
     Session session;
     QVector<double> progress;
     connect(&session.plugin(), &QConnectQmlPlugin::soundProgressChanged, this,
             [&] { progress.append(session.plugin().soundBankProgress()); });
     session.plugin().sendSoundBank(m_files.write(QStringLiteral("bank"), QByteArray(1024, '\x01') + '\x02'));
-    QVERIFY(session.settle());
+    QVERIFY(session.finishTasks());
 
     const QVector<QByteArray> datagrams = session.peer().received();
     QCOMPARE(datagrams.size(), 5);
@@ -170,26 +171,26 @@ void tst_TransferSizes::soundBankOf1025Bytes()
     QCOMPARE(progress, (QVector<double>{1024.0 / 1025.0, 1.0}));
 }
 
-void tst_TransferSizes::progress_data()
+void TransferSizesTest::progress_data()
 {
     QTest::addColumn<TransferKind>("kind");
-    QTest::addColumn<QByteArray>("property"); ///< nothing for a signal that carries it
+    QTest::addColumn<QByteArray>("property"); ///< empty for a signal with the value
     QTest::addColumn<QVector<double>>("expected");
 
     const QVector<TransferKind> kinds = quickKinds();
-    // Three chunks and a byte; of the sound bank's longer chunks, one and a half.
+    // Three chunks and a byte; 1.5 of the larger chunks of a sound bank.
     const QVector<double> fractions{512.0 / 1537, 1024.0 / 1537, 1536.0 / 1537, 1};
     QTest::newRow("sound bank") << kinds.at(1) << QByteArray("soundBankProgress")
                                 << QVector<double>{1024.0 / 1537, 1};
     QTest::newRow("trigger bank") << kinds.at(2) << QByteArray("triggerBankProgress") << fractions;
     QTest::newRow("imported sound bank") << kinds.at(3) << QByteArray() << fractions;
     QTest::newRow("imported wave sample") << kinds.at(4) << QByteArray() << fractions;
-    // The fourth of seventeen files, whatever there is of it.
+    // The fourth of seventeen files, for every packet.
     QTest::newRow("bluetooth firmware") << kinds.at(5) << QByteArray("btfwProgress")
                                         << QVector<double>{4.0 / 17, 4.0 / 17, 4.0 / 17, 4.0 / 17};
 }
 
-void tst_TransferSizes::progress()
+void TransferSizesTest::progress()
 {
     QFETCH(const TransferKind, kind);
     QFETCH(const QByteArray, property);
@@ -206,15 +207,15 @@ void tst_TransferSizes::progress()
     connect(&session.plugin(), &QConnectQmlPlugin::triggerProgressChanged, this, note);
     connect(&session.plugin(), &QConnectQmlPlugin::btfwProgressChanged, this, note);
     kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(1537)));
-    QVERIFY(session.settle());
+    QVERIFY(session.finishTasks());
     QCOMPARE(seen, expected);
 }
 
-void tst_TransferSizes::sampleOf3Bytes()
+void TransferSizesTest::sampleOf3Bytes()
 {
     Session session;
     session.plugin().sendImportWaveSample(m_files.write(QStringLiteral("tom.wav"), "\x01\x02\x03"), 7);
-    QVERIFY(session.settle());
+    QVERIFY(session.finishTasks());
 
     const QVector<QByteArray> datagrams = session.peer().received();
     QCOMPARE(datagrams.size(), 4);
@@ -222,23 +223,23 @@ void tst_TransferSizes::sampleOf3Bytes()
     QCOMPARE(datagrams.at(1).toHex(), QByteArray("4443495700000000000201020300"));
     QCOMPARE(datagrams.at(2).toHex(), QByteArray("4445495700000402"));
     QCOMPARE(session.difference({QStringLiteral("waveTransferProgress x1"),
-                                 QStringLiteral("waveTransferComplete(7, 0)"), Session::settled()}),
+                                 QStringLiteral("waveTransferComplete(7, 0)"), Session::tasksFinished()}),
              QString());
 }
 
-void tst_TransferSizes::emptyFile()
+void TransferSizesTest::emptyFile()
 {
     Session session;
     session.plugin().sendTriggerBank(m_files.write(QStringLiteral("empty"), QByteArray()));
-    QVERIFY(session.settle());
+    QVERIFY(session.finishTasks());
 
     const QVector<QByteArray> datagrams = session.peer().received();
     QCOMPARE(datagrams.size(), 3);
     QCOMPARE(datagrams.at(0).toHex(), QByteArray("4453544200000000"));
     QCOMPARE(datagrams.at(1).toHex(), QByteArray("4445544200000000"));
-    QCOMPARE(session.difference({QStringLiteral("triggerbankTransferComplete(0)"), Session::settled()}),
+    QCOMPARE(session.difference({QStringLiteral("triggerbankTransferComplete(0)"), Session::tasksFinished()}),
              QString());
 }
 
-QTEST_GUILESS_MAIN(tst_TransferSizes)
+QTEST_GUILESS_MAIN(TransferSizesTest)
 #include "tst_sizes.moc"

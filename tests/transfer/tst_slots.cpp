@@ -5,13 +5,13 @@
 
 #include <QTest>
 
-// Slot commands, and what the names of bluetooth files stand for.
+// Slot commands, and the indices of bluetooth files.
 
 using testsupport::hex;
 using Call = void (*)(QConnectQmlPlugin &);
 Q_DECLARE_METATYPE(Call)
 
-class tst_Slots : public QObject
+class SlotsTest : public QObject
 {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ private:
     Session m_session;
 };
 
-void tst_Slots::command_data()
+void SlotsTest::command_data()
 {
     QTest::addColumn<Call>("call");
     QTest::addColumn<QByteArray>("datagram");
@@ -64,8 +64,8 @@ void tst_Slots::command_data()
         "deepErase()", [](QConnectQmlPlugin &plugin) { plugin.deepErase(); }, "0bb96337 0bb96256 0bb90678");
 }
 
-// One datagram each, nothing else, and no signal.
-void tst_Slots::command()
+// Each command sends one datagram and emits no signal.
+void SlotsTest::command()
 {
     QFETCH(const Call, call);
     QFETCH(const QByteArray, datagram);
@@ -73,12 +73,12 @@ void tst_Slots::command()
     const int before = m_session.peer().received().size();
     m_session.forgetSeen();
     call(m_session.plugin());
-    QCOMPARE(m_session.differenceWhenSettled({}), QString());
+    QCOMPARE(m_session.differenceWhenFinished({}), QString());
     QCOMPARE(m_session.peer().received().mid(before), (QVector<QByteArray>{datagram, hex("484c0000")}));
 }
 
-// The engine itself takes any channel; the status byte wraps.
-void tst_Slots::channel()
+// The transfer engine accepts any channel; the status byte wraps.
+void SlotsTest::channel()
 {
     qconnectfirmware engine(&m_session.plugin(), nullptr);
     const int before = m_session.peer().received().size();
@@ -92,7 +92,7 @@ void tst_Slots::channel()
                                   hex("494d0003 0b00633d 0b00620f 0b000600")}));
 }
 
-void tst_Slots::btFwSlotId_data()
+void SlotsTest::btFwSlotId_data()
 {
     QTest::addColumn<QString>("path");
     QTest::addColumn<int>("id");
@@ -123,7 +123,7 @@ void tst_Slots::btFwSlotId_data()
     row("", -1);
 }
 
-void tst_Slots::btFwSlotId()
+void SlotsTest::btFwSlotId()
 {
     QFETCH(const QString, path);
     QFETCH(const int, id);
@@ -131,7 +131,7 @@ void tst_Slots::btFwSlotId()
     QCOMPARE(engine.getBtFwSlotId(path), id);
 }
 
-void tst_Slots::checkBtFw()
+void SlotsTest::checkBtFw()
 {
     const QString first = m_files.write(QStringLiteral("m.b00"), "0");
     const QString second = m_files.write(QStringLiteral("m.b01"), "1");
@@ -147,5 +147,5 @@ void tst_Slots::checkBtFw()
     QCOMPARE(plugin.checkBtFw({m_files.path(QString())}), 0);
 }
 
-QTEST_GUILESS_MAIN(tst_Slots)
+QTEST_GUILESS_MAIN(SlotsTest)
 #include "tst_slots.moc"

@@ -8,7 +8,7 @@
 #include <QTest>
 #include <QTimer>
 
-// An engine that does not answer. All cases are started first and looked at one after the other.
+// An engine that does not answer. All cases are started first and checked one after the other.
 
 namespace {
 
@@ -17,7 +17,7 @@ constexpr int queryWaitMs = 20000;
 
 } // namespace
 
-class tst_TransferTimeouts : public QObject
+class TransferTimeoutsTest : public QObject
 {
     Q_OBJECT
 
@@ -35,7 +35,7 @@ private:
         int waitMs;
         bool aborts = false; ///< leaves the next task queued
         qint64 startedMs = -1;
-        qint64 settledMs = -1;
+        qint64 finishedMs = -1;
     };
     Session &start(const QByteArray &name, const QStringList &expected, int waitMs);
 
@@ -44,7 +44,7 @@ private:
     QElapsedTimer m_clock;
 };
 
-Session &tst_TransferTimeouts::start(const QByteArray &name, const QStringList &expected, int waitMs)
+Session &TransferTimeoutsTest::start(const QByteArray &name, const QStringList &expected, int waitMs)
 {
     m_cases.push_back({name, std::make_unique<Session>(), expected, waitMs});
     Session &session = *m_cases.back().session;
@@ -54,48 +54,50 @@ Session &tst_TransferTimeouts::start(const QByteArray &name, const QStringList &
     return session;
 }
 
-void tst_TransferTimeouts::initTestCase()
+void TransferTimeoutsTest::initTestCase()
 {
     const QVector<TransferKind> kinds = quickKinds();
     m_cases.reserve(40);
     m_clock.start();
 
-    // The sound bank's wait of ten minutes is not for here.
+    // The time-out of a sound bank, ten minutes, has a test of its own.
     for (const TransferKind &kind : kinds) {
         if (qstrcmp(kind.content, "SB") == 0)
             continue;
-        // Imports pass the engine's word on, and there was none.
+        // Imports report the engine's status, which stays 0.
         const QStringList completed = kind.completed(kind.passesStatusOn ? 0 : 0xFF);
         Session &session =
             start(QByteArray("end: ") + kind.name, kind.before + kind.progressed(2) + completed, endWaitMs);
         kind.send(session.plugin(), m_files.write(kind.fileName, kind.file(600)));
     }
 
-    // An acknowledgement that comes too late changes nothing, and the next transfer does not see it.
+    // An acknowledgement after the time-out has no effect, also not on the next transfer.
     const TransferKind triggerBank = kinds.at(2);
     Session &late = start("late end", triggerBank.progressed(2) + triggerBank.completed(0xFF), endWaitMs);
     triggerBank.send(late.plugin(), m_files.write(triggerBank.fileName, triggerBank.file(600)));
     connect(&late.plugin(), &QConnectQmlPlugin::triggerbankTransferComplete, this,
             [this, &late, raised = false]() mutable {
                 if (!raised)
-                    QTimer::singleShot(2000, this, [&late] { late.peer().raise({0x4445, 0, 1}); });
+                    QTimer::singleShot(2000, this, [&late] { late.peer().raise({"DE", 0, 1}); });
                 raised = true;
             });
 
-    // Data acknowledgements end no wait.
+    // Data acknowledgements do not end a wait.
     Session &refused =
         start("refusals during the wait", triggerBank.progressed(2) + triggerBank.completed(0xFF), endWaitMs);
-    refused.peer().answerEnd({{0x4443, 5, 0xBE}, {0x4443, 5, 0xE0}, {0x4443, 5, 0x01}, {0x4142, 1, 2}});
+    refused.peer().answerEnd(
+        {{"DC", 0, 0}, {"DC", 5, 0x0100}, {"DC", 5, 0xBE}, {"DC", 5, 0xE0}, {"DC", 5, 0x01}, {"AB", 1, 2}});
     triggerBank.send(refused.plugin(), m_files.path(triggerBank.fileName));
 
-    // Nor does a word that memory is full, but what is queued behind stays queued; imports pass the word on.
+    // "Memory full" does not end the wait either, but the next task stays in the queue. Imports report the
+    // status.
     for (const TransferKind &kind : kinds) {
         if (qstrcmp(kind.content, "SB") == 0)
             continue;
         const QStringList completed = kind.completed(kind.passesStatusOn ? 0xE2 : 0xFF);
         Session &full = start(QByteArray("memory full: ") + kind.name,
                               kind.before + kind.progressed(2) + completed, endWaitMs);
-        full.peer().answerEnd({{0x4443, 0, 0x00E2}});
+        full.peer().answerEnd({{"DC", 0, 0x00E2}});
         m_cases.back().aborts = true;
         kind.send(full.plugin(), m_files.path(kind.fileName));
     }
@@ -106,41 +108,41 @@ void tst_TransferTimeouts::initTestCase()
         start("query: pedal, then version", {QStringLiteral("triggerbankVersionChanged()")}, queryWaitMs);
     pedal.plugin().requestHHRawValue();
     pedal.plugin().requestTriggerBankVersion();
-    pedal.peer().answerQuery(0x544E, {{0x544E, 1, 1}});
+    pedal.peer().answerQuery("TN", {{"TN", 1, 1}});
     Session &board = start(
         "query: trigger firmware",
         {QStringLiteral("intFwUpdateStarted()"), QStringLiteral("intTriggerFirmwareUpdateStarted(0, 65541)"),
          QStringLiteral("intFwUpdateFinished()"), QStringLiteral("intTriggerFirmwareUpdateFinished()")},
         queryWaitMs);
-    board.peer().answerQuery(0x5456, {});
-    board.peer().answerEnd({{0x4445, 0, 0}});
+    board.peer().answerQuery("TV", {});
+    board.peer().answerEnd({{"DE", 0, 0}});
     board.plugin().sendTriggerFirmware(m_files.path(kinds.first().fileName));
-    // A reply to another query would end the wait; refusals and unknown events do not.
+    // Refusals and unknown events do not end the wait for a reply.
     Session &strays = start("query: strays", {}, queryWaitMs);
-    strays.peer().answerQuery(0x534E, {{0x4443, 0, 0xBE}, {0x4443, 0, 0xE0}, {0x4142, 0, 0}});
+    strays.peer().answerQuery("SN", {{"DC", 0, 0xBE}, {"DC", 0, 0xE0}, {"AB", 0, 0}});
     strays.plugin().requestSoundBankVersion();
 
-    // Everything that comes after the wait is asked for now; each case notes when it was reached.
+    // A query behind each task records the time when the wait ended.
     for (Case &testCase : m_cases) {
         if (testCase.name == "query: pedal, then version")
             continue;
-        testCase.session->peer().answerQuery(0x484C, {{0x484C, 54321, 0}});
+        testCase.session->peer().answerQuery("HL", {{"HL", 54321, 0}});
         testCase.session->plugin().requestHHRawValue();
     }
     for (Case &testCase : m_cases) {
         connect(&testCase.session->plugin(), &QConnectQmlPlugin::hihatRawValueChanged, this,
-                [this, &testCase] { testCase.settledMs = m_clock.elapsed(); });
+                [this, &testCase] { testCase.finishedMs = m_clock.elapsed(); });
     }
 }
 
-void tst_TransferTimeouts::outcome_data()
+void TransferTimeoutsTest::outcome_data()
 {
     QTest::addColumn<int>("index");
     for (std::size_t i = 0; i < m_cases.size(); ++i)
         QTest::newRow(m_cases.at(i).name) << int(i);
 }
 
-void tst_TransferTimeouts::outcome()
+void TransferTimeoutsTest::outcome()
 {
     QFETCH(const int, index);
     Case &testCase = m_cases.at(std::size_t(index));
@@ -149,7 +151,7 @@ void tst_TransferTimeouts::outcome()
     if (testCase.name == "query: pedal, then version") {
         QVERIFY(session.waitFor(testCase.expected.first()));
         QVERIFY(m_clock.elapsed() - testCase.startedMs >= testCase.waitMs);
-        QCOMPARE(session.differenceWhenSettled(testCase.expected), QString());
+        QCOMPARE(session.differenceWhenFinished(testCase.expected), QString());
         return;
     }
     if (testCase.aborts) {
@@ -157,28 +159,28 @@ void tst_TransferTimeouts::outcome()
         QVERIFY(session.peer().waitUntilSilent());
         QCOMPARE(session.difference(testCase.expected), QString());
         QVERIFY(!session.peer().received().contains(QByteArray("HL\0\0", 4)));
-        // It runs as soon as something is queued, before that.
+        // The task in the queue runs before the new one.
         session.plugin().requestTriggerBankVersion();
-        QVERIFY(session.waitFor(Session::settled()));
-        QCOMPARE(session.difference(testCase.expected + QStringList{Session::settled()}), QString());
+        QVERIFY(session.waitFor(Session::tasksFinished()));
+        QCOMPARE(session.difference(testCase.expected + QStringList{Session::tasksFinished()}), QString());
         return;
     }
-    QVERIFY(session.waitFor(Session::settled()));
-    const qint64 waitedMs = testCase.settledMs - testCase.startedMs;
-    // Not another kind's wait of ten minutes either.
+    QVERIFY(session.waitFor(Session::tasksFinished()));
+    const qint64 waitedMs = testCase.finishedMs - testCase.startedMs;
+    // The upper limit excludes the ten minutes of a sound bank.
     QVERIFY2(waitedMs >= testCase.waitMs && waitedMs < 3 * testCase.waitMs, QByteArray::number(waitedMs));
-    QCOMPARE(session.difference(testCase.expected + QStringList{Session::settled()}), QString());
+    QCOMPARE(session.difference(testCase.expected + QStringList{Session::tasksFinished()}), QString());
 
     if (testCase.name == "late end") {
         QVERIFY(session.waitFor(QStringLiteral("udpPacketArrived(17477, 0, 1)")));
-        session.peer().answerEnd({{0x4445, 0, 0}});
+        session.peer().answerEnd({{"DE", 0, 0}});
         session.forgetSeen();
         const TransferKind triggerBank = quickKinds().at(2);
         triggerBank.send(session.plugin(), m_files.path(triggerBank.fileName));
-        QCOMPARE(session.differenceWhenSettled(triggerBank.progressed(2) + triggerBank.completed(0)),
+        QCOMPARE(session.differenceWhenFinished(triggerBank.progressed(2) + triggerBank.completed(0)),
                  QString());
     }
 }
 
-QTEST_GUILESS_MAIN(tst_TransferTimeouts)
+QTEST_GUILESS_MAIN(TransferTimeoutsTest)
 #include "tst_timeouts.moc"

@@ -5,7 +5,7 @@
 
 #include <QTest>
 
-// Versions of what is installed: how they are asked for and shown, and how they decide on firmware.
+// Installed versions: queries, texts, and the decision to send firmware.
 
 namespace {
 
@@ -20,7 +20,7 @@ QByteArray triggerFirmware(quint16 major, quint16 minor)
 
 } // namespace
 
-class tst_VersionQueries : public QObject
+class VersionQueriesTest : public QObject
 {
     Q_OBJECT
 
@@ -40,17 +40,17 @@ private:
     TestFiles m_files;
 };
 
-void tst_VersionQueries::initially()
+void VersionQueriesTest::initially()
 {
     Session session;
     QCOMPARE(session.plugin().zeltaFwVersion(), noVersion);
     QCOMPARE(session.plugin().soundBankVersion(), noVersion);
     QCOMPARE(session.plugin().triggerFwVersion(), QStringLiteral("V 0"));
     QCOMPARE(session.plugin().triggerBankVersion(), QStringLiteral("V 0"));
-    QCOMPARE(session.differenceWhenSettled({}), QString());
+    QCOMPARE(session.differenceWhenFinished({}), QString());
 }
 
-void tst_VersionQueries::texts_data()
+void VersionQueriesTest::texts_data()
 {
     QTest::addColumn<int>("major");
     QTest::addColumn<int>("minor");
@@ -69,7 +69,7 @@ void tst_VersionQueries::texts_data()
     QTest::newRow("all ones") << 0xFFFF << 0xFFFF << QStringLiteral("V -1.65535") << QStringLiteral("V -1");
 }
 
-void tst_VersionQueries::texts()
+void VersionQueriesTest::texts()
 {
     QFETCH(const int, major);
     QFETCH(const int, minor);
@@ -77,12 +77,12 @@ void tst_VersionQueries::texts()
     QFETCH(const QString, board);
 
     Session session;
-    session.peer().answerQuery(0x534E, {{0x534E, quint16(major), quint16(minor)}});
-    session.peer().answerQuery(0x544E, {{0x544E, quint16(major), quint16(minor)}});
+    session.peer().answerQuery("SN", {{"SN", quint16(major), quint16(minor)}});
+    session.peer().answerQuery("TN", {{"TN", quint16(major), quint16(minor)}});
     session.plugin().requestSoundBankVersion();
     session.plugin().requestTriggerBankVersion();
-    QCOMPARE(session.differenceWhenSettled({QStringLiteral("soundbankVersionChanged()"),
-                                            QStringLiteral("triggerbankVersionChanged()")}),
+    QCOMPARE(session.differenceWhenFinished({QStringLiteral("soundbankVersionChanged()"),
+                                             QStringLiteral("triggerbankVersionChanged()")}),
              QString());
     QCOMPARE(session.plugin().soundBankVersion(), bank);
     QCOMPARE(session.plugin().triggerBankVersion(), board);
@@ -91,23 +91,23 @@ void tst_VersionQueries::texts()
     QCOMPARE(session.peer().received(), (QVector<QByteArray>{QByteArray("SN\0\0", 4), QByteArray("TN\0\0", 4),
                                                              QByteArray("HL\0\0", 4)}));
 
-    session.peer().raise({0x564E, quint16(major), quint16(minor)});
-    session.peer().raise({0x5456, quint16(major), quint16(minor)});
+    session.peer().raise({"VN", quint16(major), quint16(minor)});
+    session.peer().raise({"TV", quint16(major), quint16(minor)});
     QVERIFY(session.waitFor(QStringLiteral("triggerVersionChanged()")));
     QCOMPARE(session.plugin().zeltaFwVersion(), bank);
     QCOMPARE(session.plugin().triggerFwVersion(), board);
 }
 
-// The engine may tell its versions without being asked; the signal comes every time, changed or not.
-void tst_VersionQueries::unaskedVersions()
+// The engine may report versions without a query; the signal is emitted each time, changed or not.
+void VersionQueriesTest::unaskedVersions()
 {
     Session session;
-    QVERIFY(session.settle());
+    QVERIFY(session.finishTasks());
     session.forgetSeen();
-    const auto ids = QVector<quint16>{0x564E, 0x5456, 0x534E, 0x544E, 0x484C, 0x564E};
-    for (const quint16 id : ids)
+    const auto ids = std::vector<Tag>{"VN", "TV", "SN", "TN", "HL", "VN"};
+    for (const Tag id : ids)
         session.peer().raise({id, 3, 1});
-    session.peer().raise({0x4142, 9, 9});
+    session.peer().raise({"AB", 9, 9});
     QVERIFY(session.waitFor(QStringLiteral("udpPacketArrived(16706, 9, 9)")));
     QCOMPARE(session.difference(
                  {QStringLiteral("zeltaVersionChanged()"), QStringLiteral("triggerVersionChanged()"),
@@ -117,7 +117,7 @@ void tst_VersionQueries::unaskedVersions()
     QCOMPARE(session.plugin().zeltaFwVersion(), QStringLiteral("V 3.01"));
 }
 
-void tst_VersionQueries::hihatValue_data()
+void VersionQueriesTest::hihatValue_data()
 {
     QTest::addColumn<int>("value");
 
@@ -126,18 +126,18 @@ void tst_VersionQueries::hihatValue_data()
     QTest::newRow("largest") << 0xFFFF;
 }
 
-void tst_VersionQueries::hihatValue()
+void VersionQueriesTest::hihatValue()
 {
     QFETCH(const int, value);
 
     Session session;
-    session.peer().answerQuery(0x484C, {{0x484C, quint16(value), 0x1234}});
+    session.peer().answerQuery("HL", {{"HL", quint16(value), 0x1234}});
     session.plugin().requestHHRawValue();
     QVERIFY(session.waitFor(QStringLiteral("hihatRawValueChanged(%1)").arg(value)));
     QCOMPARE(session.peer().received(), QVector<QByteArray>{QByteArray("HL\0\0", 4)});
 }
 
-void tst_VersionQueries::firmwareGate_data()
+void VersionQueriesTest::firmwareGate_data()
 {
     QTest::addColumn<int>("deviceMajor");
     QTest::addColumn<int>("deviceMinor");
@@ -159,8 +159,8 @@ void tst_VersionQueries::firmwareGate_data()
     QTest::newRow("header cut short") << 0 << 6 << QByteArray("TGFW\x07") << started(6, 7);
 }
 
-// Firmware goes out only if it is newer than what the device has.
-void tst_VersionQueries::firmwareGate()
+// Firmware is sent only if it is newer than the version of the device.
+void VersionQueriesTest::firmwareGate()
 {
     QFETCH(const int, deviceMajor);
     QFETCH(const int, deviceMinor);
@@ -168,65 +168,66 @@ void tst_VersionQueries::firmwareGate()
     QFETCH(const QString, started);
 
     Session session;
-    session.peer().answerQuery(0x5456, {{0x5456, quint16(deviceMajor), quint16(deviceMinor)}});
+    session.peer().answerQuery("TV", {{"TV", quint16(deviceMajor), quint16(deviceMinor)}});
     session.plugin().sendTriggerFirmware(m_files.write(QStringLiteral("board.bin"), file));
     QStringList expected{QStringLiteral("triggerVersionChanged()")};
     if (!started.isEmpty())
         expected << QStringLiteral("intFwUpdateStarted()") << started
                  << QStringLiteral("intFwUpdateFinished()")
                  << QStringLiteral("intTriggerFirmwareUpdateFinished()");
-    QCOMPARE(session.differenceWhenSettled(expected), QString());
+    QCOMPARE(session.differenceWhenFinished(expected), QString());
     const FileStream stream(session.peer().received(), "TF");
     QCOMPARE(stream.starts.size(), started.isEmpty() ? 0 : 1);
     QCOMPARE(session.peer().received().first(), QByteArray("TV\0\0", 4));
-    // The board keeps the version that it told itself.
+    // The stored version of the board is the one that it reported.
     QCOMPARE(session.plugin().triggerFwVersion(),
              QStringLiteral("V %1").arg(qint32(quint32(deviceMajor) << 16 | quint32(deviceMinor))));
 }
 
-// Replies are not matched against the query: the value that comes first is the one that counts.
-void tst_VersionQueries::anyReplyAnswersTheQuery()
+// Replies are not matched with the query: the first value counts.
+void VersionQueriesTest::anyReplyAnswersTheQuery()
 {
     Session session;
-    session.peer().answerQuery(0x5456, {{0x484C, 7, 0}});
+    session.peer().answerQuery("TV", {{"HL", 7, 0}});
     session.plugin().sendTriggerFirmware(m_files.write(QStringLiteral("board.bin"), triggerFirmware(1, 5)));
-    QCOMPARE(session.differenceWhenSettled({QStringLiteral("hihatRawValueChanged(7)"),
-                                            QStringLiteral("intFwUpdateStarted()"),
-                                            QStringLiteral("intTriggerFirmwareUpdateStarted(7, 65541)"),
-                                            QStringLiteral("intFwUpdateFinished()"),
-                                            QStringLiteral("intTriggerFirmwareUpdateFinished()")}),
+    QCOMPARE(session.differenceWhenFinished({QStringLiteral("hihatRawValueChanged(7)"),
+                                             QStringLiteral("intFwUpdateStarted()"),
+                                             QStringLiteral("intTriggerFirmwareUpdateStarted(7, 65541)"),
+                                             QStringLiteral("intFwUpdateFinished()"),
+                                             QStringLiteral("intTriggerFirmwareUpdateFinished()")}),
              QString());
     QCOMPARE(session.plugin().triggerFwVersion(), QStringLiteral("V 0"));
 
     // An end acknowledgement ends the wait as well, without a value.
     session.forgetSeen();
-    session.peer().answerQuery(0x5456, {{0x4445, 0, 0}});
+    session.peer().answerQuery("TV", {{"DE", 0, 0}});
     session.plugin().sendTriggerFirmware(m_files.path(QStringLiteral("board.bin")));
-    QCOMPARE(session.differenceWhenSettled({QStringLiteral("intFwUpdateStarted()"),
-                                            QStringLiteral("intTriggerFirmwareUpdateStarted(0, 65541)"),
-                                            QStringLiteral("intFwUpdateFinished()"),
-                                            QStringLiteral("intTriggerFirmwareUpdateFinished()")}),
+    QCOMPARE(session.differenceWhenFinished({QStringLiteral("intFwUpdateStarted()"),
+                                             QStringLiteral("intTriggerFirmwareUpdateStarted(0, 65541)"),
+                                             QStringLiteral("intFwUpdateFinished()"),
+                                             QStringLiteral("intTriggerFirmwareUpdateFinished()")}),
              QString());
 }
 
-// A refusal for lack of memory ends the thread once the reply is there; what is queued waits for new work.
-void tst_VersionQueries::abortDuringTheQuery()
+// "Memory full" ends the thread after the reply; the next task stays in the queue until another one is
+// queued.
+void VersionQueriesTest::abortDuringTheQuery()
 {
     Session session;
-    session.peer().answerQuery(0x5456, {{0x4443, 0, 0x00E1}, {0x5456, 1, 4}});
-    session.peer().answerQuery(0x534E, {{0x534E, 1, 1}});
+    session.peer().answerQuery("TV", {{"DC", 0, 0x00E1}, {"TV", 1, 4}});
+    session.peer().answerQuery("SN", {{"SN", 1, 1}});
     session.plugin().sendTriggerFirmware(m_files.write(QStringLiteral("board.bin"), triggerFirmware(1, 5)));
     session.plugin().requestSoundBankVersion();
     QVERIFY(session.waitFor(QStringLiteral("triggerVersionChanged()")));
-    // What is queued takes an abort back, so the thread has to be through with it. A query in the queue would
-    // have gone within moments.
+    // A new task would withdraw the abort, so the thread must have ended before. It would have sent the next
+    // query at once.
     QVERIFY(session.peer().waitUntilSilent());
     QCOMPARE(session.peer().received(), QVector<QByteArray>{QByteArray("TV\0\0", 4)});
-    QCOMPARE(session.differenceWhenSettled(
+    QCOMPARE(session.differenceWhenFinished(
                  {QStringLiteral("triggerVersionChanged()"), QStringLiteral("soundbankVersionChanged()")}),
              QString());
     QVERIFY(FileStream(session.peer().received(), "TF").starts.isEmpty());
 }
 
-QTEST_GUILESS_MAIN(tst_VersionQueries)
+QTEST_GUILESS_MAIN(VersionQueriesTest)
 #include "tst_versionqueries.moc"

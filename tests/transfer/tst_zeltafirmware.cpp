@@ -8,13 +8,13 @@
 #include <QTest>
 #include <QTimer>
 
-// Firmware of the sound engine. After its end the sender sleeps for 20 s while the engine restarts, so all
-// cases run at once: they are started first and looked at one after the other.
+// Firmware of the sound engine. The thread pauses for 20 s after its end, so all cases run at once: they are
+// started first and checked one after the other.
 
 namespace {
 
-constexpr quint16 endAck = 0x4445;
-constexpr quint16 versionQuery = 0x564E;
+constexpr Tag endAck = "DE";
+constexpr Tag versionQuery = "VN";
 constexpr int afterEndMs = 20000;
 constexpr int endWaitMs = 15000;
 constexpr int queryWaitMs = 20000;
@@ -32,12 +32,12 @@ struct Case
     QByteArray content;
     QStringList expected;
     int leastMs;
-    qint64 finishedMs = -1; ///< when QML was told that it is over
+    qint64 finishedMs = -1; ///< when QML got the last signal
 };
 
 } // namespace
 
-class tst_ZeltaFirmware : public QObject
+class ZeltaFirmwareTest : public QObject
 {
     Q_OBJECT
 
@@ -55,12 +55,12 @@ private:
     const TransferKind m_kind = zeltaFirmwareKind();
     std::vector<Case> m_cases;
     QElapsedTimer m_clock;
-    // One whose handlers ask for something at every turn.
+    // A session whose handlers queue tasks.
     std::unique_ptr<Session> m_asking;
     int m_questions = 0;
 };
 
-Session &tst_ZeltaFirmware::start(const QByteArray &name, const QByteArray &content,
+Session &ZeltaFirmwareTest::start(const QByteArray &name, const QByteArray &content,
                                   const QStringList &expected, int leastMs)
 {
     m_cases.push_back({name, std::make_unique<Session>(), content, expected, leastMs});
@@ -68,7 +68,7 @@ Session &tst_ZeltaFirmware::start(const QByteArray &name, const QByteArray &cont
     return *m_cases.back().session;
 }
 
-void tst_ZeltaFirmware::initTestCase()
+void ZeltaFirmwareTest::initTestCase()
 {
     const QStringList before = m_kind.before;
     const QStringList done = m_kind.completed(0);
@@ -85,13 +85,12 @@ void tst_ZeltaFirmware::initTestCase()
     start("no end acknowledgement", m_kind.file(600), before + failed(), endWaitMs + afterEndMs)
         .peer()
         .answerEnd({});
-    start("refused", m_kind.file(600), before + done).peer().answerStart({{0x4443, 0, 0xE0}});
+    start("refused", m_kind.file(600), before + done).peer().answerStart({{"DC", 0, 0xE0}});
 
-    // The end is judged after the sleep: an error that comes late still counts, a success that comes late
-    // does not.
+    // The status is read after the pause: a late error still counts, a late success does not.
     Session &lateError = start("error after another reply", m_kind.file(600),
                                before + QStringList{QStringLiteral("soundbankVersionChanged()")} + failed());
-    lateError.peer().answerEnd({{0x534E, 1, 1}});
+    lateError.peer().answerEnd({{"SN", 1, 1}});
     QTimer::singleShot(10000, this, [&lateError] { lateError.peer().raise({endAck, 0, 1}); });
     Session &lateSuccess =
         start("success after the time-out", m_kind.file(600), before + failed(), endWaitMs + afterEndMs);
@@ -112,7 +111,7 @@ void tst_ZeltaFirmware::initTestCase()
 
     m_asking = std::make_unique<Session>();
     answerOldVersions(m_asking->peer());
-    m_asking->peer().answerQuery(0x534E, {{0x534E, 1, 1}});
+    m_asking->peer().answerQuery("SN", {{"SN", 1, 1}});
     QConnectQmlPlugin &asking = m_asking->plugin();
     const auto ask = [this, &asking] {
         ++m_questions;
@@ -137,20 +136,20 @@ void tst_ZeltaFirmware::initTestCase()
     }
 }
 
-void tst_ZeltaFirmware::outcome_data()
+void ZeltaFirmwareTest::outcome_data()
 {
     QTest::addColumn<int>("index");
     for (std::size_t i = 0; i < m_cases.size(); ++i)
         QTest::newRow(m_cases.at(i).name) << int(i);
 }
 
-void tst_ZeltaFirmware::outcome()
+void ZeltaFirmwareTest::outcome()
 {
     QFETCH(const int, index);
     const Case &testCase = m_cases.at(std::size_t(index));
     Session &session = *testCase.session;
 
-    QCOMPARE(session.differenceWhenSettled(testCase.expected), QString());
+    QCOMPARE(session.differenceWhenFinished(testCase.expected), QString());
     QVERIFY(m_clock.elapsed() >= testCase.leastMs);
     if (testCase.expected.contains(QStringLiteral("intZeltaFirmwareUpdateFinished()")))
         QVERIFY2(testCase.finishedMs >= testCase.leastMs, QByteArray::number(testCase.finishedMs));
@@ -182,15 +181,15 @@ void tst_ZeltaFirmware::outcome()
              "44534657" + QByteArray::number(testCase.content.size(), 16).rightJustified(8, '0'));
 }
 
-void tst_ZeltaFirmware::handlersThatCallBack()
+void ZeltaFirmwareTest::handlersThatCallBack()
 {
     QVERIFY(m_asking->waitFor(QStringLiteral("intZeltaFirmwareUpdateFinished()")));
-    QVERIFY(m_asking->settle());
-    // The version is told twice, each of the others once.
+    QVERIFY(m_asking->finishTasks());
+    // zeltaVersionChanged() is emitted twice, each other signal once.
     QCOMPARE(m_questions, 7);
     QCOMPARE(m_asking->peer().received().count(QByteArray("SN\0\0", 4)), 7);
     QCOMPARE(m_asking->plugin().zeltaFwVersion(), QStringLiteral("V 1.05"));
 }
 
-QTEST_GUILESS_MAIN(tst_ZeltaFirmware)
+QTEST_GUILESS_MAIN(ZeltaFirmwareTest)
 #include "tst_zeltafirmware.moc"
