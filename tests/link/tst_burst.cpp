@@ -26,8 +26,8 @@ QByteArray numberedEvent(int number)
     return datagram;
 }
 
-// How many small datagrams the kernel holds for a socket whose owner asks for 1 MiB, at worst. An ordinary
-// user gets no more than net.core.rmem_max.
+// The smallest number of datagrams that the kernel keeps for a socket that requests a buffer of 1 MiB. An
+// ordinary user gets at most net.core.rmem_max.
 int guaranteedDatagrams()
 {
     constexpr int wanted = 1024 * 1024;

@@ -1,11 +1,13 @@
-// Where the module sends, by the value of ZELTACONNECT_ENGINE. Values that fall back to the fixed address are
-// only read here; that datagrams really go there is seen in a private network, in tst_fixedaddress.cpp.
+// The address of the engine, as ZELTACONNECT_ENGINE sets it. Values that fall back to the fixed address are
+// only parsed here; tst_fixedaddress.cpp sends datagrams to it, in a private network.
 
 #include "control/qconnectqmlplugin.h"
 #include "link/engineaddress.h"
+#include "simulator/soundengine.h"
 #include "support/enginepeer.h"
 #include "support/fakeping.h"
 #include "support/logcatcher.h"
+#include "support/signalrecorder.h"
 
 #include <QTest>
 
@@ -33,6 +35,7 @@ private Q_SLOTS:
     void datagramsGoToAddress();
     void datagramsGoToAddressAndPort();
     void addressIsReadOnce();
+    void engineStartsAfterTheModule();
     void pingGoesToAddress();
 
 private:
@@ -50,7 +53,8 @@ void EngineAddressTest::readable_data()
     QTest::newRow("address and port") << QByteArray("127.20.21.101:1234") << "127.20.21.101" << 1234;
     QTest::newRow("lowest port") << QByteArray("127.20.21.101:1") << "127.20.21.101" << 1;
     QTest::newRow("highest port") << QByteArray("127.20.21.101:65535") << "127.20.21.101" << 65535;
-    QTest::newRow("the fixed one") << QByteArray("172.20.21.22:19797") << "172.20.21.22" << 19797;
+    QTest::newRow("lowest unicast address") << QByteArray("1.0.0.0") << "1.0.0.0" << 19797;
+    QTest::newRow("highest unicast address") << QByteArray("223.255.255.255") << "223.255.255.255" << 19797;
 }
 
 void EngineAddressTest::readable()
@@ -64,6 +68,7 @@ void EngineAddressTest::readable()
     const zelta::EngineAddress address = zelta::engineAddress();
     QCOMPARE(address.host, QHostAddress(host));
     QCOMPARE(int(address.port), port);
+    QCOMPARE(address.fromEnvironment, !value.isEmpty());
     QCOMPARE(log.lines().size(), 0);
 }
 
@@ -74,6 +79,7 @@ void EngineAddressTest::unset()
     const zelta::EngineAddress address = zelta::engineAddress();
     QCOMPARE(address.host, QHostAddress(QStringLiteral("172.20.21.22")));
     QCOMPARE(int(address.port), 19797);
+    QVERIFY(!address.fromEnvironment);
     QCOMPARE(log.lines().size(), 0);
 }
 
@@ -81,10 +87,41 @@ void EngineAddressTest::unreadable_data()
 {
     QTest::addColumn<QByteArray>("value");
 
-    for (const char *value :
-         {"engine.local", "127.20.21", "127.1", "2130706433", "127.20.21.256", "127.20.21.1.1", "::1",
-          "127.20.21.1:", "127.20.21.1:0", "127.20.21.1:65536", "127.20.21.1:-1", "127.20.21.1:port",
-          "127.20.21.1:1:2", ":19797", " 127.20.21.1", "127.20.21.1 ", "127.20.21.1/8", "0x7f.0.0.1"}) {
+    for (const char *value : {"engine.local",
+                              "127.20.21",
+                              "127.1",
+                              "2130706433",
+                              "127.20.21.256",
+                              "127.20.21.1.1",
+                              "::1",
+                              "127.20.21.1:",
+                              "127.20.21.1:0",
+                              "127.20.21.1:65536",
+                              "127.20.21.1:-1",
+                              "127.20.21.1:port",
+                              "127.20.21.1:1:2",
+                              ":19797",
+                              " 127.20.21.1",
+                              "127.20.21.1 ",
+                              "127.20.21.1/8",
+                              "0x7f.0.0.1",
+                              ":",
+                              ":+5",
+                              " ",
+                              "127.20.21.1:+5",
+                              "127.20.21.1: 5",
+                              "127.20.21.1:5 ",
+                              "127.20.21.1:05",
+                              "127.20.21.1:0x5",
+                              "0.0.0.0",
+                              "0.0.0.0:19797",
+                              "0.255.255.255",
+                              "224.0.0.0",
+                              "224.0.0.1:19797",
+                              "239.255.255.255",
+                              "240.0.0.1",
+                              "255.255.255.255",
+                              "255.255.255.255:19797"}) {
         QTest::newRow(value) << QByteArray(value);
     }
 }
@@ -98,6 +135,7 @@ void EngineAddressTest::unreadable()
     const zelta::EngineAddress address = zelta::engineAddress();
     QCOMPARE(address.host, QHostAddress(QStringLiteral("172.20.21.22")));
     QCOMPARE(int(address.port), 19797);
+    QVERIFY(!address.fromEnvironment);
     const QString warning =
         QStringLiteral("ZELTACONNECT_ENGINE is \"%1\", which is not ADDRESS or ADDRESS:PORT "
                        "(IPv4); using \"172.20.21.22\"");
@@ -141,6 +179,23 @@ void EngineAddressTest::addressIsReadOnce()
     QVERIFY(!second.hasPending());
 }
 
+// The module must not bind the address, because the engine binds it later.
+void EngineAddressTest::engineStartsAfterTheModule()
+{
+    const LogCatcher log;
+    QConnectQmlPlugin module;
+    const SignalRecorder recorder(&module);
+    module.setMasterOutLevel(101);
+
+    SoundEngine engine;
+    QVERIFY2(engine.listen(QHostAddress(QStringLiteral("127.20.21.101"))), qPrintable(engine.errorString()));
+    module.setMasterOutLevel(102);
+    QTRY_COMPARE_WITH_TIMEOUT(engine.parameter(0x38, 0x07), 102, patienceMs);
+    QVERIFY2(engine.strike(38, 100), qPrintable(engine.sendProblem()));
+    QTRY_COMPARE_WITH_TIMEOUT(recorder.count("noteChanged"), 1, patienceMs);
+    QCOMPARE(log.warnings(), QStringList());
+}
+
 void EngineAddressTest::pingGoesToAddress()
 {
     const EnginePeer peer;
@@ -148,7 +203,7 @@ void EngineAddressTest::pingGoesToAddress()
     const FakePing ping({QStringLiteral("1 packets transmitted, 1 packets received, 0% packet loss\n")});
     qputenv(variable, "127.20.21.101:20797");
     const QConnectQmlPlugin module;
-    // Once, or more often when this machine is so busy that it takes more than a second.
+    // One call, or several if the machine is so busy that ping takes more than a second.
     QStringList calls = ping.calls();
     calls.removeDuplicates();
     QCOMPARE(calls, QStringList{QStringLiteral("-c 1 127.20.21.101")});

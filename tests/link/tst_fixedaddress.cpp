@@ -1,5 +1,7 @@
-// The module at its real address, 172.20.21.22, in a network that exists only inside this process.
+// The module with the fixed address of its engine, 172.20.21.22, in a network that exists only in this
+// process.
 
+#include "link/rawpacket.h"
 #include "support/connectedmodule.h"
 #include "support/fakeping.h"
 #include "support/hex.h"
@@ -12,9 +14,8 @@
 
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTest>
-
-#include <memory>
 
 using namespace testsupport;
 
@@ -22,10 +23,26 @@ namespace {
 
 const char variable[] = "ZELTACONNECT_ENGINE";
 
+// Longer than the system waits between two requests for a hardware address.
+constexpr int resolutionMs = 2000;
+
 const QHostAddress &engineHost()
 {
     static const QHostAddress host(QStringLiteral("172.20.21.22"));
     return host;
+}
+
+// Gives this host the address of the engine while the object exists.
+struct HostHasEngineAddress
+{
+    HostHasEngineAddress() { QCOMPARE(ip(QStringLiteral("addr add 172.20.21.22/32 dev lo")), QString()); }
+    ~HostHasEngineAddress() { QCOMPARE(ip(QStringLiteral("addr del 172.20.21.22/32 dev lo")), QString()); }
+    Q_DISABLE_COPY(HostHasEngineAddress)
+};
+
+QStringList notHandled(const LogCatcher &log)
+{
+    return log.debugTexts("zeltaconnect.link").filter(QRegularExpression(QStringLiteral("^not handled")));
 }
 
 } // namespace
@@ -42,6 +59,9 @@ private Q_SLOTS:
     void systemPingIsAnswered();
     void systemPingIsNotAnswered();
     void successfulBind();
+    void unreadableAddressIsBoundAsTheFixedOne();
+    void addressOfTheEnvironmentIsNotBound();
+    void fullSendBuffer();
     void cutAndRestored();
     void lossLosesOnlyWhatIsLost();
 };
@@ -55,7 +75,7 @@ void FixedAddressTest::everythingGoesToTheEngine()
     const LogCatcher log;
     const FakePing ping(texts({"1 packets transmitted, 1 packets received, 0% packet loss\n"}));
     QConnectQmlPlugin module;
-    // Once, or more often when this machine is so busy that it takes more than a second.
+    // One call, or several if the machine is so busy that ping takes more than a second.
     QStringList calls = ping.calls();
     calls.removeDuplicates();
     QCOMPARE(calls, texts({"-c 1 172.20.21.22"}));
@@ -129,8 +149,7 @@ void FixedAddressTest::systemPingIsAnswered()
     QVERIFY(probe.waitForFinished());
     const QByteArray output = probe.readAll();
     if (!output.contains("packets received"))
-        QSKIP("no ping, or one that words its summary differently (Debian package inetutils-ping is the one "
-              "to have)");
+        QSKIP("no ping, or one with another summary (put tools/bin first in PATH)");
 
     EnginePeer peer(network.openEngineSocket());
     QVERIFY(peer.isOpen());
@@ -154,7 +173,7 @@ void FixedAddressTest::systemPingIsNotAnswered()
     starting.start();
     QConnectQmlPlugin module;
     const qint64 elapsed = starting.elapsed();
-    // Five attempts of a second's pause and at most a second's wait each; then the interface starts anyway.
+    // Five attempts, each with a pause of a second and a wait of at most a second.
     QVERIFY2(elapsed >= 5000, qPrintable(QString::number(elapsed)));
     QVERIFY2(systemPing.calls().size() <= 5, qPrintable(QString::number(systemPing.calls().size())));
     QCOMPARE(network.restore(), QString());
@@ -162,40 +181,97 @@ void FixedAddressTest::systemPingIsNotAnswered()
     QVERIFY(peer.settle(&module));
 }
 
-// When the engine's address is the module's own, the bind succeeds and byte arrays take the stream-style
-// write, which a socket without a peer refuses. The six-byte record goes out regardless: to the module
-// itself.
+// When the fixed address is an address of this host, the bind succeeds and byte arrays use the stream-style
+// write. Qt refuses this write for a socket that is not connected. The six-byte record is still sent, to the
+// module itself.
 void FixedAddressTest::successfulBind()
 {
-    QCOMPARE(ip(QStringLiteral("addr add 172.20.21.22/32 dev lo")), QString());
+    const HostHasEngineAddress address;
     LogCatcher log;
-    auto module = std::make_unique<QConnectQmlPlugin>();
-    const SignalRecorder recorder(module.get());
+    QConnectQmlPlugin module;
+    const SignalRecorder recorder(&module);
 
-    // The address is taken, so this module is the one that listens there.
+    // The module receives at the address, which shows that it has bound it.
     EnginePeer sender(engineHost(), 0);
     QVERIFY2(sender.isOpen(), qPrintable(sender.errorString()));
     QVERIFY(sender.sendTo(hex("544d4143 00780000"), engineHost(), EnginePeer::enginePort));
     QTRY_COMPARE_WITH_TIMEOUT(recorder.texts(), texts({"tempoChanged()"}), patienceMs);
 
     log.clear();
-    module->setSnareStyle(1);
-    module->requestOutsUpdate();
-    module->sendSysEx({1, 2, 3});
-    QVERIFY(module->writeBinaryData(QByteArray("bytes")) < 0);
-    QVERIFY(module->writeBinaryData(DATA_PACKET(0x4453, 0x5442)) < 0);
-    module->setLedEnabled(3, true);
-    QTRY_VERIFY_WITH_TIMEOUT(!log.debugTexts("zeltaconnect.link").isEmpty(), patienceMs);
-    module->setLedEnabled(4, false);
+    module.setSnareStyle(1);
+    module.requestOutsUpdate();
+    module.sendSysEx({1, 2, 3});
+    QVERIFY(module.writeBinaryData(QByteArray("bytes")) < 0);
+    QVERIFY(module.writeBinaryData(DATA_PACKET(0x4453, 0x5442)) < 0);
+    module.setLedEnabled(3, true);
+    QTRY_COMPARE_WITH_TIMEOUT(notHandled(log), texts({"not handled  \"4c4400030001\" ( 6 )"}), patienceMs);
+    module.setLedEnabled(4, false);
     QTRY_COMPARE_WITH_TIMEOUT(
-        log.debugTexts("zeltaconnect.link"),
+        notHandled(log),
         texts({"not handled  \"4c4400030001\" ( 6 )", "not handled  \"4c4400040000\" ( 6 )"}), patienceMs);
-    // A stream-style write needs a connected socket, so each of the five said that it was not sent.
+    // One warning for each of the five stream-style writes.
     const QString notSent = QStringLiteral("QIODevice::write (QUdpSocket): device not open");
     QCOMPARE(log.warnings(), QStringList({notSent, notSent, notSent, notSent, notSent}));
+}
 
-    module.reset();
-    QCOMPARE(ip(QStringLiteral("addr del 172.20.21.22/32 dev lo")), QString());
+void FixedAddressTest::unreadableAddressIsBoundAsTheFixedOne()
+{
+    const HostHasEngineAddress address;
+    qputenv(variable, "0.0.0.0");
+    const LogCatcher log;
+    const QConnectQmlPlugin module;
+    QVERIFY(!EnginePeer(engineHost()).isOpen());
+    QCOMPARE(log.warnings(),
+             texts({"ZELTACONNECT_ENGINE is \"0.0.0.0\", which is not ADDRESS or ADDRESS:PORT (IPv4); using "
+                    "\"172.20.21.22\""}));
+}
+
+void FixedAddressTest::addressOfTheEnvironmentIsNotBound()
+{
+    const HostHasEngineAddress address;
+    qputenv(variable, "172.20.21.22");
+    const LogCatcher log;
+    QConnectQmlPlugin module;
+    EnginePeer peer(engineHost());
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    QVERIFY(peer.connectTo(&module));
+    QVERIFY(peer.settle(&module));
+    QCOMPARE(log.warnings(), QStringList());
+}
+
+// Datagrams fill the send buffer while the hardware address of the engine is not known. A send then fails
+// immediately; a blocking send would wait until the address resolution fails.
+void FixedAddressTest::fullSendBuffer()
+{
+    EngineNetwork network;
+    QVERIFY2(network.errorString().isEmpty(), qPrintable(network.errorString()));
+    EnginePeer peer(network.openEngineSocket());
+    QVERIFY(peer.isOpen());
+    QConnectQmlPlugin module;
+    QVERIFY(peer.connectTo(&module));
+    QVERIFY(peer.settle(&module));
+    const LogCatcher log;
+
+    QCOMPARE(network.silenceEngine(), QString());
+    const QByteArray large(60000, 'x');
+    const RAW_PACKET record{0x444C, 0, 0};
+    QTRY_VERIFY_WITH_TIMEOUT(module.writeBinaryData(large) < 0, patienceMs);
+    QTRY_VERIFY_WITH_TIMEOUT(module.writeBinaryData(large) < 0 && module.writeRawData(record) < 0,
+                             patienceMs);
+
+    QCOMPARE(network.unsilenceEngine(), QString());
+    // The system drops the waiting datagrams when it gives up, so the last one may need a second try.
+    const auto lastOneArrives = [&] {
+        module.writeBinaryData(QByteArray("last"));
+        QByteArray datagram = peer.next(resolutionMs);
+        while (!datagram.isNull() && datagram != "last")
+            datagram = peer.next(resolutionMs);
+        return datagram == "last";
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(lastOneArrives(), patienceMs);
+    peer.discardPending();
+    QVERIFY(peer.settle(&module));
+    QCOMPARE(log.warnings(), QStringList());
 }
 
 void FixedAddressTest::cutAndRestored()
@@ -236,7 +312,7 @@ void FixedAddressTest::lossLosesOnlyWhatIsLost()
         QSKIP(qPrintable(noLoss));
     QCOMPARE(network.loseDatagrams(30), QString());
 
-    // Few enough for any socket's buffer.
+    // The buffer of any socket holds this number.
     for (int i = 0; i < 200; ++i)
         module.writeBinaryData(QByteArray::number(i));
     QCOMPARE(network.loseNothing(), QString());
@@ -252,7 +328,7 @@ void FixedAddressTest::lossLosesOnlyWhatIsLost()
         datagram = peer.next();
     }
     QCOMPARE(datagram, QByteArray("end"));
-    // Some 140 of them; the bounds are farther off than chance goes.
+    // About 140 are expected. It is improbable that random variation exceeds the bounds.
     QVERIFY2(arrived > 90 && arrived < 185, qPrintable(QString::number(arrived)));
 }
 

@@ -1,5 +1,6 @@
-// Test commands and SysEx messages in the engine's MIDI stream: one event per datagram, its bytes swapped in
-// pairs. The tables give the events as they travel and what QML must see of them, and nothing else.
+// Test commands and SysEx messages in the engine's MIDI stream: one event per datagram, with the bytes of
+// each pair swapped. The tables contain the events as they are sent, and the complete list of signals that
+// QML receives.
 
 #include "link/sockettransceiver.h"
 #include "support/connectedmodule.h"
@@ -13,7 +14,7 @@ using namespace testsupport;
 
 namespace {
 
-// A MIDI event of the engine, given as it travels.
+// The datagram of a MIDI event: tags "IM" and "AC", then the event as it is sent.
 QByteArray midi(const QString &event)
 {
     return hex("494d4143") + QByteArray::fromHex(event.toLatin1());
@@ -27,7 +28,7 @@ QList<QByteArray> stream(const QStringList &events)
     return datagrams;
 }
 
-// The messages of the stream alone, without the pad signals that the same events cause.
+// The signals of test commands and SysEx messages, without the pad signals that the same events cause.
 QStringList messages(const SignalRecorder &recorder)
 {
     QStringList result;
@@ -54,8 +55,8 @@ private Q_SLOTS:
     void sysEx();
     void oneByOne_data() { sysEx_data(); }
     void oneByOne();
-    void strangersBetweenParts_data();
-    void strangersBetweenParts();
+    void otherDatagramsBetweenParts_data();
+    void otherDatagramsBetweenParts();
     void longMessage();
     void endlessMessage();
     void otherStatusAndCodeIndex();
@@ -116,7 +117,7 @@ void MidiStreamTest::testCommands_data()
     QTest::newRow("lone value") << QStringList{value} << QStringList();
     QTest::newRow("lone value after a command")
         << QStringList{msb, lsb, value, later} << texts({"testCommand(\"12\", \"34\", \"56\")"});
-    QTest::newRow("two parts after a command suffice with the lone value")
+    QTest::newRow("a lone value and two more parts make a command")
         << QStringList{msb, lsb, value, later, QStringLiteral("b90b0163"), QStringLiteral("b90b0206")}
         << texts({"testCommand(\"12\", \"34\", \"56\")", "testCommand(\"01\", \"34\", \"02\")"});
     QTest::newRow("three parts without a value, then one")
@@ -128,7 +129,7 @@ void MidiStreamTest::testCommands_data()
                        QStringLiteral("b90b0262"),
                        QStringLiteral("b90b0306")}
         << texts({"testCommand(\"12\", \"34\", \"56\")", "testCommand(\"01\", \"02\", \"03\")"});
-    QTest::newRow("counter starts anew after each command")
+    QTest::newRow("counter restarts after each command")
         << QStringList{msb,
                        lsb,
                        value,
@@ -146,10 +147,10 @@ void MidiStreamTest::testCommands_data()
         << texts({"testCommand(\"12\", \"34\", \"56\")", "testCommand(\"01\", \"02\", \"03\")"});
     QTest::newRow("values alone") << texts({"b90b0106", "b90b0206", "b90b0306"})
                                   << texts({"testCommand(\"\", \"\", \"03\")"});
-    QTest::newRow("lsb never came") << QStringList{msb, QStringLiteral("b90b1363"), value}
-                                    << texts({"testCommand(\"13\", \"\", \"56\")"});
-    QTest::newRow("msb never came") << QStringList{lsb, QStringLiteral("b90b3562"), value}
-                                    << texts({"testCommand(\"\", \"35\", \"56\")"});
+    QTest::newRow("no lsb") << QStringList{msb, QStringLiteral("b90b1363"), value}
+                            << texts({"testCommand(\"13\", \"\", \"56\")"});
+    QTest::newRow("no msb") << QStringList{lsb, QStringLiteral("b90b3562"), value}
+                            << texts({"testCommand(\"\", \"35\", \"56\")"});
     QTest::newRow("the last msb counts")
         << QStringList{msb, QStringLiteral("b90b1363"), QStringLiteral("b90b1463"), lsb, value}
         << texts({"testCommand(\"14\", \"34\", \"56\")"});
@@ -157,7 +158,7 @@ void MidiStreamTest::testCommands_data()
         << QStringList{msb, QStringLiteral("b90b0126"), QStringLiteral("b90b0207"),
                        QStringLiteral("b90b0364"), value}
         << QStringList();
-    QTest::newRow("other controllers do not disturb")
+    QTest::newRow("other controllers between parts are ignored")
         << QStringList{msb, QStringLiteral("b90b0126"), lsb, QStringLiteral("b90b0207"), value}
         << texts({"testCommand(\"12\", \"34\", \"56\")"});
     QTest::newRow("other channel") << texts({"b80b1263", "b80b3462", "b80b5606"}) << QStringList();
@@ -207,7 +208,7 @@ void MidiStreamTest::sysEx_data()
     QTest::newRow("start that holds an end") << texts({"f007f741"}) << QStringList();
     QTest::newRow("start that holds an end, then an end")
         << texts({"f007f741", "f7050000"}) << texts({"sysEx(\"07f041f705f70000\")"});
-    QTest::newRow("end never comes") << texts({"f0044110", "10044212"}) << QStringList();
+    QTest::newRow("no end") << texts({"f0044110", "10044212"}) << QStringList();
     QTest::newRow("middle without a start") << texts({"10044212", "10044212"}) << QStringList();
     QTest::newRow("two messages") << texts({"f0044110", "f7050000", "f0044210", "f7050000"})
                                   << texts({"sysEx(\"04f0104105f70000\")", "sysEx(\"04f0104205f70000\")"});
@@ -240,7 +241,7 @@ void MidiStreamTest::sysEx()
     QVERIFY(engine.peer.nothingSentBy(&engine.module));
 }
 
-// The same streams, with all the time in the world between two events.
+// The same streams. Each event is handled before the next one is sent.
 void MidiStreamTest::oneByOne()
 {
     QFETCH(QStringList, events);
@@ -253,9 +254,9 @@ void MidiStreamTest::oneByOne()
     QCOMPARE(messages(engine.recorder), expected);
 }
 
-void MidiStreamTest::strangersBetweenParts_data()
+void MidiStreamTest::otherDatagramsBetweenParts_data()
 {
-    QTest::addColumn<QByteArray>("stranger");
+    QTest::addColumn<QByteArray>("other");
 
     QTest::newRow("acknowledgement") << hex("41424143 00010002");
     QTest::newRow("switch that reads as an end") << hex("53574143 f7050000");
@@ -269,10 +270,11 @@ void MidiStreamTest::strangersBetweenParts_data()
     QTest::newRow("empty") << QByteArray("");
 }
 
-// A message and a command in seven parts; the stranger comes between any two of them, and between all.
-void MidiStreamTest::strangersBetweenParts()
+// A message and a command of three parts each. The other datagram is inserted at each position, then at all
+// positions.
+void MidiStreamTest::otherDatagramsBetweenParts()
 {
-    QFETCH(QByteArray, stranger);
+    QFETCH(QByteArray, other);
 
     const QList<QByteArray> parts =
         stream(texts({"f0044110", "10044212", "f7050000", "b90b1263", "b90b3462", "b90b5606"}));
@@ -283,7 +285,7 @@ void MidiStreamTest::strangersBetweenParts()
     const LogCatcher log;
     for (int position = 0; position <= parts.size(); ++position) {
         QList<QByteArray> datagrams = parts;
-        datagrams.insert(position, stranger);
+        datagrams.insert(position, other);
         engine.recorder.clear();
         QVERIFY(engine.deliver(datagrams));
         QCOMPARE(messages(engine.recorder), expected);
@@ -291,7 +293,7 @@ void MidiStreamTest::strangersBetweenParts()
     QList<QByteArray> datagrams;
     for (const QByteArray &part : parts) {
         datagrams += part;
-        datagrams += stranger;
+        datagrams += other;
     }
     engine.recorder.clear();
     QVERIFY(engine.deliver(datagrams));
@@ -315,9 +317,7 @@ void MidiStreamTest::longMessage()
     QCOMPARE(messages(engine.recorder), QStringList{QStringLiteral("sysEx(\"%1\")").arg(expected)});
 }
 
-// The stream is decoded before the event is sorted.
-// Nobody sends four megabytes as one message. What was gathered is dropped, with a word, and the stream goes
-// on.
+// At four megabytes the message is dropped with a warning, and decoding continues.
 void MidiStreamTest::endlessMessage()
 {
     const LogCatcher log;
@@ -326,7 +326,7 @@ void MidiStreamTest::endlessMessage()
     const QString status = QStringLiteral("b9");
     const QString codeIndex = QStringLiteral("0b");
     link.parseDatagram(QStringLiteral("494d4143f0044110"), status, codeIndex);
-    // "04" continues a message: three more bytes, none of them its end.
+    // Code index 4: three more bytes of a message, not its end.
     const QString part = QStringLiteral("494d414301040302");
     constexpr int limit = 4 * 1024 * 1024;
     for (int bytes = 4; bytes < limit; bytes += 4)
@@ -339,7 +339,7 @@ void MidiStreamTest::endlessMessage()
     QCOMPARE(recorder.texts(), texts({"receivedSysEx(\"0401020305f70000\")"}));
 }
 
-// The status byte and the code index that mark a test command are the caller's.
+// The caller chooses the status byte and the code index of a test command.
 void MidiStreamTest::otherStatusAndCodeIndex()
 {
     SocketTransceiver link;
@@ -356,6 +356,7 @@ void MidiStreamTest::otherStatusAndCodeIndex()
     QCOMPARE(recorder.texts(), texts({"receivedTestCommand(\"12\", \"34\", \"56\")"}));
 }
 
+// The stream is decoded before the event is dispatched by its kind.
 void MidiStreamTest::orderAmongSignals()
 {
     ConnectedModule engine;
@@ -381,7 +382,7 @@ void MidiStreamTest::stateIsPerModule()
 
     SignalRecorder firstRecorder(&first);
     SignalRecorder secondRecorder(&second);
-    // The first one is left in the middle of a message; the second one knows nothing of it.
+    // The first module is in the middle of a message, the second is not.
     QVERIFY(peer.sendTo(midi(QStringLiteral("f0044110")), peer.moduleAddress(), firstPort));
     const auto parts = stream(texts({"b90b1263", "b90b3462", "b90b5606"}));
     for (const QByteArray &part : parts)

@@ -1,7 +1,9 @@
-#include "link/eventkind.h"
+// The bytes of packets as they are sent.
+
 #include "link/midipacket.h"
 #include "link/nrpn.h"
 #include "link/rawpacket.h"
+#include "link/tag.h"
 #include "support/hex.h"
 #include "support/logcatcher.h"
 
@@ -36,8 +38,8 @@ private Q_SLOTS:
     void threeEvents();
     void fourEvents();
     void singleEvent();
-    void rawPacketLiesInMemoryAsSent();
-    void kindsAreTwoLetters();
+    void rawPacketLayout();
+    void tagsAreTwoLetters();
 };
 
 void PacketsTest::freshPacket_data()
@@ -167,7 +169,7 @@ void PacketsTest::singleEvent()
     QCOMPARE(zelta::singleEventPacket(midiEvent(0x09, 0x99, 0x26, 0x7F)).bytes(), hex("494d0001 0999267f"));
 }
 
-void PacketsTest::rawPacketLiesInMemoryAsSent()
+void PacketsTest::rawPacketLayout()
 {
     QCOMPARE(sizeof(RAW_PACKET), size_t(6));
     QCOMPARE(offsetof(RAW_PACKET, kind), size_t(0));
@@ -175,11 +177,11 @@ void PacketsTest::rawPacketLiesInMemoryAsSent()
     QCOMPARE(offsetof(RAW_PACKET, secondBigEndian), size_t(4));
 }
 
-void PacketsTest::kindsAreTwoLetters()
+void PacketsTest::tagsAreTwoLetters()
 {
-    QCOMPARE(zelta::eventKind('I', 'M'), quint16(0x494D));
-    QCOMPARE(zelta::eventKind('S', 'W'), quint16(0x5357));
-    QCOMPARE(zelta::eventKind('\xFF', '\x80'), quint16(0xFF80));
+    QCOMPARE(zelta::tag('I', 'M'), quint16(0x494D));
+    QCOMPARE(zelta::tag('S', 'W'), quint16(0x5357));
+    QCOMPARE(zelta::tag('\xFF', '\x80'), quint16(0xFF80));
     QCOMPARE(zelta::midiPacketHeader, quint16(18765));
     QCOMPARE(zelta::powerPacketHeader, quint16(20567));
 }

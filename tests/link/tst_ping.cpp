@@ -1,4 +1,4 @@
-// The start-up wait: who is asked, how often, and what counts as an answer.
+// The ping at start-up: its host, the number of attempts, and the summaries that count as a reply.
 
 #include "control/qconnectqmlplugin.h"
 #include "link/ping.h"
@@ -25,7 +25,7 @@ const char answered[] = "PING 127.20.21.107 (127.20.21.107): 56 data bytes\n"
 const char lost[] = "PING 127.20.21.107 (127.20.21.107): 56 data bytes\n"
                     "--- 127.20.21.107 ping statistics ---\n"
                     "1 packets transmitted, 0 packets received, 100% packet loss\n";
-const char otherWording[] = "1 packets transmitted, 1 received, 0% packet loss, time 0ms\n";
+const char otherSummary[] = "1 packets transmitted, 1 received, 0% packet loss, time 0ms\n";
 
 } // namespace
 
@@ -43,7 +43,8 @@ private Q_SLOTS:
     void noPingProgram();
 
 private:
-    // Makes a module, checks that it works, and returns how long its construction took.
+    // Constructs a module and checks that it works. Returns the duration of the construction in ms, -1 on
+    // failure.
     static qint64 startUp(EnginePeer &peer);
 };
 
@@ -54,7 +55,7 @@ void PingTest::repliesReceived_data()
 
     QTest::newRow("inetutils and BusyBox, answered") << QString::fromLatin1(answered) << 1;
     QTest::newRow("inetutils and BusyBox, lost") << QString::fromLatin1(lost) << 0;
-    QTest::newRow("iputils, answered") << QString::fromLatin1(otherWording) << 0;
+    QTest::newRow("iputils, answered") << QString::fromLatin1(otherSummary) << 0;
     QTest::newRow("iputils, lost") << "1 packets transmitted, 0 received, 100% packet loss, time 0ms\n" << 0;
     QTest::newRow("duplicates") << "1 packets transmitted, 1 packets received, +2 duplicates, 0% packet loss"
                                 << 1;
@@ -64,7 +65,7 @@ void PingTest::repliesReceived_data()
     QTest::newRow("empty") << "" << 0;
     QTest::newRow("unknown host") << "ping: unknown host\n" << 0;
     QTest::newRow("no number") << "transmitted, packets received" << 0;
-    QTest::newRow("no number but a word") << "1 packets transmitted, some packets received" << 0;
+    QTest::newRow("text instead of the number") << "1 packets transmitted, some packets received" << 0;
     QTest::newRow("other text before the number") << "transmitted, of them 1 packets received" << 0;
     QTest::newRow("hexadecimal") << "transmitted, 0x1 packets received" << 0;
     QTest::newRow("negative") << "transmitted, -1 packets received" << -1;
@@ -101,7 +102,7 @@ void PingTest::answerOnAttempt_data()
 
     QTest::newRow("first") << texts({answered}) << 1;
     QTest::newRow("second, after a loss") << texts({lost, answered}) << 2;
-    QTest::newRow("second, after another wording") << texts({otherWording, answered}) << 2;
+    QTest::newRow("second, after another form of summary") << texts({otherSummary, answered}) << 2;
 }
 
 void PingTest::answerOnAttempt()
@@ -116,13 +117,13 @@ void PingTest::answerOnAttempt()
     for (int i = 0; i < attempts; ++i)
         expected += QStringLiteral("-c 1 127.20.21.107");
     QStringList calls;
-    // A machine that is so busy that ping takes more than a second says nothing about the attempts.
+    // On a busy machine an attempt may take more than a second and count as failed, so the test repeats.
     constexpr int tries = 5;
     for (int i = 0; i < tries && calls != expected; ++i) {
         const FakePing ping(outputs);
         const qint64 elapsed = startUp(peer);
         calls = ping.calls();
-        // A second's pause before each further attempt.
+        // A pause of one second before each further attempt.
         QVERIFY2(elapsed >= (attempts - 1) * 1000, qPrintable(QString::number(elapsed)));
     }
     QCOMPARE(calls, expected);
@@ -148,9 +149,9 @@ void PingTest::givesUpAfterFiveAttempts()
     const LogCatcher log;
     const FakePing ping({output});
     const qint64 elapsed = startUp(peer);
-    // Each attempt is followed by a second's pause, so there cannot have been fewer than five either.
+    // A pause of one second follows each attempt, so the duration shows that there were at least five.
     QVERIFY2(ping.calls().size() <= 5, qPrintable(QString::number(ping.calls().size())));
-    // The one that never ends sleeps for a minute.
+    // The ping that hangs sleeps for a minute.
     QVERIFY2(elapsed >= shortestMs && elapsed < 60000, qPrintable(QString::number(elapsed)));
     QCOMPARE(log.debugTexts("zeltaconnect.link"), QStringList());
 }

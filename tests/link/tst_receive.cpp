@@ -1,7 +1,8 @@
-// What the module makes of one datagram: the three kinds it knows, and everything else.
+// One datagram: each of the three known forms, and all others.
 
 #include "link/sockettransceiver.h"
 #include "support/connectedmodule.h"
+#include "support/datagram.h"
 #include "support/hex.h"
 #include "support/logcatcher.h"
 #include "support/texts.h"
@@ -14,11 +15,11 @@ Q_DECLARE_METATYPE(QList<QByteArray>)
 
 namespace {
 
-QString notHandled(const QByteArray &datagram)
+QString notHandled(const QByteArray &bytes)
 {
     return QStringLiteral("not handled  \"%1\" ( %2 )")
-        .arg(QString::fromLatin1(datagram.toHex()))
-        .arg(datagram.size());
+        .arg(QString::fromLatin1(bytes.toHex()))
+        .arg(bytes.size());
 }
 
 QByteArray numbered(int size)
@@ -38,8 +39,6 @@ class ReceiveTest : public QObject
 private Q_SLOTS:
     void linkSignals_data();
     void linkSignals();
-    void understood_data();
-    void understood();
     void notUnderstood_data();
     void notUnderstood();
     void badBetweenGood();
@@ -50,30 +49,30 @@ private Q_SLOTS:
 
 void ReceiveTest::linkSignals_data()
 {
-    QTest::addColumn<QByteArray>("datagram");
+    QTest::addColumn<QByteArray>("sent");
     QTest::addColumn<QString>("signal");
 
-    QTest::newRow("event") << hex("494d4143 b90b2a06") << "sockUdpPacketArrived(18765, 47371, 10758)";
-    QTest::newRow("event, all ones") << hex("ffff4143 ffffffff")
+    QTest::newRow("event") << datagram("IM AC b90b2a06") << "sockUdpPacketArrived(18765, 47371, 10758)";
+    QTest::newRow("event, all ones") << datagram("ffff AC ffffffff")
                                      << "sockUdpPacketArrived(65535, 65535, 65535)";
-    QTest::newRow("event, all zero") << hex("00004143 00000000") << "sockUdpPacketArrived(0, 0, 0)";
-    QTest::newRow("event, kind looks like a meter")
-        << hex("43524143 00010002") << "sockUdpPacketArrived(17234, 1, 2)";
-    QTest::newRow("compressor") << hex("4352 0001 0102 0203 0304 0405 0506 0607")
+    QTest::newRow("event, all zero") << datagram("0000 AC 00000000") << "sockUdpPacketArrived(0, 0, 0)";
+    QTest::newRow("event, kind with the tag of a meter")
+        << datagram("CR AC 00010002") << "sockUdpPacketArrived(17234, 1, 2)";
+    QTest::newRow("compressor") << datagram("CR 0001 0102 0203 0304 0405 0506 0607")
                                 << "sockCompPacketArrived(1, 258, 515, 772, 1029, 1286, 1543)";
-    QTest::newRow("compressor, highest words") << hex("4352 ffff 8000 ffff 8000 ffff 8000 ffff")
+    QTest::newRow("compressor, highest words") << datagram("CR ffff 8000 ffff 8000 ffff 8000 ffff")
                                                << "sockCompPacketArrived(65535, 32768, 65535, 32768, 65535, "
                                                   "32768, 65535)";
     QTest::newRow("outputs")
-        << hex("4452 0001 0002 0003 0004 0005 0006 0007 0008 0009 000a 000b 000c 000d "
-               "000e 000f 0010 0011 ff12")
+        << datagram("DR 0001 0002 0003 0004 0005 0006 0007 0008 0009 000a 000b 000c 000d "
+                    "000e 000f 0010 0011 ff12")
         << "sockOutLevelPacketArrived(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, "
            "16, 17, 65298)";
 }
 
 void ReceiveTest::linkSignals()
 {
-    QFETCH(QByteArray, datagram);
+    QFETCH(QByteArray, sent);
     QFETCH(QString, signal);
 
     EnginePeer peer;
@@ -83,8 +82,8 @@ void ReceiveTest::linkSignals()
     QCOMPARE(peer.next(), QByteArray("hello"));
 
     SignalRecorder recorder(&link);
-    QVERIFY(peer.send(datagram));
-    const QByteArray fence = hex("45454143 00010002");
+    QVERIFY(peer.send(sent));
+    const QByteArray fence = datagram("EE AC 00010002");
     QVERIFY(peer.send(fence));
     const QString fenceSignal = QStringLiteral("sockUdpPacketArrived(17733, 1, 2)");
     QTRY_VERIFY_WITH_TIMEOUT(recorder.texts().contains(fenceSignal), patienceMs);
@@ -93,83 +92,48 @@ void ReceiveTest::linkSignals()
     QCOMPARE(fired, (QStringList{signal, fenceSignal}));
 }
 
-void ReceiveTest::understood_data()
-{
-    QTest::addColumn<QByteArray>("datagram");
-    QTest::addColumn<QStringList>("fired");
-
-    QTest::newRow("control change") << hex("494d4143 b90b2a06")
-                                    << texts({"positionChanged()", "notePacketArrived(18765, 47371, 10758)"});
-    QTest::newRow("pot") << hex("434f4143 00020001")
-                         << texts({"triggerPot2Inc()", "potPacketArrived(17231, 2, 1)"});
-    QTest::newRow("beat") << hex("42544143 00030000") << texts({"beatChanged()"});
-    QTest::newRow("tempo") << hex("544d4143 00780000") << texts({"tempoChanged()"});
-    QTest::newRow("switch") << hex("53574143 50570005") << texts({"powerChanged()"});
-    QTest::newRow("flash size") << hex("46524143 00010002")
-                                << texts({"totalSampleFlashSizeChanged()", "sampleFlashSizeChanged()"});
-    QTest::newRow("any other kind") << hex("41424143 00010002") << texts({"udpPacketArrived(16706, 1, 2)"});
-    QTest::newRow("compressor") << hex("4352 0000 0046 0000 008c 0000 0000 0000")
-                                << texts({"masterCpChanged()"});
-    QTest::newRow("outputs") << hex("4452") + QByteArray(36, '\x01') << texts({"outputLevelsChanged()"});
-}
-
-void ReceiveTest::understood()
-{
-    QFETCH(QByteArray, datagram);
-    QFETCH(QStringList, fired);
-
-    ConnectedModule engine;
-    QVERIFY(engine.connected);
-    const LogCatcher log;
-    QVERIFY(engine.deliver({datagram}));
-    QCOMPARE(engine.recorder.texts(), fired);
-    QCOMPARE(log.debugTexts("zeltaconnect.link"), QStringList());
-    QCOMPARE(log.warnings(), QStringList());
-    QVERIFY(engine.peer.nothingSentBy(&engine.module));
-}
-
 void ReceiveTest::notUnderstood_data()
 {
-    QTest::addColumn<QByteArray>("datagram");
+    QTest::addColumn<QByteArray>("sent");
     QTest::addColumn<QString>("line");
 
     QTest::newRow("empty") << QByteArray("") << "not handled  \"\" ( 0 )";
     QTest::newRow("one byte") << hex("0a") << "not handled  \"0a\" ( 1 )";
-    QTest::newRow("event cut short") << hex("494d4143 b90b2a") << "not handled  \"494d4143b90b2a\" ( 7 )";
+    QTest::newRow("event cut short") << datagram("IM AC b90b2a") << "not handled  \"494d4143b90b2a\" ( 7 )";
     QTest::newRow("event with one byte more")
-        << hex("494d4143 b90b2a06 00") << "not handled  \"494d4143b90b2a0600\" ( 9 )";
-    QTest::newRow("event, tag AD") << hex("494d4144 b90b2a06") << "not handled  \"494d4144b90b2a06\" ( 8 )";
+        << datagram("IM AC b90b2a06 00") << "not handled  \"494d4143b90b2a0600\" ( 9 )";
+    QTest::newRow("event, tag AD") << datagram("IM AD b90b2a06") << "not handled  \"494d4144b90b2a06\" ( 8 )";
     QTest::newRow("event, tag in lower case")
-        << hex("494d6163 b90b2a06") << "not handled  \"494d6163b90b2a06\" ( 8 )";
+        << datagram("IM 6163 b90b2a06") << "not handled  \"494d6163b90b2a06\" ( 8 )";
     QTest::newRow("event, tag in front")
-        << hex("4143494d b90b2a06") << "not handled  \"4143494db90b2a06\" ( 8 )";
+        << datagram("AC IM b90b2a06") << "not handled  \"4143494db90b2a06\" ( 8 )";
     QTest::newRow("event size, tag CR")
-        << hex("43520000 00460046") << "not handled  \"4352000000460046\" ( 8 )";
-    QTest::newRow("compressor size, tag DR") << hex("44520000000000000000000000000001")
+        << datagram("CR 0000 00460046") << "not handled  \"4352000000460046\" ( 8 )";
+    QTest::newRow("compressor size, tag DR") << datagram("DR 0000000000000000000000000001")
                                              << "not handled  \"44520000000000000000000000000001\" ( 16 )";
     QTest::newRow("compressor size, tag of an event")
-        << hex("494d4143000000000000000000000000")
+        << datagram("IM AC 000000000000000000000000")
         << "not handled  \"494d4143000000000000000000000000\" ( 16 )";
-    QTest::newRow("compressor cut short")
-        << hex("435200000000000000000000000000") << "not handled  \"435200000000000000000000000000\" ( 15 )";
+    QTest::newRow("compressor cut short") << datagram("CR 00000000000000000000000000")
+                                          << "not handled  \"435200000000000000000000000000\" ( 15 )";
     QTest::newRow("outputs size, tag CR")
-        << hex("4352") + QByteArray(36, '\0') << notHandled(hex("4352") + QByteArray(36, '\0'));
+        << datagram("CR") + QByteArray(36, '\0') << notHandled(datagram("CR") + QByteArray(36, '\0'));
     QTest::newRow("outputs cut short")
-        << hex("4452") + QByteArray(35, '\0') << notHandled(hex("4452") + QByteArray(35, '\0'));
+        << datagram("DR") + QByteArray(35, '\0') << notHandled(datagram("DR") + QByteArray(35, '\0'));
     QTest::newRow("outputs with one byte more")
-        << hex("4452") + QByteArray(37, '\0') << notHandled(hex("4452") + QByteArray(37, '\0'));
+        << datagram("DR") + QByteArray(37, '\0') << notHandled(datagram("DR") + QByteArray(37, '\0'));
     QTest::newRow("hex text in lower case") << hex("ABCDEF") << "not handled  \"abcdef\" ( 3 )";
 }
 
 void ReceiveTest::notUnderstood()
 {
-    QFETCH(QByteArray, datagram);
+    QFETCH(QByteArray, sent);
     QFETCH(QString, line);
 
     ConnectedModule engine;
     QVERIFY(engine.connected);
     const LogCatcher log;
-    QVERIFY(engine.deliver({datagram}));
+    QVERIFY(engine.deliver({sent}));
     QCOMPARE(engine.recorder.texts(), QStringList());
     QCOMPARE(log.debugTexts(), QStringList{line});
     QCOMPARE(log.warnings(), QStringList());
@@ -182,14 +146,14 @@ void ReceiveTest::badBetweenGood()
     QVERIFY(engine.connected);
     const LogCatcher log;
     QVERIFY(engine.deliver({
-        hex("41424143 00000001"),
+        datagram("AB AC 00000001"),
         hex(""),
-        hex("41424143 00000002"),
-        hex("41424144 00000003"),
-        hex("41424143 00000004"),
-        hex("41424143 00000005 00"),
-        hex("41424143 0000"),
-        hex("41424143 00000006"),
+        datagram("AB AC 00000002"),
+        datagram("AB AD 00000003"),
+        datagram("AB AC 00000004"),
+        datagram("AB AC 00000005 00"),
+        datagram("AB AC 0000"),
+        datagram("AB AC 00000006"),
     }));
     QCOMPARE(engine.recorder.texts(),
              texts({"udpPacketArrived(16706, 0, 1)", "udpPacketArrived(16706, 0, 2)",
@@ -228,7 +192,7 @@ void ReceiveTest::largestDatagram()
     }
     QVERIFY(engine.deliver(datagrams));
     QCOMPARE(log.debugTexts(), lines);
-    QVERIFY(engine.deliver({hex("544d4143 00780000")}));
+    QVERIFY(engine.deliver({datagram("TM AC 00780000")}));
     QCOMPARE(engine.recorder.texts(), texts({"tempoChanged()"}));
 }
 
@@ -239,7 +203,7 @@ void ReceiveTest::senderDoesNotMatter()
     QVERIFY(engine.connected);
     EnginePeer other(engine.peer.moduleAddress(), 0);
     QVERIFY2(other.isOpen(), qPrintable(other.errorString()));
-    QVERIFY(other.sendTo(hex("544d4143 00780000"), engine.peer.moduleAddress(), engine.peer.modulePort()));
+    QVERIFY(other.sendTo(datagram("TM AC 00780000"), engine.peer.moduleAddress(), engine.peer.modulePort()));
     QVERIFY(engine.peer.settle(&engine.module));
     QCOMPARE(engine.recorder.texts(), texts({"tempoChanged()"}));
     QVERIFY(engine.peer.nothingSentBy(&engine.module));

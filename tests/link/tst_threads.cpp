@@ -1,4 +1,4 @@
-// Which thread does what, and what happens when ends come and go.
+// The work of each thread, and the start and end of module and engine.
 
 #include "link/sockettransceiver.h"
 #include "support/connectedmodule.h"
@@ -7,6 +7,7 @@
 #include "support/processresources.h"
 #include "support/texts.h"
 
+#include <QElapsedTimer>
 #include <QTest>
 
 #include <atomic>
@@ -15,13 +16,20 @@
 
 using namespace testsupport;
 
+namespace {
+
+// How long the receive thread continues after it was asked to end.
+constexpr int lingerMs = 200;
+
+} // namespace
+
 class ThreadsTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase() { m_threads = threadCount(); }
-    // The threads of the test before may take a moment to go.
+    // The system may count a thread for a moment after its end.
     void init() { QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads, patienceMs); }
 
     void noThreadUntilADatagramArrives();
@@ -34,6 +42,7 @@ private Q_SLOTS:
     void everyModuleHasAPortOfItsOwn();
     void newModuleAfterTheOld();
     void engineRestarts();
+    void socketIsOpenUntilTheReceiveThreadHasEnded();
 
 private:
     int m_threads = 0;
@@ -47,7 +56,7 @@ void ThreadsTest::noThreadUntilADatagramArrives()
     QVERIFY(peer.connectTo(module.get()));
     QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads, patienceMs);
 
-    module.reset(); // does not wait for a thread that never ran
+    module.reset(); // does not wait for a thread that was not started
     QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads, patienceMs);
 }
 
@@ -62,7 +71,7 @@ void ThreadsTest::firstDatagramStartsTheThread()
     QVERIFY(!link.isRunning());
     QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads, patienceMs);
 
-    // Any datagram does, even one that says nothing.
+    // Any datagram starts it, even an empty one.
     QVERIFY(peer.send(QByteArray("")));
     QTRY_VERIFY_WITH_TIMEOUT(link.isRunning(), patienceMs);
     QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads + 1, patienceMs);
@@ -115,10 +124,10 @@ void ThreadsTest::firstSendFromAnotherThread_data()
     QTest::addColumn<bool>("bytes");
 
     QTest::newRow("bytes") << true;
-    QTest::newRow("bare memory") << false;
+    QTest::newRow("pointer and size") << false;
 }
 
-// The transfer thread may well be the first one to send. Its answer has to arrive all the same.
+// The transfer thread may be the first to send. The answer must arrive.
 void ThreadsTest::firstSendFromAnotherThread()
 {
     QFETCH(bool, bytes);
@@ -143,7 +152,7 @@ void ThreadsTest::firstSendFromAnotherThread()
 
 void ThreadsTest::sendsFromTwoThreads()
 {
-    constexpr int each = 150; // which any socket has room for
+    constexpr int each = 150; // the buffer of any socket holds this number
     ConnectedModule engine;
     QVERIFY(engine.connected);
     std::thread sender([&engine] {
@@ -230,6 +239,40 @@ void ThreadsTest::engineRestarts()
     QVERIFY(peer->settle(&module));
     QCOMPARE(module.property("tempo").toInt(), 120);
     QCOMPARE(log.warnings(), QStringList());
+}
+
+// A handler blocks the receive thread while the link is destroyed. If the descriptor is closed meanwhile,
+// another file may get the same descriptor, and the thread would read that file.
+void ThreadsTest::socketIsOpenUntilTheReceiveThreadHasEnded()
+{
+    EnginePeer peer;
+    QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
+    auto link = std::make_unique<SocketTransceiver>();
+    link->writeToSocket(QByteArray("hello"), link->engine().host, link->engine().port);
+    QCOMPARE(peer.next(), QByteArray("hello"));
+
+    const int sockets = socketCount();
+    std::atomic<bool> handlerRuns{false};
+    std::atomic<bool> closed{false};
+    connect(
+        link.get(), &SocketTransceiver::sockUdpPacketArrived, link.get(),
+        [&] {
+            handlerRuns = true;
+            while (!QThread::currentThread()->isInterruptionRequested() && socketCount() == sockets)
+                QThread::msleep(1);
+            QElapsedTimer lingering;
+            lingering.start();
+            while (!closed && !lingering.hasExpired(lingerMs)) {
+                closed = socketCount() != sockets;
+                QThread::msleep(1);
+            }
+        },
+        Qt::DirectConnection);
+    QVERIFY(peer.send(hex("41424143 00010002")));
+    QTRY_VERIFY_WITH_TIMEOUT(handlerRuns.load(), patienceMs);
+    link.reset();
+    QVERIFY(!closed);
+    QCOMPARE(socketCount(), sockets - 1);
 }
 
 QTEST_MAIN(ThreadsTest)
