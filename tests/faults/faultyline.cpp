@@ -23,33 +23,24 @@ bool FaultyLine::worksAgain()
 {
     QElapsedTimer waiting;
     waiting.start();
-    bool heard = false;
-    while (!heard && !waiting.hasExpired(workAgainMs)) {
+    bool parameterArrived = false;
+    while (!parameterArrived && !waiting.hasExpired(workAgainMs)) {
         module.setDirectOut1Level(99);
-        for (QByteArray datagram = peer.next(tryMs); !heard && !datagram.isNull(); datagram = peer.next(0))
-            heard = datagram == hex("494d0003 0bb9633b 0bb96200 0bb90663");
+        for (QByteArray datagram = peer.next(tryMs); !parameterArrived && !datagram.isNull();
+             datagram = peer.next(0))
+            parameterArrived = datagram == hex("494d0003 0bb9633b 0bb96200 0bb90663");
     }
-    bool answered = false;
-    while (heard && !answered && !waiting.hasExpired(workAgainMs))
-        answered = peer.settle(&module, tryMs);
+    bool eventArrived = false;
+    while (parameterArrived && !eventArrived && !waiting.hasExpired(workAgainMs))
+        eventArrived = peer.settle(&module, tryMs);
     peer.discardPending();
-    return answered;
-}
-
-QStringList warningsOf(const LogCatcher &log)
-{
-    QStringList warnings = log.warnings();
-    warnings.removeAll(QStringLiteral("QObject::connect: Cannot queue arguments of type "
-                                      "'QAbstractSocket::SocketError'\n(Make sure "
-                                      "'QAbstractSocket::SocketError' is registered using "
-                                      "qRegisterMetaType().)"));
-    return warnings;
+    return eventArrived;
 }
 
 FarEngineThread::FarEngineThread(const EngineNetwork &network)
 {
     run([&network] {
         if (!network.enterEngineSide())
-            qFatal("the engine's side of the network cannot be entered");
+            qFatal("cannot enter the engine's side of the network");
     });
 }

@@ -3,10 +3,9 @@
 #include "control/qconnectqmlplugin.h"
 #include "failures/enginethread.h"
 #include "support/enginepeer.h"
-#include "support/logcatcher.h"
 #include "support/networknamespace.h"
 
-/// A module and the engine's socket with a cable in between.
+/// A module and the engine's socket, with a network between them.
 struct FaultyLine
 {
     FaultyLine();
@@ -14,20 +13,15 @@ struct FaultyLine
     testsupport::EngineNetwork network;
     testsupport::EnginePeer peer;
     QConnectQmlPlugin module;
-    /// Both have heard of each other.
+    /// True when each end has received a datagram of the other.
     bool connected = false;
 
-    /// A parameter of the module arrives, and what the engine sends arrives, whatever was before: waits for
-    /// the addresses to be known again.
+    /// Waits until a parameter of the module and an event of the engine arrive. Both do when the system has
+    /// resolved the addresses again. False if one of them does not arrive.
     bool worksAgain();
 };
 
-/// The warnings that were logged, without the one of Qt's own that no test can avoid: from 5.13 on Qt relays
-/// the error of a send from the transfer thread to the thread of the socket, without the type that this
-/// takes. It says so once per socket.
-QStringList warningsOf(const testsupport::LogCatcher &log);
-
-/// A thread for simulated engines on the engine's side of the network.
+/// A thread for simulated engines at the engine's end of the network.
 class FarEngineThread : public EngineThread
 {
 public:

@@ -19,16 +19,16 @@ namespace {
 
 constexpr int millisecondsPerSecond = 1000;
 
-std::array<QByteArray, 8> rubbish()
+std::array<QByteArray, 8> invalidDatagrams()
 {
     return {
         QByteArray(""),
         hex("00"),
-        hex("544d4143 007800"),            // a tempo, cut
-        hex("58584143 01020304"),          // an event of a kind that nobody knows
-        hex("544d4341 00780000"),          // a tempo whose tag is none
-        hex("4452") + QByteArray(35, 'm'), // output meters, cut
-        hex("4352") + QByteArray(15, 'c'), // compressor meters and a byte more
+        hex("544d4143 007800"),            // a tempo, cut short
+        hex("58584143 01020304"),          // an event of an unknown kind
+        hex("544d4341 00780000"),          // a tempo with an unknown tag
+        hex("4452") + QByteArray(35, 'm'), // output meters, cut short
+        hex("4352") + QByteArray(15, 'c'), // compressor meters with one byte more
         QByteArray(300, char(0xA5)),
     };
 }
@@ -59,9 +59,9 @@ void Flood::run(quint32 address, quint16 port, int perSecond)
     module.sin_family = AF_INET;
     module.sin_port = qToBigEndian(port);
     module.sin_addr.s_addr = qToBigEndian(address);
-    const std::array<QByteArray, 8> kinds = rubbish();
+    const std::array<QByteArray, 8> kinds = invalidDatagrams();
 
-    // In portions of a millisecond, each at its time, however long the one before took.
+    // One portion per millisecond, at fixed times.
     auto next = std::chrono::steady_clock::now();
     std::size_t kind = 0;
     while (!m_stop) {

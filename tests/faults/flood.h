@@ -9,8 +9,8 @@ namespace testsupport {
 class EngineNetwork;
 }
 
-/// Sends rubbish to the module from the engine's side until it is stopped: too short, too long, with a good
-/// tag and a wrong length, with a good length and a wrong tag, events of unknown kinds.
+/// Sends invalid datagrams from the engine's side to the module until it is stopped: too short, too long, a
+/// known tag with a wrong length, a known length with a wrong tag, events of unknown kinds.
 class Flood
 {
 public:
@@ -19,7 +19,7 @@ public:
     Q_DISABLE_COPY(Flood)
 
     void stop();
-    /// Datagrams that the system has taken.
+    /// Number of datagrams that the system has accepted.
     long long sent() const { return m_sent; }
 
 private:

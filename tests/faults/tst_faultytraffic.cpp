@@ -1,5 +1,5 @@
-// Parameters, meters and hits while datagrams get lost, the cable is out or the engine starts anew. What is
-// lost is lost; nothing else is, and nothing has to be started again.
+// Parameters, meters and hits while datagrams are dropped, the network device is down or the engine restarts.
+// All other datagrams arrive, and everything works again afterwards without a restart of the module.
 
 #include "faultyline.h"
 
@@ -40,7 +40,7 @@ void addLossRows()
     QTest::newRow("20 of 100") << 20;
 }
 
-// So far to either side that chance does not decide.
+// The bounds are so wide that random variation practically never exceeds them.
 bool isPlausible(int lost, int sent, int percent)
 {
     const int expected = sent * percent / 100;
@@ -62,7 +62,7 @@ QByteArray meterReport(int value)
     return report;
 }
 
-// What has come of a storm of reports.
+// The reports of a storm that QML received.
 struct Heard
 {
     explicit Heard(QConnectQmlPlugin &module)
@@ -126,7 +126,7 @@ void FaultyTrafficTest::parametersGetLost()
     const auto take = [&](const QByteArray &datagram) {
         QCOMPARE(datagram.left(15), hex("494d0003 0bb9633b 0bb96200 0bb906"));
         QCOMPARE(datagram.size(), 16);
-        // How far on from the last one; one that came late or twice would be far on.
+        // The distance from the previous value. It is large for a late or repeated datagram.
         const int value = uchar(datagram.at(15));
         const int step = (value - last + values - 1) % values + 1;
         QVERIFY2(step <= values / 2, qPrintable(QStringLiteral("%1 after %2").arg(value).arg(last)));
@@ -196,8 +196,8 @@ void FaultyTrafficTest::reportsGetLost()
 void FaultyTrafficTest::outage_data()
 {
     QTest::addColumn<bool>("atEngine");
-    QTest::newRow("cable out at the module") << false;
-    QTest::newRow("cable out at the engine") << true;
+    QTest::newRow("network device of the module down") << false;
+    QTest::newRow("network device of the engine down") << true;
 }
 
 void FaultyTrafficTest::outage()
@@ -237,7 +237,7 @@ void FaultyTrafficTest::outage()
     QCOMPARE(log.warnings(), QStringList());
 }
 
-// Nobody listens at the engine's port, and its system says so with each parameter.
+// No process listens at the engine's port, and the engine's system reports this for each parameter.
 void FaultyTrafficTest::engineIsAwayForAWhile()
 {
     EngineNetwork network;
@@ -271,7 +271,7 @@ void FaultyTrafficTest::engineRestartsWhileItMeters()
     QConnectQmlPlugin module;
     SignalRecorder recorder(&module);
     for (int run = 0; run < 3; ++run) {
-        // A new engine knows nothing of the module until it hears from it.
+        // A new engine does not know the module's address until it receives a datagram from the module.
         const quint64 before = engine.heard();
         engine.setMeters(true);
         module.setSnareStyle(uchar(run));
