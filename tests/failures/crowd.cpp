@@ -25,7 +25,7 @@ void runCrowd(int count, int atOnce, const MakeMember &make,
                 place.index = next++;
                 place.member = make(place.index, int(i));
                 place.member->start();
-                // Making one may have taken a while; the others are not to wait longer than that.
+                // Creating a job may take a while; process the events of the others.
                 QTest::qWait(1);
             }
         }

@@ -4,19 +4,19 @@
 #include <memory>
 #include <vector>
 
-/// Something that takes its time without keeping a processor busy.
+/// A job that mostly waits.
 class CrowdMember
 {
 public:
     virtual ~CrowdMember() = default;
-    /// Begins.
+    /// Starts the job.
     virtual void start() = 0;
-    /// Looks after it, some fifty times a second; true when it is over.
+    /// Called about fifty times a second. Returns true when the job is over.
     virtual bool isOver() = 0;
 };
 
-/// Runs many things in the thread of the test, so many of them at the same time, in their order.
-/// over is called for each as it ends; the member is gone after that.
+/// Runs count jobs in order in the calling thread, atOnce of them at a time. Calls `over` for each job that
+/// ends and then deletes the job.
 using MakeMember = std::function<std::unique_ptr<CrowdMember>(int index, int place)>;
 void runCrowd(int count, int atOnce, const MakeMember &make,
               const std::function<void(int index, CrowdMember &member)> &over);

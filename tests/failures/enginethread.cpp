@@ -51,7 +51,7 @@ void RemoteEngine::listen()
     m_engine->setVersion(SoundEngine::Version::TriggerBoard, 1, 4);
     QElapsedTimer waiting;
     waiting.start();
-    // The same test may run in another build tree on this machine.
+    // The same test may run from another build tree at the same time.
     while (!m_engine->listen(QHostAddress(m_address), m_port)) {
         if (waiting.hasExpired(addressWaitMs))
             qFatal("%s: %s", qPrintable(m_address), qPrintable(m_engine->errorString()));

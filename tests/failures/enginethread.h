@@ -6,8 +6,8 @@
 
 #include <functional>
 
-/// The thread in which all simulated engines of a test program live, so that what the module does in the
-/// thread of QML cannot hold their answers up.
+/// The thread of all simulated engines of a test program. Work of the module in the GUI thread therefore does
+/// not delay their answers.
 class EngineThread
 {
 public:
@@ -15,7 +15,7 @@ public:
     ~EngineThread();
     Q_DISABLE_COPY(EngineThread)
 
-    /// Runs a function in the thread and waits for it.
+    /// Runs a function in the thread and waits until it returns.
     void run(const std::function<void()> &function);
 
 private:
@@ -23,29 +23,30 @@ private:
     QObject m_context;
 };
 
-/// A simulated engine in that thread. Everything here may be called from the thread of the test.
+/// A simulated engine in that thread. All methods may be called from the thread of the test.
 class RemoteEngine
 {
 public:
-    /// Listens at the address and makes it the engine of the control objects made from now on.
+    /// Listens at the address and makes it the engine of the control objects that are created afterwards.
     RemoteEngine(EngineThread &thread, const QString &address, quint16 port = SoundEngine::defaultPort);
     ~RemoteEngine();
     Q_DISABLE_COPY(RemoteEngine)
 
-    /// Another engine at the same address, which knows nothing of what was.
+    /// Replaces the engine by a new one at the same address, without the state of the old one.
     void replace();
 
-    /// Switches a failure mode on, in the words of the simulator. False when it knows no such mode.
+    /// Switches a failure mode on; the text has the simulator's form. False if the simulator has no such
+    /// mode.
     bool fail(const QString &mode);
     void clearFailures();
-    /// Switches the failures off as soon as the first query has been dealt with.
+    /// Switches the failures off as soon as the first query has been processed.
     void clearFailuresAfterQuery();
 
     QVector<SoundEngine::ReceivedFile> files();
     QStringList violations();
-    /// Output meters, thirty a second, as soon as the engine knows the module.
+    /// Sends output meters, 30 per second, as soon as the engine has the module's address.
     void setMeters(bool running);
-    /// Datagrams that have been heard.
+    /// The number of received datagrams.
     quint64 heard();
 
 private:

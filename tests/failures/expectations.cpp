@@ -27,7 +27,7 @@ const std::map<QString, Expectation> &expectations()
         {QStringLiteral("resend-twice"), {End::Acknowledged, 0, 2}},
         {QStringLiteral("resend-before-start"), arrivesAtSecondTry},
         {QStringLiteral("resend-past-end"), {End::BrokenOff, 0, 1}},
-        // Sent again, but not counted as a resend.
+        // Resent, but not counted.
         {QStringLiteral("unknown-low-byte"), arrives},
         {QStringLiteral("refuse-e0"), refused(0xE0)},
         {QStringLiteral("memory-full-e1"), memoryFull(0xE1)},
@@ -63,7 +63,7 @@ const std::map<QString, Expectation> &expectations()
     return table;
 }
 
-// What firmware reports before its data, when the question for the version was not answered as it should be.
+// The signals before the data of firmware when the version query was not answered correctly.
 QStringList beforeData(const TransferKind &kind, const QString &mode)
 {
     QStringList before = kind.before;
@@ -74,7 +74,8 @@ QStringList beforeData(const TransferKind &kind, const QString &mode)
         before.removeFirst();
         before.last().replace(QStringLiteral("65540"), QStringLiteral("0"));
     } else if (mode == QLatin1String("wrong-query-reply")) {
-        // The value counts, whatever it is the version of: 1.4 of the trigger board, 1.0 of the sound bank.
+        // The value is used even if it is the version of another part: 1.4 of the trigger board, 1.0 of the
+        // sound bank.
         before.first() = isEngine ? QStringLiteral("triggerVersionChanged()")
                                   : QStringLiteral("soundbankVersionChanged()");
         if (!isEngine)
@@ -94,7 +95,7 @@ QStringList Expectation::signalsOf(const TransferKind &kind, const QString &mode
     switch (end) {
     case End::Acknowledged: {
         QStringList completed = kind.completed(status, resends);
-        // Nothing is installed then.
+        // Nothing is installed after an error.
         if (isEngineFirmware && status != 0)
             completed = completed.mid(2);
         expected.append(completed);

@@ -5,31 +5,30 @@
 #include <QString>
 #include <QStringList>
 
-/// What has to come of a file that is sent to an engine with a failure mode.
+/// The expected outcome of a file that is sent to an engine with a failure mode.
 struct Expectation
 {
     enum class End {
         Acknowledged, ///< with status
         TimedOut,
-        BrokenOff, ///< no end is sent; status is what imports report
-        Varies,    ///< by what the mode happens to hit: any, but no false success
+        BrokenOff, ///< no end packet; imports report the status
+        Varies,    ///< depends on the affected packet; any outcome except a false success is accepted
     };
 
     End end = End::Acknowledged;
     quint16 status = 0;
-    int resends = 0; ///< as counted for the sound bank
+    int resends = 0; ///< number that sound banks report
 
-    /// True when the thread has left with the next task still queued.
+    /// True when the next task stays in the queue.
     bool leavesNextTask() const { return end == End::BrokenOff; }
-    /// True when the file has to arrive as it was sent.
+    /// True when the file arrives unchanged.
     bool arrivesWhole() const { return end == End::Acknowledged && status == 0; }
-    /// Signals that QML has to see in this order, progress counted once.
+    /// Signals in their order, consecutive progress signals as one.
     QStringList signalsOf(const TransferKind &kind, const QString &mode) const;
 };
 
-/// Null when nothing is said about the mode; then it has been added to the simulator and not here.
+/// Null for a mode that the table does not contain.
 const Expectation *expectationOf(const QString &mode);
 
-/// Modes that change what the engine says to queries, and nothing else: of the files they only matter to
-/// firmware.
+/// True for modes that change only the answers to queries. They affect only firmware.
 bool isAboutQueries(const QString &mode);

@@ -8,8 +8,8 @@ using Outcome = simulated::ReceivedFile::Outcome;
 
 namespace {
 
-// After that long without a datagram no data is on its way any more: between two packets of one file there
-// are at most 15 ms, unless the engine has asked for a resend.
+// A transfer is over after this time without a datagram. Two packets of one file are at most 15 ms apart,
+// except before a resend.
 constexpr int quietMs = 1000;
 constexpr int resendPauseMs = 4000;
 
@@ -39,11 +39,12 @@ FailingTransfer::~FailingTransfer() = default;
 void FailingTransfer::start()
 {
     if (!m_engine.fail(m_modeText))
-        qFatal("%s is no failure mode", qPrintable(m_modeText));
+        qFatal("%s is not a failure mode", qPrintable(m_modeText));
     if (isAboutQueries(m_mode))
         m_engine.clearFailuresAfterQuery();
     m_kind.send(*m_plugin, m_path);
-    // An engine that has gone would not answer the next task; that one comes when it is back.
+    // An engine that has vanished does not answer the next task. The task is queued after the engine's
+    // return.
     m_nextQueued = m_mode != QLatin1String("vanish");
     if (m_nextQueued)
         m_plugin->requestHHRawValue();
@@ -68,7 +69,7 @@ bool FailingTransfer::advance()
             m_nextRanTooEarly = m_expectation.leavesNextTask();
             m_stage = Stage::Over;
         } else if (m_expectation.leavesNextTask() && engineIsQuiet()) {
-            // Whatever is queued now starts the thread again, and the task that was left runs first.
+            // A new task starts the thread again; the task in the queue runs first.
             m_plugin->requestSoundBankVersion();
             m_stage = Stage::TaskLeft;
         }
@@ -78,7 +79,7 @@ bool FailingTransfer::advance()
             m_stage = Stage::Over;
         return false;
     case Stage::Over:
-        // An answer that is late comes when all is over.
+        // A late answer arrives after everything else has ended.
         return m_mode != QLatin1String("late-query-reply") || seen().size() >= expectedSignals().size();
     }
     return true;
@@ -111,7 +112,7 @@ QStringList FailingTransfer::seen() const
     QStringList result;
     for (int i = 0; i < recorded.size() && i < texts.size(); ++i) {
         const QByteArray &name = recorded.at(i).name;
-        // Every answer of the engine is passed on as it is.
+        // The module emits it for every answer of the engine.
         if (name == "udpPacketArrived")
             continue;
         const QString text = isProgress(name) ? QString::fromLatin1(name) : texts.at(i);
@@ -146,14 +147,14 @@ QString FailingTransfer::fileVerdict()
 {
     QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly))
-        return QStringLiteral("the file is gone");
+        return QStringLiteral("the file no longer exists");
     const QVector<SoundEngine::ReceivedFile> files = m_engine.files();
     const bool arrived = files.size() == 1 && files.first().outcome == Outcome::Whole;
     if (arrived && files.first().data != file.readAll())
-        return QStringLiteral("the engine took another file than the one that was sent");
+        return QStringLiteral("the engine received a different file");
     if (m_expectation.end == Expectation::End::Varies) {
-        // A success is the end acknowledged without error; imports report an end that nobody acknowledged
-        // with the same status.
+        // A transfer succeeds if its end is acknowledged without an error. Imports report the same status if
+        // no acknowledgement arrives.
         const QStringList texts = m_recorder->texts();
         const bool reported = texts.contains(m_kind.completed(0).constLast()) ||
                               texts.contains(m_kind.completed(0, 1).constLast()) ||
@@ -161,14 +162,14 @@ QString FailingTransfer::fileVerdict()
         const bool acknowledged = texts.contains(QStringLiteral("udpPacketArrived(17477, 0, 0)"));
         if (reported && acknowledged && !arrived)
             return QStringLiteral("a false success");
-        // What comes twice is known by its number.
+        // The engine detects duplicates by their numbers.
         if (m_mode == QLatin1String("duplicate") && !arrived)
             return QStringLiteral("the file did not arrive");
         const QString end = m_kind.completed(0).constLast().section(QLatin1Char('('), 0, 0);
         const int ends = m_recorder->count(end.toLatin1().constData());
-        return ends == 1 ? QString() : QStringLiteral("the end was told %1 times").arg(ends);
+        return ends == 1 ? QString() : QStringLiteral("the end was reported %1 times").arg(ends);
     }
-    // What is taken whole but not acknowledged is whole all the same.
+    // A file may arrive complete without an acknowledgement.
     const bool mayArrive = m_mode == QLatin1String("no-end-ack");
     if (arrived != (m_expectation.arrivesWhole() || mayArrive))
         return arrived ? QStringLiteral("the file arrived") : QStringLiteral("the file did not arrive");
@@ -183,7 +184,7 @@ QString FailingTransfer::verdict()
             .arg(m_timeoutMs)
             .arg(seen().join(QLatin1Char(' ')));
     if (m_nextRanTooEarly)
-        return QStringLiteral("the next task ran, which had to stay queued");
+        return QStringLiteral("the next task ran although it should stay in the queue");
     const QString signalProblem = m_expectation.end == Expectation::End::Varies ? QString() : signalVerdict();
     return signalProblem.isEmpty() ? fileVerdict() : signalProblem;
 }

@@ -13,7 +13,7 @@
 
 class QConnectQmlPlugin;
 
-/// One file of one kind, sent to an engine with one failure mode, with another task behind it.
+/// One file that is sent to an engine with one failure mode, and a task that is queued behind it.
 class FailingTransfer : public CrowdMember
 {
 public:
@@ -25,7 +25,7 @@ public:
     void start() override;
     bool isOver() override;
 
-    /// Empty when all went as it has to, else what did not. To be asked when it is over.
+    /// Empty if the outcome is as expected, otherwise the difference. Call it when the job is over.
     QString verdict();
 
 private:
@@ -42,7 +42,7 @@ private:
 
     const TransferKind m_kind;
     const QString m_mode;
-    const QString m_modeText; ///< with its number
+    const QString m_modeText; ///< with N
     const QString m_path;
     const Expectation m_expectation;
     const int m_timeoutMs;
@@ -52,7 +52,7 @@ private:
     QElapsedTimer m_since;
     QElapsedTimer m_quietSince;
     quint64 m_heard = 0;
-    int m_looked = 0; ///< number of signals that were searched for the end
+    int m_looked = 0; ///< number of signals that hasCompleted() has searched
     Stage m_stage = Stage::Sending;
     bool m_nextQueued = false;
     bool m_nextRanTooEarly = false;

@@ -37,8 +37,7 @@ JudgedTransfer::Result JudgedTransfer::result()
         return Result::Silent;
     const QStringList texts = m_station.recorder.texts();
     const bool reported = texts.contains(m_kind.completed(0).constFirst());
-    // Imports tell the engine's last word, which is 0 when it has said nothing. Whoever wants to be sure
-    // listens to what the engine sends.
+    // Imports report status 0 when the engine did not answer, so the acknowledgement itself is checked.
     const bool acknowledged =
         !m_kind.passesStatusOn || texts.contains(QStringLiteral("udpPacketArrived(17477, 0, 0)"));
     const QVector<SoundEngine::ReceivedFile> files = m_station.engine.files();

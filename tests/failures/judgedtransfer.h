@@ -10,8 +10,8 @@
 #include <QElapsedTimer>
 #include <QString>
 
-/// A control object and its engine; transfers take turns here, because making a control object takes its
-/// time.
+/// A control object and its engine. Transfers share them one after the other, because creating a control
+/// object takes time.
 struct Station
 {
     Station(EngineThread &thread, const QString &address, quint16 port = SoundEngine::defaultPort)
@@ -24,28 +24,28 @@ struct Station
     testsupport::SignalRecorder recorder;
 };
 
-/// One file, sent whatever befalls it, and what QML heard of it beside what the engine has. For kinds whose
-/// end signal carries the status.
+/// One file whose reported outcome is compared with the file that the engine received. For kinds whose end
+/// signal carries the status.
 class JudgedTransfer : public CrowdMember
 {
 public:
     enum class Result {
         Arrived,
-        Failed,   ///< and told so
-        Unproven, ///< an import that failed with status 0, which counts only with the engine's word for it
-        FalseSuccess, ///< told to have arrived
-        FalseFailure, ///< it has arrived, but the module could not know
-        Silent,       ///< not told anything, or told twice
+        Failed,       ///< failed, and reported as failed
+        Unproven,     ///< an import that failed with status 0 and without an acknowledgement
+        FalseSuccess, ///< failed, but reported as arrived
+        FalseFailure, ///< arrived, but reported as failed
+        Silent,       ///< not reported, or reported twice
     };
 
-    /// Takes a new engine at the station.
+    /// Replaces the engine of the station.
     JudgedTransfer(Station &station, const TransferKind &kind, const QString &path, const QByteArray &content,
                    int timeoutMs);
 
     void start() override;
     bool isOver() override;
 
-    /// To be asked when it is over.
+    /// Call it when the job is over.
     Result result();
 
 private:

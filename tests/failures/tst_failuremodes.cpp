@@ -1,5 +1,5 @@
-// Every failure mode that the simulator knows, with every kind of file: what QML sees, what the engine gets,
-// and what becomes of the next task.
+// Every failure mode of the simulator with every kind of file: the signals, the file that the engine
+// received, and the next task.
 
 #include "failingtransfer.h"
 
@@ -10,7 +10,7 @@
 
 namespace {
 
-// So many at once; nearly all of their time is waiting, unless each packet takes long.
+// Number of transfers at once. They mostly wait, unless each packet takes long.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || defined(ZELTACONNECT_EMULATED)
 constexpr int atOnce = 12;
 #else
@@ -18,7 +18,7 @@ constexpr int atOnce = 32;
 #endif
 
 #ifdef ZELTACONNECT_LONG_CASES
-// The end of a sound bank is waited for for ten minutes.
+// The module waits ten minutes for the end of a sound bank.
 constexpr int timeoutMs = 900000;
 constexpr int firstAddress = 160;
 constexpr bool takesLong = true;
@@ -39,31 +39,31 @@ bool fillsMemory(const Case &item)
     return item.mode.startsWith(QLatin1String("memory-full"));
 }
 
-// Whether a sender that hears it too late goes another way.
-bool hasToBeHeard(const Case &item)
+// True when the outcome depends on how early the sender notices the failure.
+bool dependsOnTiming(const Case &item)
 {
     static const QStringList modes = {QStringLiteral("lose-once"), QStringLiteral("delay-once"),
                                       QStringLiteral("vanish-and-return"), QStringLiteral("resend-past-end")};
     return fillsMemory(item) || modes.contains(item.mode);
 }
 
-// As many packets as take a second, so that what the engine says finds the sender at work. Three seconds
-// where that decides, and this machine may be busy.
+// The transfer takes one second, so that answers of the engine arrive during it. It takes three seconds if
+// the outcome depends on such an answer, because the machine may be busy.
 int packetsOf(const Case &item)
 {
-    return item.kind.packetsFor(hasToBeHeard(item) ? 3000 : 1000);
+    return item.kind.packetsFor(dependsOnTiming(item) ? 3000 : 1000);
 }
 
-// The mode with its number, where the simulator's own choice does not suit these files.
+// The mode, with a number where the default of the simulator does not fit these files.
 QString modeText(const Case &item)
 {
-    // Every gap costs four seconds: one or two of them will do.
+    // Every gap takes four seconds, so there are only one or two.
     if (item.mode == QLatin1String("drop") || item.mode == QLatin1String("reorder"))
         return QStringLiteral("%1=%2").arg(item.mode).arg(packetsOf(item) * 2 / 3);
-    // Late enough for the next task to be queued before: one that is queued after it starts the file anew.
+    // Late enough that the next task is already queued. A task that is queued afterwards cancels the abort.
     if (fillsMemory(item))
         return QStringLiteral("%1=%2").arg(item.mode).arg(packetsOf(item) / 10);
-    // When all else is over, so that the order is certain.
+    // After everything else, so that the order is defined.
     if (item.mode == QLatin1String("late-query-reply"))
         return item.mode + (takesLong ? QStringLiteral("=50000") : QStringLiteral("=27000"));
     return item.mode;
@@ -74,7 +74,7 @@ QString nameOf(const Case &item)
     return QStringLiteral("%1, %2").arg(item.mode, QLatin1String(item.kind.name));
 }
 
-// Engine firmware holds its sender up for another twenty seconds, an unacknowledged sound bank for minutes.
+// Engine firmware takes another 20 s, an unacknowledged sound bank ten minutes.
 bool isLong(const Case &item)
 {
     const QByteArray content = item.kind.content;
@@ -102,7 +102,7 @@ QVector<Case> allCases()
 
 } // namespace
 
-class tst_FailureModes : public QObject
+class FailureModesTest : public QObject
 {
     Q_OBJECT
 
@@ -117,14 +117,14 @@ private:
     QStringList m_verdicts;
 };
 
-void tst_FailureModes::everyModeHasAnExpectation()
+void FailureModesTest::everyModeHasAnExpectation()
 {
     for (const simulated::FailureMode &mode : simulated::failureModes())
         QVERIFY2(expectationOf(QLatin1String(mode.name)), mode.name);
 }
 
-// All of them run here, side by side; the rows then tell what came of each.
-void tst_FailureModes::transfers_data()
+// All transfers run here, in parallel. Each row then checks one verdict.
+void FailureModesTest::transfers_data()
 {
     QTest::addColumn<QString>("verdict");
 
@@ -155,11 +155,11 @@ void tst_FailureModes::transfers_data()
         QTest::newRow(qPrintable(nameOf(m_cases.at(i)))) << verdicts.at(i);
 }
 
-void tst_FailureModes::transfers()
+void FailureModesTest::transfers()
 {
     QFETCH(const QString, verdict);
     QVERIFY2(verdict.isEmpty(), qPrintable(verdict));
 }
 
-QTEST_GUILESS_MAIN(tst_FailureModes)
+QTEST_GUILESS_MAIN(FailureModesTest)
 #include "tst_failuremodes.moc"

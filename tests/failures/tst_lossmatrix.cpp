@@ -1,5 +1,5 @@
-// A file of 300 packets, each of which is lost, doubled or delayed in turn. Whatever comes of it: the engine
-// has the very file, or QML hears of a failure. Never does QML hear of a success that is none.
+// Each packet of a file of 300 packets is dropped, duplicated or delayed in turn. Either the engine receives
+// the complete file, or QML gets a failure. QML never gets a false success.
 
 #include "crowd.h"
 #include "enginethread.h"
@@ -29,7 +29,7 @@ constexpr int atOnce = 12;
 constexpr int addressBlock = 28;
 #endif
 
-// A wave sample: its checksum is checked, and its status is the engine's own.
+// A wave sample: the engine verifies its checksum, and the end signal carries the engine's status.
 TransferKind waveSample()
 {
     const QVector<TransferKind> kinds = quickKinds();
@@ -39,7 +39,7 @@ TransferKind waveSample()
 
 } // namespace
 
-class tst_LossMatrix : public QObject
+class LossMatrixTest : public QObject
 {
     Q_OBJECT
 
@@ -53,27 +53,27 @@ private:
     std::vector<std::unique_ptr<Station>> m_stations;
 };
 
-void tst_LossMatrix::initTestCase()
+void LossMatrixTest::initTestCase()
 {
     for (int number = 1; number <= qMin(atOnce, packets / everyNth); ++number)
         m_stations.push_back(std::make_unique<Station>(
             m_thread, QStringLiteral("127.20.%1.%2").arg(addressBlock).arg(number)));
 }
 
-void tst_LossMatrix::disturbed_data()
+void LossMatrixTest::disturbed_data()
 {
     QTest::addColumn<QString>("disturbance");
-    // Of twelve, so many have to arrive: none would if what is asked for were not sent again. The others may
-    // fail, and say so: the file takes a fifth of a second only, and on a busy machine the engine's request
-    // for a resend may come after the end.
+    // The number of files, of twelve, that must arrive. Without resends none would arrive. The others may be
+    // reported as failed: a file takes only 0.2 s, and on a busy machine the resend request may arrive after
+    // the end packet.
     QTest::addColumn<int>("leastOfTwelve");
 
     QTest::newRow("lost") << QStringLiteral("lose-once") << 1;
-    QTest::newRow("doubled") << QStringLiteral("duplicate-once") << 12;
+    QTest::newRow("duplicated") << QStringLiteral("duplicate-once") << 12;
     QTest::newRow("delayed") << QStringLiteral("delay-once") << 1;
 }
 
-void tst_LossMatrix::disturbed()
+void LossMatrixTest::disturbed()
 {
     QFETCH(const QString, disturbance);
     QFETCH(const int, leastOfTwelve);
@@ -93,7 +93,7 @@ void tst_LossMatrix::disturbed()
             auto transfer = std::make_unique<JudgedTransfer>(station, kind, path, content, timeoutMs);
             const QString mode = QStringLiteral("%1=%2").arg(disturbance).arg(packetOf(index));
             if (!station.engine.fail(mode))
-                qFatal("%s is no failure mode", qPrintable(mode));
+                qFatal("%s is not a failure mode", qPrintable(mode));
             return transfer;
         },
         [&](int index, CrowdMember &member) {
@@ -102,8 +102,8 @@ void tst_LossMatrix::disturbed()
 
     qInfo() << packets / everyNth << "packets" << disturbance
             << "- arrived:" << outcomes[Result::Arrived].size()
-            << "failed and told so:" << outcomes[Result::Failed]
-            << "failed without a word of the engine:" << outcomes[Result::Unproven];
+            << "reported as failed:" << outcomes[Result::Failed]
+            << "failed without an acknowledgement:" << outcomes[Result::Unproven];
     QCOMPARE(outcomes[Result::FalseSuccess], QList<int>());
     QCOMPARE(outcomes[Result::Unproven], QList<int>());
     QCOMPARE(outcomes[Result::FalseFailure], QList<int>());
@@ -111,5 +111,5 @@ void tst_LossMatrix::disturbed()
     QVERIFY(outcomes[Result::Arrived].size() * 12 >= packets / everyNth * leastOfTwelve);
 }
 
-QTEST_GUILESS_MAIN(tst_LossMatrix)
+QTEST_GUILESS_MAIN(LossMatrixTest)
 #include "tst_lossmatrix.moc"
