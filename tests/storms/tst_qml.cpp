@@ -1,9 +1,9 @@
-// QML engines that are torn down while events of the sound engine wait in the queue of the interface's
-// thread.
+// QML engines that are destroyed while events of the sound engine are in the event queue of the GUI thread.
 
 #include "support/connectedmodule.h"
+#include "support/datagram.h"
+#include "support/dropwarnings.h"
 #include "support/eventstream.h"
-#include "support/hex.h"
 #include "support/logcatcher.h"
 #include "support/processresources.h"
 
@@ -35,7 +35,7 @@ QtObject {
     }
 })";
 
-/// What the screen's handlers tell.
+/// Counts the calls of the screen's handlers.
 class Tally : public QObject
 {
     Q_OBJECT
@@ -57,7 +57,7 @@ private:
 
 } // namespace
 
-class QmlStormTest : public QObject
+class QmlTest : public QObject
 {
     Q_OBJECT
 
@@ -70,7 +70,7 @@ private:
     int m_threads = 0;
 };
 
-void QmlStormTest::tornDownWithEventsPending()
+void QmlTest::tornDownWithEventsPending()
 {
     EnginePeer peer;
     QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
@@ -86,19 +86,19 @@ void QmlStormTest::tornDownWithEventsPending()
         QVERIFY2(root, qPrintable(component.errorString()));
         auto *module = root->property("module").value<QObject *>();
         QVERIFY(peer.connectTo(module));
-        QVERIFY(peer.send(hex("544d4143 00780000")));
+        QVERIFY(peer.send(datagram("TM AC 00780000")));
         QTRY_COMPARE_WITH_TIMEOUT(tally.value(), 1, patienceMs);
 
-        // The receive thread takes them all in, and this one does not look.
+        // The receive thread reads all of them while this thread processes no events.
         for (int i = 0; i < events; ++i)
-            QVERIFY(peer.send(hex("494d4143 99096426")));
-        QDeadlineTimer deadline(5000);
+            QVERIFY(peer.send(datagram("IM AC 99096426")));
+        QDeadlineTimer deadline(patienceMs);
         while (waitingBytes(peer.modulePort()) != 0 && !deadline.hasExpired())
             QThread::yieldCurrentThread();
         QVERIFY(!deadline.hasExpired());
         QCOMPARE(tally.value(), 1);
 
-        // The screen goes first, or outlives its engine.
+        // The screen is destroyed before or after its QML engine.
         if (round % 2 == 0) {
             root.reset();
             QCoreApplication::processEvents();
@@ -112,14 +112,14 @@ void QmlStormTest::tornDownWithEventsPending()
         QCoreApplication::processEvents();
         QCOMPARE(tally.value(), before);
         peer.discardPending();
-        engine.reset(); // it has a thread too
+        engine.reset(); // ends its thread, too
         QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads, patienceMs);
     }
     QCOMPARE(log.warnings(), QStringList());
 }
 
-// The screen closes itself because of what it hears, with more to come.
-void QmlStormTest::tornDownByAHandler()
+// A handler of the screen destroys the screen while more events arrive.
+void QmlTest::tornDownByAHandler()
 {
     EnginePeer peer;
     QVERIFY2(peer.isOpen(), qPrintable(peer.errorString()));
@@ -151,15 +151,16 @@ void QmlStormTest::tornDownByAHandler()
         QTRY_COMPARE_WITH_TIMEOUT(threadCount(), m_threads, patienceMs);
         peer.discardPending();
     }
-    QCOMPARE(log.warnings(), QStringList());
+    // The stream does not wait for the module.
+    QCOMPARE(withoutDrops(log.warnings()), QStringList());
 }
 
 int main(int argc, char **argv)
 {
     QGuiApplication application(argc, argv);
     qmlRegisterType<QConnectQmlPlugin>("ZeltaConnect", 1, 0, "ZeltaConnect");
-    QmlStormTest test;
+    QmlTest test;
     return QTest::qExec(&test, argc, argv);
 }
 
-#include "tst_qmlstorm.moc"
+#include "tst_qml.moc"
