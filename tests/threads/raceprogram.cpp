@@ -1,5 +1,5 @@
-// Does one thing with two threads, rightly or wrongly, for the thread sanitizer to judge. Not a test itself:
-// judgerace.cmake runs it and knows what the sanitizer has to say to each case.
+// Runs one case with two threads, correctly synchronised or not, under the thread sanitizer. This is not a
+// test: judgerace.cmake runs it, and CMakeLists.txt contains the expected finding of each case.
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -18,7 +18,8 @@ namespace {
 constexpr int rounds = 2000;
 constexpr int burst = 10;
 
-/// Counts, and tells of every step by a signal, as a worker does whose object lives in the GUI thread.
+/// Counts and emits a signal for each step. The object lives in the GUI thread, the emissions are in the
+/// worker thread.
 class CountingThread : public QThread
 {
     Q_OBJECT
@@ -44,8 +45,8 @@ protected:
     {
         for (int i = 0; i < rounds; ++i) {
             Q_EMIT counted({i, i + 1});
-            step(); // after the signal, whose receiver may be asking already
-            // Most signals come while the receiver is busy with one before, and it is not woken for them.
+            step(); // after the signal, so that its receiver can read at the same time
+            // Most signals are emitted while the receiver is still busy, so that they do not wake it.
             if (i % burst == burst - 1)
                 usleep(100);
         }
@@ -101,7 +102,7 @@ void shareUnderOneLock()
     countByStandardThreads(&mutex, &mutex);
 }
 
-// The GUI thread looks at the worker while its queued signals come in.
+// The GUI thread reads the worker's data while queued signals arrive.
 int watchCounting(bool locks)
 {
     CountingThread worker(locks);
@@ -118,7 +119,7 @@ int watchCounting(bool locks)
     return sum;
 }
 
-// Nothing shared but what is sent along.
+// The threads share only the arguments of the signal.
 void handOverBySignal()
 {
     CountingThread worker(true);
