@@ -1,17 +1,16 @@
-// A module made of one raw socket, opposite a simulated engine in the same thread.
+// Stands in for the module in tests of the simulated engine.
 #pragma once
 
 #include "simulator/soundengine.h"
+#include "support/hex.h"
 
 #include <QDeadlineTimer>
 #include <QTest>
 #include <QUdpSocket>
 
-inline QByteArray hex(const char *text)
-{
-    return QByteArray::fromHex(text);
-}
+using testsupport::hex;
 
+/// The module's side of the wire: one socket, in the engine's thread.
 class Peer
 {
 public:
@@ -35,36 +34,37 @@ public:
 
     quint16 port() const { return m_socket.localPort(); }
 
-    // Sends and waits until the engine has heard it, so that datagrams never pile up.
+    // Sends a datagram and waits until the engine has received it, so that no buffer overflows.
     bool send(const QByteArray &datagram)
     {
-        const quint64 before = heard();
+        const quint64 before = arrived();
         if (m_socket.writeDatagram(datagram, m_engine->address(), m_engine->port()) != datagram.size())
             return false;
-        return waitFor([&] { return heard() > before; });
+        return waitFor([&] { return arrived() > before; });
     }
     bool send(const char *hexText) { return send(hex(hexText)); }
 
-    // Sends everything before any of it is read, so that no time passes between one and the next.
+    // Sends all datagrams before the engine reads the first one.
     bool sendAtOnce(const QList<QByteArray> &datagrams)
     {
-        const quint64 all = heard() + quint64(datagrams.size());
+        const quint64 all = arrived() + quint64(datagrams.size());
         for (const QByteArray &datagram : datagrams)
-            throwAt(datagram);
-        return waitFor([&] { return heard() >= all; });
+            post(datagram);
+        return waitFor([&] { return arrived() >= all; });
     }
 
-    // Sends without waiting.
-    void throwAt(const QByteArray &datagram)
+    // Sends without waiting for the engine.
+    void post(const QByteArray &datagram)
     {
         m_socket.writeDatagram(datagram, m_engine->address(), m_engine->port());
     }
 
-    // Takes what the engine has sent so far. A marker sent after it tells when all of it has come.
+    // Returns everything that the engine has sent since the last call. A marker shows when all of it has
+    // arrived.
     QList<QByteArray> take()
     {
         const QByteArray marker = hex("7E7E7E7E");
-        // An engine that has vanished says nothing.
+        // An engine that has vanished sends no marker.
         if (!m_engine->sendRaw(marker)) {
             QCoreApplication::processEvents();
             const QList<QByteArray> taken = received;
@@ -82,7 +82,7 @@ public:
     QList<QByteArray> received;
 
 private:
-    // QTest::qWaitFor rests between two looks; thousands of exchanges have no time for that.
+    // QTest::qWaitFor() sleeps between two checks, which is too slow for thousands of exchanges.
     template<typename Condition>
     static bool waitFor(Condition condition)
     {
@@ -95,8 +95,8 @@ private:
         return true;
     }
 
-    // Everything that has arrived, lost and late datagrams included.
-    quint64 heard() const
+    // All datagrams that arrived, including lost and delayed ones.
+    quint64 arrived() const
     {
         const SoundEngine::Counters counters = m_engine->counters();
         return counters.datagrams + counters.lost + counters.heldBack;

@@ -1,9 +1,13 @@
-// The module's end of a file transfer, packet by packet.
+// The module's side of a file transfer, packet by packet.
 #pragma once
 
 #include "peer.h"
 
+#include "support/noise.h"
+
 #include <QtEndian>
+
+using testsupport::noise;
 
 class Sender
 {
@@ -32,14 +36,14 @@ public:
         return "DC" + m_content + number(quint32(index)) + word(quint16(chunk.size() / 2)) + chunk;
     }
 
-    // Sends packet index and counts it, lost or not, as the module does.
+    // Sends packet index and adds it to the checksum.
     bool data(int index)
     {
         count(index);
         return m_peer->send(packet(index));
     }
 
-    // Counts packet index without sending it: the network lost it.
+    // Adds packet index to the checksum without sending it, as if the network had lost it.
     void count(int index)
     {
         const QByteArray chunk = packet(index).mid(10);
@@ -69,8 +73,8 @@ public:
     bool end() { return end(m_content == "FW" || m_content == "BF" ? 0 : m_sum); }
     bool end(quint32 sum) { return m_peer->send("DE" + m_content + number(sum)); }
 
-    // Sends the whole file and goes back where the engine asks for it, lag packets late. Returns what the
-    // engine said besides.
+    // Sends the whole file and follows each resend request after lag more packets. Returns everything else
+    // that the engine sent.
     QList<QByteArray> sendObeying(int lag)
     {
         QList<QByteArray> others;
@@ -78,13 +82,13 @@ public:
         int goBackIn = 0;
         start();
         for (int i = 0; i < count(); ++i) {
-            look(&others, &goBackTo, &goBackIn, lag);
+            takeRequests(&others, &goBackTo, &goBackIn, lag);
             if (goBackTo >= 0 && goBackIn-- == 0) {
                 i = goBackTo;
                 goBackTo = -1;
             }
             data(i);
-            look(&others, &goBackTo, &goBackIn, lag);
+            takeRequests(&others, &goBackTo, &goBackIn, lag);
             if (i == count() - 1 && goBackTo >= 0) {
                 i = goBackTo - 1;
                 goBackTo = -1;
@@ -108,7 +112,7 @@ private:
         return QByteArray(big, 4);
     }
 
-    void look(QList<QByteArray> *others, int *goBackTo, int *goBackIn, int lag)
+    void takeRequests(QList<QByteArray> *others, int *goBackTo, int *goBackIn, int lag)
     {
         const auto taken = m_peer->take();
         for (const QByteArray &datagram : taken) {
@@ -129,15 +133,3 @@ private:
     int m_chunk;
     quint32 m_sum = 0;
 };
-
-// Bytes that differ everywhere and from chunk to chunk.
-inline QByteArray someFile(int size)
-{
-    QByteArray file(size, Qt::Uninitialized);
-    quint32 state = 12345;
-    for (int i = 0; i < size; ++i) {
-        state = state * 1664525 + 1013904223;
-        file[i] = char(state >> 24);
-    }
-    return file;
-}

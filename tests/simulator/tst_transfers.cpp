@@ -1,14 +1,15 @@
-// Files that arrive as they should, and files that do not.
+// Files that arrive complete, and files that do not.
 #include "sender.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
 using Outcome = SoundEngine::ReceivedFile::Outcome;
 
-class SimTransfers : public QObject
+class TransfersTest : public QObject
 {
     Q_OBJECT
 
@@ -28,8 +29,8 @@ private Q_SLOTS:
     void countsLostPacketsInTheChecksum();
     void refusesBadFiles_data();
     void refusesBadFiles();
-    void countsOffences_data();
-    void countsOffences();
+    void countsViolations_data();
+    void countsViolations();
     void toleratesTheEmptyPacketOfAnAbort();
     void forgetsAnAbandonedTransfer();
 
@@ -59,20 +60,20 @@ QByteArray incomplete()
 
 } // namespace
 
-void SimTransfers::init()
+void TransfersTest::init()
 {
     m_engine = std::make_unique<SoundEngine>();
     QVERIFY(Peer::listen(m_engine.get()));
     m_peer = std::make_unique<Peer>(m_engine.get());
 }
 
-void SimTransfers::cleanup()
+void TransfersTest::cleanup()
 {
     m_peer.reset();
     m_engine.reset();
 }
 
-void SimTransfers::takesEveryKindAndSize_data()
+void TransfersTest::takesEveryKindAndSize_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<int>("size");
@@ -83,11 +84,11 @@ void SimTransfers::takesEveryKindAndSize_data()
     }
 }
 
-void SimTransfers::takesEveryKindAndSize()
+void TransfersTest::takesEveryKindAndSize()
 {
     QFETCH(QByteArray, content);
     QFETCH(int, size);
-    const QByteArray file = someFile(size);
+    const QByteArray file = noise(size);
     Sender sender(m_peer.get(), content.constData(), file);
     QVERIFY(sender.start());
     QVERIFY(sender.dataFromTo(0, sender.count() - 1));
@@ -105,7 +106,7 @@ void SimTransfers::takesEveryKindAndSize()
     QCOMPARE(last().repeatedPackets, quint32(0));
 }
 
-void SimTransfers::takesExactlyTheseBytes()
+void TransfersTest::takesExactlyTheseBytes()
 {
     // Three bytes 01 02 03, padded to two words: 0x0102 + 0x0300 = 0x0402.
     QVERIFY(m_peer->send("4453 5442 00000003"));
@@ -116,10 +117,10 @@ void SimTransfers::takesExactlyTheseBytes()
     QCOMPARE(m_engine->violations(), QStringList());
 }
 
-void SimTransfers::keepsTheDataOfTheLatestFiles()
+void TransfersTest::keepsTheDataOfTheLatestFiles()
 {
     const auto sendFileOf = [this](int size) {
-        const QByteArray file = someFile(size);
+        const QByteArray file = noise(size);
         Sender sender(m_peer.get(), "TB", file);
         sender.sendObeying(0);
         return file;
@@ -133,12 +134,12 @@ void SimTransfers::keepsTheDataOfTheLatestFiles()
     QCOMPARE(files.at(0).data, QByteArray());
     QVERIFY(files.at(1).data == second);
     QVERIFY(files.at(2).data == third);
-    // What else is known of a file stays.
+    // Everything else about the file is kept.
     QCOMPARE(files.at(0).outcome, Outcome::Whole);
     QCOMPARE(files.at(0).received, qint64(1500));
     QCOMPARE(files.at(0).packets, quint32(3));
 
-    // One that is too large is taken without its data, and drives out no other.
+    // A file that is too large is received without its data. The data of other files is kept.
     sendFileOf(3001);
     QCOMPARE(files.size(), 4);
     QCOMPARE(files.at(3).outcome, Outcome::Whole);
@@ -153,16 +154,16 @@ void SimTransfers::keepsTheDataOfTheLatestFiles()
     QCOMPARE(last().outcome, Outcome::Whole);
 }
 
-void SimTransfers::keepsNameAndSlot()
+void TransfersTest::keepsNameAndSlot()
 {
-    Sender sender(m_peer.get(), "IS", someFile(100));
+    Sender sender(m_peer.get(), "IS", noise(100));
     QVERIFY(sender.start(7, QByteArray("Gr\xC3\xBC\xC3\x9F", 6) + '\0'));
     QVERIFY(sender.data(0));
     QVERIFY(sender.end());
     QCOMPARE(last().slot, 7);
     QCOMPARE(last().name, QString::fromUtf8("Gr\xC3\xBC\xC3\x9F"));
 
-    Sender bluetooth(m_peer.get(), "BF", someFile(100));
+    Sender bluetooth(m_peer.get(), "BF", noise(100));
     QVERIFY(bluetooth.start(0x4950, QByteArray()));
     QVERIFY(bluetooth.data(0));
     QVERIFY(bluetooth.end());
@@ -170,14 +171,14 @@ void SimTransfers::keepsNameAndSlot()
     QCOMPARE(m_engine->violations(), QStringList());
 }
 
-void SimTransfers::storesFiles()
+void TransfersTest::storesFiles()
 {
     const QTemporaryDir directory;
     m_engine->setStoreDirectory(directory.path());
-    const QByteArray file = someFile(5000);
+    const QByteArray file = noise(5000);
     for (int round = 0; round < 2; ++round) {
         Sender sender(m_peer.get(), "IW", file);
-        // A name with a path in it must not lead anywhere.
+        // A path in the name must not become a path of the stored file.
         QVERIFY(sender.start(3, QByteArray("../evil.wav") + '\0'));
         QVERIFY(sender.dataFromTo(0, sender.count() - 1));
         QVERIFY(sender.end());
@@ -191,19 +192,19 @@ void SimTransfers::storesFiles()
     QVERIFY(last().stored);
 }
 
-void SimTransfers::doesNotStoreUnfinishedFilesAsWhole()
+void TransfersTest::doesNotStoreUnfinishedFilesAsWhole()
 {
     const QTemporaryDir directory;
     m_engine->setStoreDirectory(directory.path());
-    Sender sender(m_peer.get(), "TB", someFile(1500));
+    Sender sender(m_peer.get(), "TB", noise(1500));
     QVERIFY(sender.start());
     QVERIFY(sender.dataFromTo(0, 1));
     QVERIFY(sender.end());
     QCOMPARE(QDir(directory.path()).entryList(QDir::Files), QStringList(QStringLiteral("001-TB.bin.part")));
 
-    // A directory that goes away while the engine runs.
+    // The directory does not exist any more.
     m_engine->setStoreDirectory(directory.path() + QStringLiteral("/gone"));
-    Sender second(m_peer.get(), "TB", someFile(100));
+    Sender second(m_peer.get(), "TB", noise(100));
     QVERIFY(second.start());
     QVERIFY(second.data(0));
     m_peer->take();
@@ -212,9 +213,9 @@ void SimTransfers::doesNotStoreUnfinishedFilesAsWhole()
     QVERIFY(!last().stored);
 }
 
-void SimTransfers::asksOnceForEachGap()
+void TransfersTest::asksOnceForEachGap()
 {
-    const QByteArray file = someFile(512 * 20);
+    const QByteArray file = noise(512 * 20);
     Sender sender(m_peer.get(), "TB", file);
     QVERIFY(sender.start());
     QVERIFY(sender.dataFromTo(0, 4));
@@ -235,17 +236,19 @@ void SimTransfers::asksOnceForEachGap()
     QCOMPARE(m_engine->violations(), QStringList());
 }
 
-void SimTransfers::asksAgainWhenThePacketIsLostAgain()
+void TransfersTest::asksAgainWhenThePacketIsLostAgain()
 {
-    const QByteArray file = someFile(512 * 10);
+    const QByteArray file = noise(512 * 10);
     Sender sender(m_peer.get(), "TB", file);
     QVERIFY(sender.start());
     QVERIFY(sender.dataFromTo(0, 1));
     sender.count(2);
     QVERIFY(sender.dataFromTo(3, 5));
     QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 0002 00BE")});
-    // The module rests before it goes back; a packet out of order after a rest is its new start.
-    QTest::qWait(1100);
+    // The module pauses before a resend, so a packet out of order after a pause starts the resend.
+    QElapsedTimer pause;
+    pause.start();
+    QTRY_VERIFY(pause.hasExpired(1100));
     sender.count(2);
     QVERIFY(sender.dataFromTo(3, 4));
     QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 0002 00BE")});
@@ -255,16 +258,16 @@ void SimTransfers::asksAgainWhenThePacketIsLostAgain()
     QVERIFY(last().data == file);
 }
 
-void SimTransfers::asksWithTwentyFourBits()
+void TransfersTest::asksWithTwentyFourBits()
 {
     // Packet 0x010005 is missing.
     const int missing = 0x010005;
-    const QByteArray file = someFile(512 * (missing + 3));
+    const QByteArray file = noise(512 * (missing + 3));
     Sender sender(m_peer.get(), "TB", file);
     QVERIFY(sender.start());
     const quint64 before = m_engine->counters().datagrams;
     for (int i = 0; i < missing; ++i) {
-        m_peer->throwAt(sender.packet(i));
+        m_peer->post(sender.packet(i));
         if (i % 50 == 49)
             QCoreApplication::processEvents();
     }
@@ -273,10 +276,10 @@ void SimTransfers::asksWithTwentyFourBits()
     QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 0005 01BE")});
 }
 
-void SimTransfers::countsLostPacketsInTheChecksum()
+void TransfersTest::countsLostPacketsInTheChecksum()
 {
-    // Lost before the gap is noticed, lost on the way to the turning point: the module counted all of them.
-    const QByteArray file = someFile(512 * 12 + 33);
+    // Packets are lost before the gap is detected and before the resend. The module has added all of them.
+    const QByteArray file = noise(512 * 12 + 33);
     Sender sender(m_peer.get(), "TF", file);
     QVERIFY(sender.start());
     QVERIFY(sender.dataFromTo(0, 2));
@@ -295,7 +298,7 @@ void SimTransfers::countsLostPacketsInTheChecksum()
 using Script = std::function<bool(Sender &)>;
 Q_DECLARE_METATYPE(Script)
 
-void SimTransfers::refusesBadFiles_data()
+void TransfersTest::refusesBadFiles_data()
 {
     QTest::addColumn<Script>("script");
     QTest::addColumn<QByteArray>("status");
@@ -312,43 +315,43 @@ void SimTransfers::refusesBadFiles_data()
     row("last packet only", incomplete(), [](Sender &s) { return s.start() && s.data(2) && s.end(); });
 }
 
-void SimTransfers::refusesBadFiles()
+void TransfersTest::refusesBadFiles()
 {
     QFETCH(Script, script);
-    Sender sender(m_peer.get(), "TB", someFile(1200));
+    Sender sender(m_peer.get(), "TB", noise(1200));
     QVERIFY(script(sender));
     QFETCH(QByteArray, status);
     QCOMPARE(m_peer->take().last(), status);
     QVERIFY(last().outcome != Outcome::Whole);
 }
 
-void SimTransfers::countsOffences_data()
+void TransfersTest::countsViolations_data()
 {
     QTest::addColumn<QList<QByteArray>>("datagrams");
-    QTest::addColumn<QString>("says");
+    QTest::addColumn<QString>("violation");
     QTest::addColumn<QByteArray>("status");
     const QByteArray start = hex("4453 5442 00000003");
     const QByteArray data = hex("4443 5442 00000000 0002 01020300");
     const QByteArray end = hex("4445 5442 00000402");
-    const auto row = [](const char *name, const QList<QByteArray> &datagrams, const char *says,
+    const auto row = [](const char *name, const QList<QByteArray> &datagrams, const char *violation,
                         const QByteArray &status) {
-        QTest::newRow(name) << datagrams << QString::fromLatin1(says) << status;
+        QTest::newRow(name) << datagrams << QString::fromLatin1(violation) << status;
     };
     row("padding", {start, hex("4443 5442 00000000 0002 010203FF"), hex("4445 5442 00000501")},
-        "data packet 0 is padded with something else than zero", success());
+        "data packet 0 is padded with a byte other than zero", success());
     row("too short", {start, hex("4443 5442 00000000 0001 0102"), hex("4445 5442 00000102")},
         "data packet 0 carries 2 bytes instead of 4", incomplete());
     row("too long", {start, hex("4443 5442 00000000 0003 010203000000"), hex("4445 5442 00000402")},
         "data packet 0 carries 6 bytes instead of 4", incomplete());
     row("past the end", {start, data, hex("4443 5442 00000001 0001 0000"), end},
         "data packet 1 of a file of 1 packets", incomplete());
-    row("repeated", {start, data, data, end}, "data packet 0 sent again without being asked for", success());
+    row("repeated", {start, data, data, end}, "data packet 0 sent again without a resend request", success());
     row("other content", {start, hex("4443 5446 00000000 0002 01020300"), data, end},
         "TF data packet within a transfer of TB", success());
     row("other end", {start, data, hex("4445 5446 00000402")}, "TF end packet without its start",
         hex("44454143 0000 0003"));
     row("end repeated", {start, data, end, end}, "TB end packet sent again", success());
-    row("wrong checksum", {start, data, hex("4445 5442 00000403")}, "checksum 0x00000403 does not fit",
+    row("wrong checksum", {start, data, hex("4445 5442 00000403")}, "checksum 0x00000403 does not match",
         checksumError());
     row("firmware with a checksum",
         {hex("4453 4657 00000003"), hex("4443 4657 00000000 0002 01020300"), hex("4445 4657 00000402")},
@@ -358,21 +361,21 @@ void SimTransfers::countsOffences_data()
         "BF end packet with a checksum", success());
 }
 
-void SimTransfers::countsOffences()
+void TransfersTest::countsViolations()
 {
     QFETCH(QList<QByteArray>, datagrams);
     for (const QByteArray &datagram : datagrams)
         QVERIFY(m_peer->send(datagram));
-    QFETCH(QString, says);
+    QFETCH(QString, violation);
     QCOMPARE(m_engine->violations().size(), 1);
-    QCOMPARE(m_engine->violations().at(0).left(says.size()), says);
+    QCOMPARE(m_engine->violations().at(0).left(violation.size()), violation);
     QFETCH(QByteArray, status);
     QCOMPARE(m_peer->take().last(), status);
 }
 
-void SimTransfers::toleratesTheEmptyPacketOfAnAbort()
+void TransfersTest::toleratesTheEmptyPacketOfAnAbort()
 {
-    Sender sender(m_peer.get(), "TB", someFile(1200));
+    Sender sender(m_peer.get(), "TB", noise(1200));
     QVERIFY(sender.start());
     QVERIFY(sender.data(0));
     QVERIFY(m_peer->send("4443 5442 00000001 0000"));
@@ -381,12 +384,12 @@ void SimTransfers::toleratesTheEmptyPacketOfAnAbort()
     QVERIFY(m_engine->receivedFiles().isEmpty());
 }
 
-void SimTransfers::forgetsAnAbandonedTransfer()
+void TransfersTest::forgetsAnAbandonedTransfer()
 {
-    Sender first(m_peer.get(), "TB", someFile(1200));
+    Sender first(m_peer.get(), "TB", noise(1200));
     QVERIFY(first.start());
     QVERIFY(first.data(0));
-    const QByteArray file = someFile(700);
+    const QByteArray file = noise(700);
     Sender second(m_peer.get(), "SB", file);
     QVERIFY(second.start());
     QVERIFY(second.data(0));
@@ -399,5 +402,5 @@ void SimTransfers::forgetsAnAbandonedTransfer()
     QCOMPARE(m_engine->violations(), QStringList());
 }
 
-QTEST_GUILESS_MAIN(SimTransfers)
-#include "sim_transfers.moc"
+QTEST_GUILESS_MAIN(TransfersTest)
+#include "tst_transfers.moc"

@@ -1,4 +1,4 @@
-// Every failure mode, on the wire.
+// The datagrams that the engine sends in each failure mode.
 #include "sender.h"
 
 #include "simulator/failures.h"
@@ -9,7 +9,7 @@
 
 using Outcome = SoundEngine::ReceivedFile::Outcome;
 
-class SimFailures : public QObject
+class FailuresTest : public QObject
 {
     Q_OBJECT
 
@@ -23,6 +23,8 @@ private Q_SLOTS:
     void happens();
     void happensAtThePacketNamed();
     void happensOncePerTransfer();
+    void twoModesOfOneTransfer_data();
+    void twoModesOfOneTransfer();
     void endsWhenCleared();
     void answersLate();
     void vanishesForGood();
@@ -54,20 +56,20 @@ QByteArray success()
 
 } // namespace
 
-void SimFailures::init()
+void FailuresTest::init()
 {
     m_engine = std::make_unique<SoundEngine>();
     QVERIFY(Peer::listen(m_engine.get()));
     m_peer = std::make_unique<Peer>(m_engine.get());
 }
 
-void SimFailures::cleanup()
+void FailuresTest::cleanup()
 {
     m_peer.reset();
     m_engine.reset();
 }
 
-void SimFailures::listsTheirNames()
+void FailuresTest::listsTheirNames()
 {
     QSet<QString> names;
     for (const simulated::FailureMode &mode : simulated::failureModes()) {
@@ -79,32 +81,50 @@ void SimFailures::listsTheirNames()
     QCOMPARE(simulated::failureHelp().size(), names.size());
 }
 
-void SimFailures::refusesWhatIsNone_data()
+void FailuresTest::refusesWhatIsNone_data()
 {
     QTest::addColumn<QString>("text");
     QTest::newRow("empty") << QString();
     QTest::newRow("unknown") << QStringLiteral("explode");
     QTest::newRow("no number") << QStringLiteral("resend=many");
     QTest::newRow("negative") << QStringLiteral("resend=-1");
-    QTest::newRow("number where none belongs") << QStringLiteral("bad-checksum=3");
+    QTest::newRow("with a sign") << QStringLiteral("resend=+1");
+    QTest::newRow("beyond 24 bits") << QStringLiteral("resend=16777216");
+    QTest::newRow("number for a mode without one") << QStringLiteral("bad-checksum=3");
     QTest::newRow("every zeroth") << QStringLiteral("drop=0");
+    QTest::newRow("empty list") << QStringLiteral("resend=");
+    QTest::newRow("comma at the end") << QStringLiteral("resend=5,");
+    QTest::newRow("comma at the beginning") << QStringLiteral("resend=,5");
+    QTest::newRow("wrong number in a list") << QStringLiteral("resend=5,x,9");
+    QTest::newRow("list for a mode without a packet") << QStringLiteral("drop=5,9");
+    QTest::newRow("list of delays") << QStringLiteral("late-query-reply=5,9");
+    QTest::newRow("list for a mode without a number") << QStringLiteral("bad-checksum=1,2");
+    QTest::newRow("too many packets") << QStringLiteral("resend=1") + QStringLiteral(",1").repeated(1000);
 }
 
-void SimFailures::refusesWhatIsNone()
+void FailuresTest::refusesWhatIsNone()
 {
     QFETCH(QString, text);
     QString problem;
     QVERIFY(!m_engine->setFailure(text, &problem));
     QVERIFY(!problem.isEmpty());
+    QVERIFY(!problem.contains(QLatin1Char('\n')));
+    // Nothing is added, not even the good part of a list.
+    Sender sender(m_peer.get(), "TB", noise(512 * 20));
+    QVERIFY(sender.start());
+    QVERIFY(sender.dataFromTo(0, 19));
+    QVERIFY(sender.end());
+    QCOMPARE(m_peer->take(), QList<QByteArray>{success()});
 }
 
-void SimFailures::happens_data()
+void FailuresTest::happens_data()
 {
-    // A version query and a file of 20 packets whose sender does not listen: what the engine says to it.
+    // Replies to a version query and to a file of 20 packets whose sender ignores resend requests. An event:
+    // "DC" (44 43) or another tag, "AC" (41 43), packet number, high byte of the number and code.
     QTest::addColumn<QString>("failure");
-    QTest::addColumn<QList<QByteArray>>("said");
-    const auto row = [](const char *failure, const QList<QByteArray> &said) {
-        QTest::newRow(failure) << QString::fromLatin1(failure) << said;
+    QTest::addColumn<QList<QByteArray>>("replies");
+    const auto row = [](const char *failure, const QList<QByteArray> &replies) {
+        QTest::newRow(failure) << QString::fromLatin1(failure) << replies;
     };
     row("resend=5", {version(), hex("44434143 0005 00BE"), success()});
     row("resend-twice=5", {version(), hex("44434143 0005 00BE"), hex("44434143 0005 00BE"), success()});
@@ -138,58 +158,94 @@ void SimFailures::happens_data()
     row("vanish-and-return=5", {version()});
     row("drop=1", {});
     row("duplicate=1", {version(), version(), success(), success()});
-    row("reorder=1000", {version(), success()}); // seed 1 leaves these alone
+    row("reorder=1000", {version(), success()}); // seed 1 selects none of these
     row("lose-once=5", {version(), hex("44434143 0005 00BE"), hex("44454143 0000 0002")});
     row("duplicate-once=5", {version(), success()});
     row("delay-once=5", {version(), hex("44434143 0005 00BE"), hex("44454143 0000 0002")});
 }
 
-void SimFailures::happens()
+void FailuresTest::happens()
 {
     QFETCH(QString, failure);
     QVERIFY(m_engine->setFailure(failure));
     QVERIFY(m_peer->send("564E0000"));
-    Sender sender(m_peer.get(), "TB", someFile(512 * 20));
+    Sender sender(m_peer.get(), "TB", noise(512 * 20));
     QVERIFY(sender.start());
-    QVERIFY(sender.dataAtOnce(0, 19)); // what is held back waits for the next packet no longer than 50 ms
+    QVERIFY(sender.dataAtOnce(0, 19)); // a delayed packet waits up to 50 ms for the next one
     QVERIFY(sender.end());
-    m_engine->clearFailures(); // an engine that has vanished could not send the marker of take()
-    QTEST(m_peer->take(), "said");
+    m_engine->clearFailures(); // so that a vanished engine sends the marker of take()
+    QTEST(m_peer->take(), "replies");
 }
 
-void SimFailures::happensAtThePacketNamed()
+void FailuresTest::happensAtThePacketNamed()
 {
     QVERIFY(m_engine->setFailure(QStringLiteral("memory-full-e2=300")));
-    Sender sender(m_peer.get(), "TB", someFile(512 * 302));
+    Sender sender(m_peer.get(), "TB", noise(512 * 302));
     QVERIFY(sender.start());
     QVERIFY(sender.dataFromTo(0, 299));
     QCOMPARE(m_peer->take(), QList<QByteArray>());
     QVERIFY(sender.data(300));
     QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 012C 00E2")});
-    // What is still on its way is neither an offence nor refused again.
+    // Later packets are no violation and are not refused again.
     QVERIFY(sender.data(301));
     QCOMPARE(m_peer->take(), QList<QByteArray>());
     QCOMPARE(m_engine->violations(), QStringList());
 }
 
-void SimFailures::happensOncePerTransfer()
+void FailuresTest::happensOncePerTransfer()
 {
     QVERIFY(m_engine->setFailure(QStringLiteral("resend=2")));
     for (int round = 0; round < 2; ++round) {
-        const QByteArray file = someFile(512 * 6);
+        const QByteArray file = noise(512 * 6);
         Sender sender(m_peer.get(), "TB", file);
         QVERIFY(sender.start());
         QVERIFY(sender.dataFromTo(0, 3));
         QVERIFY(sender.dataFromTo(2, 5));
         QVERIFY(sender.end());
-        const QList<QByteArray> said = {hex("44434143 0002 00BE"), success()};
-        QCOMPARE(m_peer->take(), said);
+        const QList<QByteArray> replies = {hex("44434143 0002 00BE"), success()};
+        QCOMPARE(m_peer->take(), replies);
         QVERIFY(m_engine->receivedFiles().constLast().data == file);
     }
     QCOMPARE(m_engine->violations(), QStringList());
 }
 
-void SimFailures::endsWhenCleared()
+// The same mode with two numbers, or two different modes: each happens at its packet.
+void FailuresTest::twoModesOfOneTransfer_data()
+{
+    QTest::addColumn<QStringList>("failures");
+    QTest::addColumn<QList<QByteArray>>("replies");
+    const auto row = [](const char *failures, const QList<QByteArray> &replies) {
+        QTest::newRow(failures) << QString::fromLatin1(failures).split(QLatin1Char(' ')) << replies;
+    };
+    row("resend=4 resend=8", {hex("44434143 0004 00BE"), hex("44434143 0008 00BE"), success()});
+    row("resend=8 resend=4", {hex("44434143 0004 00BE"), hex("44434143 0008 00BE"), success()});
+    row("resend=4 unknown-low-byte=8", {hex("44434143 0004 00BE"), hex("44434143 0008 0042"), success()});
+    row("refuse-e0=8 refuse-e5=4", {hex("44434143 0004 00E5"), hex("44454143 0000 00E5")});
+    row("refuse-e0=4 refuse-e5=8", {hex("44434143 0004 00E0"), hex("44454143 0000 00E0")});
+    row("resend=4,8", {hex("44434143 0004 00BE"), hex("44434143 0008 00BE"), success()});
+    row("resend=12,4 resend=8",
+        {hex("44434143 0004 00BE"), hex("44434143 0008 00BE"), hex("44434143 000C 00BE"), success()});
+    row("refuse-e0=8,4", {hex("44434143 0004 00E0"), hex("44454143 0000 00E0")});
+    row("lose-once=4,8", {hex("44434143 0004 00BE"), hex("44454143 0000 0002")});
+    row("lose-once=4 lose-once=8", {hex("44434143 0004 00BE"), hex("44454143 0000 0002")});
+}
+
+void FailuresTest::twoModesOfOneTransfer()
+{
+    QFETCH(QStringList, failures);
+    for (const QString &failure : qAsConst(failures))
+        QVERIFY(m_engine->setFailure(failure));
+    Sender sender(m_peer.get(), "TB", noise(512 * 20));
+    QVERIFY(sender.start());
+    QVERIFY(sender.dataFromTo(0, 19));
+    QVERIFY(sender.end());
+    QTEST(m_peer->take(), "replies");
+    const QString all = failures.join(QLatin1Char(','));
+    const quint64 lost = all.startsWith(QLatin1String("lose-once")) ? 2 : 0;
+    QCOMPARE(m_engine->counters().lost, lost);
+}
+
+void FailuresTest::endsWhenCleared()
 {
     QVERIFY(m_engine->setFailure(QStringLiteral("no-query-reply")));
     QVERIFY(m_peer->send("564E0000"));
@@ -199,7 +255,7 @@ void SimFailures::endsWhenCleared()
     QCOMPARE(m_peer->take(), QList<QByteArray>{version()});
 }
 
-void SimFailures::answersLate()
+void FailuresTest::answersLate()
 {
     QVERIFY(m_engine->setFailure(QStringLiteral("late-query-reply=300")));
     QElapsedTimer time;
@@ -210,10 +266,10 @@ void SimFailures::answersLate()
     QVERIFY(time.elapsed() >= 290);
 }
 
-void SimFailures::vanishesForGood()
+void FailuresTest::vanishesForGood()
 {
     QVERIFY(m_engine->setFailure(QStringLiteral("vanish=1")));
-    Sender sender(m_peer.get(), "TB", someFile(512 * 3));
+    Sender sender(m_peer.get(), "TB", noise(512 * 3));
     QVERIFY(sender.start());
     QVERIFY(sender.data(0));
     QVERIFY(m_engine->strike(38, 100));
@@ -225,10 +281,10 @@ void SimFailures::vanishesForGood()
     QTRY_COMPARE(m_peer->received, QList<QByteArray>{hex("494D4143 9909 6426")});
 }
 
-void SimFailures::vanishesAndReturns()
+void FailuresTest::vanishesAndReturns()
 {
     QVERIFY(m_engine->setFailure(QStringLiteral("vanish-and-return=5")));
-    const QByteArray file = someFile(512 * 30);
+    const QByteArray file = noise(512 * 30);
     Sender sender(m_peer.get(), "TB", file);
     QVERIFY(sender.start());
     QVERIFY(sender.dataFromTo(0, 26));
@@ -240,7 +296,7 @@ void SimFailures::vanishesAndReturns()
     QVERIFY(m_engine->receivedFiles().constLast().data == file);
 }
 
-void SimFailures::losesOneOfEveryN()
+void FailuresTest::losesOneOfEveryN()
 {
     const auto lostOf = [](quint32 seed) {
         SoundEngine engine;
@@ -265,7 +321,7 @@ void SimFailures::losesOneOfEveryN()
     QVERIFY(lostOf(8) != lost);
 }
 
-void SimFailures::doublesOneOfEveryN()
+void FailuresTest::doublesOneOfEveryN()
 {
     QVERIFY(m_engine->setFailure(QStringLiteral("duplicate=10")));
     for (int i = 0; i < 100; ++i)
@@ -274,13 +330,13 @@ void SimFailures::doublesOneOfEveryN()
     QCOMPARE(m_engine->counters().lost, quint64(0));
 }
 
-void SimFailures::swapsOneOfEveryN()
+void FailuresTest::swapsOneOfEveryN()
 {
     QVERIFY(m_engine->setFailure(QStringLiteral("reorder=10")));
     QSignalSpy values(m_engine.get(), &SoundEngine::parameterReceived);
     for (int i = 0; i < 100; ++i)
-        m_peer->throwAt(hex("494D0003 0BB96341 0BB962") + char(i) + hex("0BB90601"));
-    // The last one may have nothing to follow it; it comes all the same.
+        m_peer->post(hex("494D0003 0BB96341 0BB962") + char(i) + hex("0BB90601"));
+    // A delayed last datagram is released, too.
     QTRY_COMPARE(values.size(), 100);
     int swaps = 0;
     for (int i = 1; i < 100; ++i) {
@@ -291,7 +347,7 @@ void SimFailures::swapsOneOfEveryN()
     QVERIFY(swaps >= 9 && swaps <= 10);
 }
 
-void SimFailures::fileIsWholeOrRefused_data()
+void FailuresTest::fileIsWholeOrRefused_data()
 {
     QTest::addColumn<QString>("failure");
     QTest::addColumn<int>("lag");
@@ -307,23 +363,23 @@ void SimFailures::fileIsWholeOrRefused_data()
     }
 }
 
-// A sender that goes back where it is asked to gets its file across.
-void SimFailures::fileIsWholeOrRefused()
+// With a sender that follows the resend requests, the file arrives.
+void FailuresTest::fileIsWholeOrRefused()
 {
     QFETCH(QString, failure);
     QFETCH(int, lag);
     QVERIFY(m_engine->setFailure(failure));
-    const QByteArray file = someFile(512 * 40 - 5);
+    const QByteArray file = noise(512 * 40 - 5);
     Sender sender(m_peer.get(), "TB", file);
-    const QList<QByteArray> said = sender.sendObeying(lag);
+    const QList<QByteArray> replies = sender.sendObeying(lag);
     QVERIFY(!m_engine->receivedFiles().isEmpty());
     const auto &received = m_engine->receivedFiles().constFirst();
     QVERIFY2(received.outcome == Outcome::Whole, qPrintable(simulated::fileText(received)));
     QVERIFY(received.data == file);
-    QVERIFY(said.contains(success()));
+    QVERIFY(replies.contains(success()));
 }
 
-void SimFailures::fileIsNeverWholeByMistake_data()
+void FailuresTest::fileIsNeverWholeByMistake_data()
 {
     QTest::addColumn<QString>("failure");
     QTest::addColumn<int>("seed");
@@ -333,15 +389,15 @@ void SimFailures::fileIsNeverWholeByMistake_data()
     }
 }
 
-void SimFailures::fileIsNeverWholeByMistake()
+void FailuresTest::fileIsNeverWholeByMistake()
 {
     QFETCH(QString, failure);
     QFETCH(int, seed);
     m_engine->setSeed(quint32(seed));
     QVERIFY(m_engine->setFailure(failure));
-    const QByteArray file = someFile(512 * 100);
+    const QByteArray file = noise(512 * 100);
     Sender sender(m_peer.get(), "TB", file);
-    const QList<QByteArray> said = sender.sendObeying(2);
+    const QList<QByteArray> replies = sender.sendObeying(2);
     bool whole = false;
     for (const auto &received : m_engine->receivedFiles()) {
         if (received.outcome != Outcome::Whole)
@@ -349,8 +405,8 @@ void SimFailures::fileIsNeverWholeByMistake()
         whole = true;
         QVERIFY(received.data == file);
     }
-    QCOMPARE(said.contains(success()), whole);
+    QCOMPARE(replies.contains(success()), whole);
 }
 
-QTEST_GUILESS_MAIN(SimFailures)
-#include "sim_failures.moc"
+QTEST_GUILESS_MAIN(FailuresTest)
+#include "tst_failures.moc"

@@ -1,8 +1,8 @@
-// Commands and scenarios, from their text to the wire.
+// Commands and scenarios, from text to datagrams.
 #include "peer.h"
 
 #include "simulator/commands.h"
-#include "simulator/scenario.h"
+#include "simulator/scenarioplayer.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -12,15 +12,15 @@
 
 using namespace simulated;
 
-class SimScenario : public QObject
+class ScenarioTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void init();
     void cleanup();
-    void obeys_data();
-    void obeys();
+    void sends_data();
+    void sends();
     void strikesEverything();
     void shows();
     void refusesCommands_data();
@@ -35,13 +35,16 @@ private Q_SLOTS:
     void doesNotGrowWithTheParameters();
     void waitsForATransfer();
     void failsWhenAWaitRunsOut();
+    void proceedsAfterAFailedWait();
+    void reportsCommandsThatAreNotSent();
+    void playsAppendedSteps();
 
 private:
     std::unique_ptr<SoundEngine> m_engine;
     std::unique_ptr<Peer> m_peer;
 };
 
-void SimScenario::init()
+void ScenarioTest::init()
 {
     m_engine = std::make_unique<SoundEngine>();
     QVERIFY(Peer::listen(m_engine.get()));
@@ -49,13 +52,13 @@ void SimScenario::init()
     m_engine->setModule(QHostAddress(QHostAddress::LocalHost), m_peer->port());
 }
 
-void SimScenario::cleanup()
+void ScenarioTest::cleanup()
 {
     m_peer.reset();
     m_engine.reset();
 }
 
-void SimScenario::obeys_data()
+void ScenarioTest::sends_data()
 {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QList<QByteArray>>("datagrams");
@@ -102,24 +105,26 @@ void SimScenario::obeys_data()
     row("send 0102FF", {hex("0102FF")});
 }
 
-void SimScenario::obeys()
+void ScenarioTest::sends()
 {
     QFETCH(QString, line);
     Command command;
     QString problem;
     QVERIFY2(parseCommand(line, &command, &problem), qPrintable(problem));
-    QCOMPARE(m_peer->take(), QList<QByteArray>()); // reading alone does nothing
-    QCOMPARE(command.run(*m_engine), QStringList());
+    QCOMPARE(m_peer->take(), QList<QByteArray>()); // parsing sends nothing
+    const CommandResult result = command.run(*m_engine);
+    QCOMPARE(result.lines, QStringList());
+    QVERIFY(result.isSent);
     QTEST(m_peer->take(), "datagrams");
     QVERIFY(!command.isQuit);
 }
 
-void SimScenario::strikesEverything()
+void ScenarioTest::strikesEverything()
 {
     Command command;
     QString problem;
     QVERIFY(parseCommand(QStringLiteral("strike all 64"), &command, &problem));
-    QCOMPARE(command.run(*m_engine), QStringList());
+    QCOMPARE(command.run(*m_engine).lines, QStringList());
     const auto taken = m_peer->take();
     QVector<int> notes;
     for (const QByteArray &datagram : taken) {
@@ -133,12 +138,12 @@ void SimScenario::strikesEverything()
     QCOMPARE(notes, expected);
 }
 
-void SimScenario::shows()
+void ScenarioTest::shows()
 {
     const auto run = [this](const char *line) {
         Command command;
         QString problem;
-        return parseCommand(QString::fromLatin1(line), &command, &problem) ? command.run(*m_engine)
+        return parseCommand(QString::fromLatin1(line), &command, &problem) ? command.run(*m_engine).lines
                                                                            : QStringList(problem);
     };
     QCOMPARE(run("param 0x38 0x07"), QStringList(QStringLiteral("never received")));
@@ -163,6 +168,7 @@ void SimScenario::shows()
                  "file TB 3 bytes whole packets 1 repeated 0 gaps 0 resend-requests 0 status 0x0000")));
     QCOMPARE(run("module"), QStringList(QStringLiteral("module 127.0.0.1:%1").arg(m_peer->port())));
 
+    QCOMPARE(run("print two  words, 100 % # not this"), QStringList(QStringLiteral("two words, 100 %")));
     QCOMPARE(run("groove on"), QStringList());
     QVERIFY(m_engine->isGroovePlaying());
     QCOMPARE(run("groove off"), QStringList());
@@ -180,9 +186,18 @@ void SimScenario::shows()
     run("fail none");
     QVERIFY(m_peer->send("564E0000"));
     QCOMPARE(m_peer->take().size(), 1);
+    // One mode is removed, another one stays.
+    run("fail no-query-reply");
+    run("fail bad-checksum");
+    run("fail no-query-reply");
+    run("fail no-query-reply off");
+    QVERIFY(m_peer->send("564E0000"));
+    QCOMPARE(m_peer->take().size(), 1);
+    QCOMPARE(m_engine->failures().active().size(), 1);
+    QCOMPARE(m_engine->failures().active().constFirst().name, QStringLiteral("bad-checksum"));
 }
 
-void SimScenario::refusesCommands_data()
+void ScenarioTest::refusesCommands_data()
 {
     QTest::addColumn<QString>("line");
     for (const char *line : {"",
@@ -191,17 +206,22 @@ void SimScenario::refusesCommands_data()
                              "strike cowbell",
                              "strike 128",
                              "strike -1",
+                             "strike +38",
                              "strike snare 128",
                              "strike snare loud",
                              "strike snare 1 2",
                              "choke",
                              "hihat 128",
                              "hihat +1",
+                             "hihat -0",
                              "switch power",
                              "switch lights 1",
-                             "switch power 65536",
+                             "switch power 2",
+                             "switch foot1 65535",
+                             "switch ZZ 65536",
                              "pot 0",
                              "pot 0 up",
+                             "pot 4 +",
                              "tempo fast",
                              "tempo 65536",
                              "meters 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19",
@@ -226,14 +246,23 @@ void SimScenario::refusesCommands_data()
                              "fail",
                              "fail explode",
                              "fail resend=x",
+                             "fail resend=+5",
+                             "fail resend=16777216",
+                             "fail resend=5,",
+                             "fail drop=5,9",
+                             "fail resend on",
+                             "fail explode off",
+                             "fail resend=5 off",
+                             "fail none off",
                              "param 1",
                              "param 256 0",
+                             "print",
                              "quit now"}) {
         QTest::newRow(qstrlen(line) > 0 ? line : "empty") << QString::fromLatin1(line);
     }
 }
 
-void SimScenario::refusesCommands()
+void ScenarioTest::refusesCommands()
 {
     QFETCH(QString, line);
     Command command;
@@ -243,14 +272,18 @@ void SimScenario::refusesCommands()
     QVERIFY(!problem.contains(QLatin1Char('\n')));
 }
 
-void SimScenario::everyCommandIsInTheHelp()
+void ScenarioTest::everyCommandIsInTheHelp()
 {
-    const QStringList help = commandHelp();
-    for (const char *name : {"help", "strike", "switch", "pot", "fail", "wait", "quit"}) {
+    Command helpCommand;
+    QString helpProblem;
+    QVERIFY(parseCommand(QStringLiteral("help"), &helpCommand, &helpProblem));
+    const QStringList help = helpCommand.run(*m_engine).lines;
+    for (const char *name : {"help ", "strike ", "switch ", "pot ", "fail ", "quit ", "at ", "after ",
+                             "wait-for ", "repeat ", "end ", "print "}) {
         const bool listed = std::any_of(help.begin(), help.end(), [&](const QString &line) {
             return line.startsWith(QLatin1String(name));
         });
-        QCOMPARE(listed, qstrcmp(name, "wait") != 0); // waiting is for scenarios only
+        QVERIFY2(listed, name);
     }
     Command command;
     QString problem;
@@ -258,29 +291,32 @@ void SimScenario::everyCommandIsInTheHelp()
     QVERIFY(command.isQuit);
 }
 
-void SimScenario::saysWhyNothingIsSent()
+void ScenarioTest::saysWhyNothingIsSent()
 {
     SoundEngine engine;
     Command command;
     QString problem;
     QVERIFY(parseCommand(QStringLiteral("strike snare"), &command, &problem));
-    QCOMPARE(command.run(engine), QStringList(QStringLiteral("not sent: no module has been heard yet")));
+    CommandResult result = command.run(engine);
+    QCOMPARE(result.lines, QStringList(QStringLiteral("not sent: no module is known yet")));
+    QVERIFY(!result.isSent);
 
-    // From the loopback network nothing can be sent to another one.
+    // A socket on the loopback network cannot send to another network.
     QVERIFY(Peer::listen(&engine));
     engine.setModule(QHostAddress(QStringLiteral("192.0.2.1")), 9);
-    const QStringList refused = command.run(engine);
-    QCOMPARE(refused, QStringList(QStringLiteral("not sent: ") + engine.errorString()));
+    result = command.run(engine);
+    QVERIFY(!result.isSent);
+    QCOMPARE(result.lines, QStringList(QStringLiteral("not sent: ") + engine.errorString()));
     QVERIFY(!engine.errorString().isEmpty() && engine.errorString() != QLatin1String("Unknown error"));
 
     Peer peer(&engine);
     QVERIFY(engine.setFailure(QStringLiteral("vanish=0")));
     QVERIFY(peer.send("4443 5442 00000000 0001 0000"));
-    QCOMPARE(command.run(engine),
+    QCOMPARE(command.run(engine).lines,
              QStringList(QStringLiteral("not sent: a failure mode has made the engine vanish")));
 }
 
-void SimScenario::refusesScenarios_data()
+void ScenarioTest::refusesScenarios_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("problem");
@@ -288,22 +324,34 @@ void SimScenario::refusesScenarios_data()
         QTest::newRow(name) << QString::fromLatin1(text) << QString::fromLatin1(problem);
     };
     row("unknown command", "# good\nstrike snare\n\nat 5 dance\n", "line 4: unknown command \"dance\"");
-    row("bad argument", "strike snare 200", "line 1: \"200\" is no number from 0 to 127");
+    row("bad argument", "strike snare 200", "line 1: \"200\" is not a number from 0 to 127");
     row("no time", "at strike snare", "line 1: usage: at MS COMMAND");
     row("no command", "after 100", "line 1: usage: after MS COMMAND");
     row("negative time", "after -5 beat 1", "line 1: usage: after MS COMMAND");
-    row("time goes back", "at 500 beat 1\nat 400 beat 2\n", "line 2: time 400 comes after time 500");
+    row("time goes back", "at 500 beat 1\nat 400 beat 2\n",
+        "line 2: time 400 is before the previous time 500");
     row("wait for nothing", "wait-for",
-        "line 1: usage: wait-for module|transfer|param HIGH LOW [VALUE] [within MS]");
+        "line 1: usage: wait-for module|transfer|param|strike|switch [...] [within MS]");
     row("wait for half a parameter", "wait-for param 0x38",
-        "line 1: usage: wait-for module|transfer|param HIGH LOW [VALUE] [within MS]");
+        "line 1: usage: wait-for param HIGH LOW [VALUE] [within MS]");
+    row("wait for something else", "wait-for rain",
+        "line 1: usage: wait-for module|transfer|param|strike|switch [...] [within MS]");
+    row("wait for two modules", "wait-for module two", "line 1: usage: wait-for module [within MS]");
+    row("wait for no pad", "wait-for strike cowbell",
+        "line 1: usage: wait-for strike [PAD|NOTE] [within MS]");
+    row("wait for two pads", "wait-for strike snare kick",
+        "line 1: usage: wait-for strike [PAD|NOTE] [within MS]");
+    row("wait for no switch", "wait-for switch lights",
+        "line 1: usage: wait-for switch [NAME [VALUE]] [within MS]");
+    row("wait for a switch that cannot be", "wait-for switch power 2",
+        "line 1: usage: wait-for switch [NAME [VALUE]] [within MS]");
     row("within nothing", "wait-for module within",
         "line 1: \"within\" is followed by milliseconds from 1 and nothing else");
     row("within no time", "wait-for module within 0",
         "line 1: \"within\" is followed by milliseconds from 1 and nothing else");
 }
 
-void SimScenario::refusesScenarios()
+void ScenarioTest::refusesScenarios()
 {
     QFETCH(QString, text);
     Scenario scenario;
@@ -312,7 +360,7 @@ void SimScenario::refusesScenarios()
     QTEST(problem, "problem");
 }
 
-void SimScenario::playsInTime()
+void ScenarioTest::playsInTime()
 {
     Scenario scenario;
     QString problem;
@@ -325,7 +373,7 @@ void SimScenario::playsInTime()
     QElapsedTimer time;
     time.start();
     player.start();
-    // Never early; how late, on a busy machine, nobody can say.
+    // Only "too early" is checked: a busy machine may be late.
     QTRY_VERIFY(m_peer->received.size() >= 2);
     QVERIFY(time.elapsed() >= 190);
     QTRY_VERIFY(m_peer->received.size() >= 3);
@@ -337,7 +385,7 @@ void SimScenario::playsInTime()
     QCOMPARE(m_peer->take(), expected);
 }
 
-void SimScenario::waitsForParameters()
+void ScenarioTest::waitsForParameters()
 {
     Scenario scenario;
     QString problem;
@@ -348,14 +396,14 @@ void SimScenario::waitsForParameters()
     QVERIFY(m_peer->send("494D0003 0BB96339 0BB96207 0BB90664"));
     QCOMPARE(m_peer->take(), QList<QByteArray>());
     QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90664"));
-    // Comes before the second wait has begun, and counts all the same.
+    // Arrives before the second wait begins, and satisfies it.
     QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90632"));
     QTRY_COMPARE(m_peer->received.size(), 2);
     const QList<QByteArray> expected = {hex("42544143 0001 0000"), hex("42544143 0002 0000")};
     QCOMPARE(m_peer->take(), expected);
 }
 
-void SimScenario::satisfiesOneWaitWithOneParameter()
+void ScenarioTest::satisfiesOneWaitWithOneParameter()
 {
     Scenario scenario;
     QString problem;
@@ -365,15 +413,15 @@ void SimScenario::satisfiesOneWaitWithOneParameter()
     player.start();
     QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90664"));
     QTRY_COMPARE(m_peer->received, QList<QByteArray>{hex("42544143 0001 0000")});
-    // Other traffic does not help either.
+    // Other parameters do not satisfy it.
     QVERIFY(m_peer->send("494D0003 0BB96339 0BB96207 0BB90664"));
     QCOMPARE(m_peer->take(), QList<QByteArray>{hex("42544143 0001 0000")});
     QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90664"));
     QTRY_COMPARE(m_peer->received, QList<QByteArray>{hex("42544143 0002 0000")});
 }
 
-// The program has a player without a scenario as well, and may run for days.
-void SimScenario::doesNotGrowWithTheParameters()
+// The program also uses players without a scenario, and may run for days.
+void ScenarioTest::doesNotGrowWithTheParameters()
 {
     const auto residentBytes = [] {
         QFile statistics(QStringLiteral("/proc/self/statm"));
@@ -390,7 +438,7 @@ void SimScenario::doesNotGrowWithTheParameters()
     QVERIFY(residentBytes() - before < 4 * 1024 * 1024);
 }
 
-void SimScenario::waitsForATransfer()
+void ScenarioTest::waitsForATransfer()
 {
     Scenario scenario;
     QString problem;
@@ -404,7 +452,7 @@ void SimScenario::waitsForATransfer()
     QCOMPARE(m_peer->received.last(), hex("42544143 0001 0000"));
 }
 
-void SimScenario::failsWhenAWaitRunsOut()
+void ScenarioTest::failsWhenAWaitRunsOut()
 {
     Scenario scenario;
     QString problem;
@@ -414,9 +462,58 @@ void SimScenario::failsWhenAWaitRunsOut()
     player.start();
     QTRY_COMPARE(failed.size(), 1);
     QCOMPARE(failed.at(0).at(0).toString(),
-             QStringLiteral("scenario line 2: wait-for param 1 2 within 50: did not happen"));
+             QStringLiteral("scenario line 2: wait-for param 1 2 within 50: timed out"));
     QCOMPARE(m_peer->take(), QList<QByteArray>());
 }
 
-QTEST_GUILESS_MAIN(SimScenario)
-#include "sim_scenario.moc"
+void ScenarioTest::proceedsAfterAFailedWait()
+{
+    Scenario scenario;
+    QString problem;
+    QVERIFY(scenario.parse(QStringLiteral("wait-for param 1 2 within 50\nbeat 1\n"), &problem));
+    ScenarioPlayer player(scenario, m_engine.get());
+    connect(&player, &ScenarioPlayer::failed, &player, &ScenarioPlayer::proceed);
+    player.start();
+    QTRY_COMPARE(m_peer->received, QList<QByteArray>{hex("42544143 0001 0000")});
+}
+
+void ScenarioTest::reportsCommandsThatAreNotSent()
+{
+    SoundEngine engine; // knows no module
+    Scenario scenario;
+    QString problem;
+    QVERIFY(scenario.parse(QStringLiteral("summary\n\nstrike snare # too early\nbeat 1\n"), &problem));
+    ScenarioPlayer player(scenario, &engine);
+    QSignalSpy notSent(&player, &ScenarioPlayer::notSent);
+    QSignalSpy finished(&player, &ScenarioPlayer::finished);
+    player.start();
+    QTRY_COMPARE(finished.size(), 1);
+    QCOMPARE(notSent.size(), 2);
+    QCOMPARE(notSent.at(0).at(0).toString(), QStringLiteral("scenario line 3: strike snare: not sent"));
+    QCOMPARE(notSent.at(1).at(0).toString(), QStringLiteral("scenario line 4: beat 1: not sent"));
+}
+
+void ScenarioTest::playsAppendedSteps()
+{
+    ScenarioPlayer player(Scenario(), m_engine.get());
+    const auto append = [&player](const char *line) {
+        ScenarioStep step;
+        QString problem;
+        QVERIFY2(parseStep(QString::fromLatin1(line), &step, &problem), qPrintable(problem));
+        player.append(step);
+    };
+    append("beat 1"); // before the start
+    player.start();
+    append("wait-for param 0x38 7");
+    append("beat 2");
+    QTRY_COMPARE(m_peer->received, QList<QByteArray>{hex("42544143 0001 0000")});
+    QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90664"));
+    QTRY_COMPARE(m_peer->received.size(), 2);
+    append("beat 3"); // after the last step
+    QTRY_COMPARE(m_peer->received.size(), 3);
+    QCOMPARE(m_peer->received.at(1), hex("42544143 0002 0000"));
+    QCOMPARE(m_peer->received.at(2), hex("42544143 0003 0000"));
+}
+
+QTEST_GUILESS_MAIN(ScenarioTest)
+#include "tst_scenario.moc"

@@ -1,9 +1,9 @@
-// Every message that is no parameter, and everything that is wrong with a message.
+// All messages except parameters, and all protocol violations.
 #include "peer.h"
 
 #include <QSignalSpy>
 
-class SimMessages : public QObject
+class MessagesTest : public QObject
 {
     Q_OBJECT
 
@@ -17,7 +17,7 @@ private Q_SLOTS:
     void keepsNoMoreThanAThousandViolations();
 };
 
-void SimMessages::describes_data()
+void MessagesTest::describes_data()
 {
     QTest::addColumn<QByteArray>("datagram");
     QTest::addColumn<QString>("line");
@@ -58,7 +58,7 @@ void SimMessages::describes_data()
     row("start of a bluetooth file", "44534246 00000010 4950", "transfer start BF, 16 bytes, slot 18768");
 }
 
-void SimMessages::describes()
+void MessagesTest::describes()
 {
     QFETCH(QByteArray, datagram);
     SoundEngine engine;
@@ -74,7 +74,7 @@ void SimMessages::describes()
     QCOMPARE(engine.counters().otherMessages, quint64(1));
 }
 
-void SimMessages::keepsWhatItIsSent()
+void MessagesTest::keepsWhatItIsSent()
 {
     SoundEngine engine;
     QVERIFY(Peer::listen(&engine));
@@ -100,12 +100,12 @@ void SimMessages::keepsWhatItIsSent()
     QCOMPARE(peer.take(), QList<QByteArray>());
 }
 
-void SimMessages::countsViolations_data()
+void MessagesTest::countsViolations_data()
 {
     QTest::addColumn<QByteArray>("datagram");
-    QTest::addColumn<QString>("says"); // the beginning of the line
-    const auto row = [](const char *name, const char *bytes, const char *says) {
-        QTest::newRow(name) << hex(bytes) << QString::fromLatin1(says);
+    QTest::addColumn<QString>("violation"); // beginning of the line
+    const auto row = [](const char *name, const char *bytes, const char *violation) {
+        QTest::newRow(name) << hex(bytes) << QString::fromLatin1(violation);
     };
     row("empty", "", "datagram of 0 bytes");
     row("one byte", "49", "datagram of 1 bytes");
@@ -113,27 +113,25 @@ void SimMessages::countsViolations_data()
     row("unprintable header", "0102", "unknown header 0x0102");
     row("tag in little-endian", "444C 0003 0001", "unknown header DL");
     row("event bytes swapped", "494D4143 B90B0764", "header counts 16707 events");
-    row("short header", "494D00", "length 3 is no whole number of events");
-    row("cut event", "494D0003 0BB96338 0BB96207 0BB906", "length 15 is no whole number of events");
+    row("short header", "494D00", "length 3 is not a whole number of events");
+    row("cut event", "494D0003 0BB96338 0BB96207 0BB906", "length 15 is not a whole number of events");
     row("count too high", "494D0004 0BB96338 0BB96207 0BB90664", "header counts 4 events, datagram holds 3");
     row("count too low", "494D0002 0BB96338 0BB96207 0BB90664", "header counts 2 events, datagram holds 3");
     row("no event", "494D0000", "no event");
     row("two events", "494D0002 0BB96338 0BB96207", "2 events in one packet");
-    row("low number first", "494D0003 0BB96207 0BB96338 0BB90664",
-        "controller 98 where controller 99 belongs");
-    row("value first", "494D0003 0BB90664 0BB96338 0BB96207", "controller 6 where controller 99 belongs");
+    row("low number first", "494D0003 0BB96207 0BB96338 0BB90664", "controller 98 instead of controller 99");
+    row("value first", "494D0003 0BB90664 0BB96338 0BB96207", "controller 6 instead of controller 99");
     row("low value last", "494D0004 0BB96337 0BB96264 0BB90632 0BB92600",
-        "controller 6 where controller 38 belongs");
+        "controller 6 instead of controller 38");
     row("status of channel 1", "494D0003 0BB06338 0BB06207 0BB00664", "status 0xb0, not 0xb9 on channel 10");
     row("one status wrong", "494D0003 0BB96338 0BB06207 0BB90664", "status 0xb0, not 0xb9 on channel 10");
-    row("code index wrong", "494D0003 0BB96338 0BB96207 09B90664", "code index 0x09 where 0x0b belongs");
+    row("code index wrong", "494D0003 0BB96338 0BB96207 09B90664", "code index 0x09 instead of 0x0b");
     row("note on with channel 1", "494D0001 09903C7F", "status 0x90, not 0x99 on channel 10");
     row("note off with note-on status", "494D0001 08993C00", "status 0x99, not 0x89 on channel 10");
     row("unknown code index", "494D0001 0EE90000", "unknown code index 0x0e");
-    row("tempo without second byte", "494D0003 0BB96337 0BB96264 0BB90632",
-        "metronome tempo comes with 1 value");
+    row("tempo without second byte", "494D0003 0BB96337 0BB96264 0BB90632", "metronome tempo has 1 value");
     row("level with second byte", "494D0004 0BB96338 0BB96207 0BB92600 0BB90664",
-        "mixer master out level comes with 2 value");
+        "mixer master out level has 2 value");
     row("SysEx without end", "494D0001 04F00102", "SysEx stream without its end");
     row("SysEx code index by the class rule", "494D0002 04F00102 05F70000",
         "SysEx event 0 has code index 0x04");
@@ -155,9 +153,9 @@ void SimMessages::countsViolations_data()
     row("start of bluetooth file with name", "44534246 00000401 0001 00", "BF start packet of 11 bytes");
     row("start with unknown content", "44535858 00000401", "transfer of unknown content XX");
     row("name without closing zero", "44534957 00000010 0007 6B",
-        "name of a start packet without its one closing");
+        "name of a start packet without exactly one closing");
     row("name with two zeros", "44534957 00000010 0007 6B0000",
-        "name of a start packet without its one closing");
+        "name of a start packet without exactly one closing");
     row("data cut off", "44435342 00000000 00", "data packet of 9 bytes");
     row("data length in bytes", "44435342 00000000 0002 0102",
         "data packet 0 announces 2 words and holds 2 bytes");
@@ -167,26 +165,26 @@ void SimMessages::countsViolations_data()
     row("end too long", "44455342 00000000 00", "end packet of 9 bytes");
 }
 
-void SimMessages::countsViolations()
+void MessagesTest::countsViolations()
 {
     QFETCH(QByteArray, datagram);
-    QFETCH(QString, says);
+    QFETCH(QString, violation);
     SoundEngine engine;
     QVERIFY(Peer::listen(&engine));
     Peer peer(&engine);
     QSignalSpy violated(&engine, &SoundEngine::violated);
     QVERIFY(peer.send(datagram));
     QCOMPARE(engine.violations().size(), 1);
-    QCOMPARE(engine.violations().at(0).left(says.size()), says);
+    QCOMPARE(engine.violations().at(0).left(violation.size()), violation);
     QCOMPARE(violated.size(), 1);
     QCOMPARE(engine.counters().violations, quint64(1));
     engine.clearViolations();
     QVERIFY(engine.violations().isEmpty());
 }
 
-void SimMessages::survivesAnything()
+void MessagesTest::survivesAnything()
 {
-    // Cut and bent versions of good datagrams, of every length.
+    // Valid datagrams, shortened to every length and with one byte changed.
     SoundEngine engine;
     QVERIFY(Peer::listen(&engine));
     Peer peer(&engine);
@@ -214,7 +212,7 @@ void SimMessages::survivesAnything()
     QCOMPARE(engine.parameter(0x38, 0x07), 100);
 }
 
-void SimMessages::keepsNoMoreThanAThousandViolations()
+void MessagesTest::keepsNoMoreThanAThousandViolations()
 {
     SoundEngine engine;
     QVERIFY(Peer::listen(&engine));
@@ -225,5 +223,5 @@ void SimMessages::keepsNoMoreThanAThousandViolations()
     QCOMPARE(engine.counters().violations, quint64(1005));
 }
 
-QTEST_GUILESS_MAIN(SimMessages)
-#include "sim_messages.moc"
+QTEST_GUILESS_MAIN(MessagesTest)
+#include "tst_messages.moc"

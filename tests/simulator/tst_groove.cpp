@@ -1,4 +1,4 @@
-// The drummer, the beats and the meters.
+// Groove, beats and meters.
 #include "peer.h"
 
 #include "simulator/groove.h"
@@ -10,7 +10,7 @@
 using simulated::Groove;
 using simulated::Stroke;
 
-class SimGroove : public QObject
+class GrooveTest : public QObject
 {
     Q_OBJECT
 
@@ -19,7 +19,7 @@ private Q_SLOTS:
     void playsTheSameFromTheSameSeed();
     void playsTheWholeKit();
     void countsFourBeats();
-    void isHeardAtTheMetronomesTempo();
+    void playsAtTheMetronomesTempo();
     void stopsAndStarts();
     void metersFollowTheHits();
     void metersComeThirtyTimesASecond();
@@ -37,7 +37,7 @@ static QString notesOf(quint32 seed, int steps)
     return text;
 }
 
-void SimGroove::kitIsTheModules()
+void GrooveTest::kitIsTheModules()
 {
     const QVector<QVector<int>> notesOfPads = {
         {36},         {38, 37, 40}, {48, 50},     {45, 47},
@@ -50,7 +50,7 @@ void SimGroove::kitIsTheModules()
             const simulated::Zone *zone = simulated::zoneOfNote(note);
             QVERIFY2(zone != nullptr, qPrintable(QString::number(note)));
             QCOMPARE(int(zone->pad), pad);
-            // Cymbals, hi-hat and the pads beside the kit report pressure, drums do not.
+            // Cymbals, hi-hat and aux pads report pressure, drums do not.
             QCOMPARE(zone->canBeChoked, pad >= 6);
             known.insert(note);
         }
@@ -60,7 +60,7 @@ void SimGroove::kitIsTheModules()
         QCOMPARE(simulated::zoneOfNote(note) != nullptr, known.contains(note));
 }
 
-void SimGroove::playsTheSameFromTheSameSeed()
+void GrooveTest::playsTheSameFromTheSameSeed()
 {
     QCOMPARE(notesOf(5, 1000), notesOf(5, 1000));
     QVERIFY(notesOf(5, 1000) != notesOf(6, 1000));
@@ -74,7 +74,7 @@ void SimGroove::playsTheSameFromTheSameSeed()
     QCOMPARE(first, notesOf(9, 1));
 }
 
-void SimGroove::playsTheWholeKit()
+void GrooveTest::playsTheWholeKit()
 {
     Groove groove(1);
     QSet<int> pads;
@@ -91,7 +91,7 @@ void SimGroove::playsTheWholeKit()
             }
             const simulated::Zone *zone = simulated::zoneOfNote(stroke.note);
             if (zone == nullptr)
-                QFAIL("a stroke on a pad that is not there");
+                QFAIL("a stroke on a pad that does not exist");
             if (stroke.kind == Stroke::Kind::Choke) {
                 ++chokes;
                 QVERIFY(zone->canBeChoked);
@@ -109,7 +109,7 @@ void SimGroove::playsTheWholeKit()
     QVERIFY(pedalMoves > 0);
 }
 
-void SimGroove::countsFourBeats()
+void GrooveTest::countsFourBeats()
 {
     Groove groove(1);
     QVector<int> beats;
@@ -121,7 +121,7 @@ void SimGroove::countsFourBeats()
     QCOMPARE(beats, bar + bar);
 }
 
-void SimGroove::isHeardAtTheMetronomesTempo()
+void GrooveTest::playsAtTheMetronomesTempo()
 {
     SoundEngine engine;
     QVERIFY(Peer::listen(&engine));
@@ -138,22 +138,22 @@ void SimGroove::isHeardAtTheMetronomesTempo()
         return std::count_if(peer.received.cbegin(), peer.received.cend(), isBeat);
     };
     QTRY_VERIFY(beats() >= 5);
-    // Four beats apart, the fifth is due after a second; never earlier than the tempo says.
+    // The fifth beat is due one second after the first, and must not be early.
     QVERIFY2(time.elapsed() >= 950, qPrintable(QString::number(time.elapsed())));
-    QList<QByteArray> heard;
+    QList<QByteArray> sent;
     for (const QByteArray &datagram : qAsConst(peer.received)) {
         if (isBeat(datagram))
-            heard.append(datagram);
+            sent.append(datagram);
     }
     const QList<QByteArray> expected = {hex("42544143 0001 0000"), hex("42544143 0002 0000"),
                                         hex("42544143 0003 0000"), hex("42544143 0004 0000"),
                                         hex("42544143 0001 0000")};
-    QCOMPARE(heard.mid(0, 5), expected);
+    QCOMPARE(sent.mid(0, 5), expected);
     QVERIFY(engine.counters().padHits > 5);
     QCOMPARE(engine.counters().outputMeters, quint64(0));
 }
 
-void SimGroove::stopsAndStarts()
+void GrooveTest::stopsAndStarts()
 {
     SoundEngine engine;
     QVERIFY(Peer::listen(&engine));
@@ -175,7 +175,7 @@ void SimGroove::stopsAndStarts()
     QTRY_VERIFY(engine.counters().padHits > hits);
 }
 
-void SimGroove::metersFollowTheHits()
+void GrooveTest::metersFollowTheHits()
 {
     simulated::Meters meters;
     meters.setFader(simulated::Meters::Master, 127);
@@ -194,7 +194,7 @@ void SimGroove::metersFollowTheHits()
     }
     QCOMPARE(before, quint16(0));
 
-    // A tom to the left is louder on the left; a choke silences a cymbal and no drum.
+    // A tom on the left is louder on the left. A choke silences a cymbal, but not a drum.
     meters.hit(48, 100);
     levels = meters.outputs();
     QVERIFY(levels[0] > levels[1]);
@@ -205,11 +205,11 @@ void SimGroove::metersFollowTheHits()
     QVERIFY(cymbal.outputs()[0] > 0);
     cymbal.choke(49);
     QCOMPARE(cymbal.outputs(), simulated::OutputLevels{});
-    cymbal.hit(100, 127); // a note that no pad plays
+    cymbal.hit(100, 127); // not a note of the kit
     QCOMPARE(cymbal.outputs(), simulated::OutputLevels{});
 }
 
-void SimGroove::metersComeThirtyTimesASecond()
+void GrooveTest::metersComeThirtyTimesASecond()
 {
     SoundEngine engine;
     QVERIFY(Peer::listen(&engine));
@@ -229,5 +229,5 @@ void SimGroove::metersComeThirtyTimesASecond()
     }
 }
 
-QTEST_GUILESS_MAIN(SimGroove)
-#include "sim_groove.moc"
+QTEST_GUILESS_MAIN(GrooveTest)
+#include "tst_groove.moc"

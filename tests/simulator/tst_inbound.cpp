@@ -1,11 +1,12 @@
-// Every datagram that the engine sends to the module, byte for byte, and its silence.
+// The bytes of every datagram that the engine sends to the module, and the cases in which it sends none.
 #include "peer.h"
 
 #include <QElapsedTimer>
+#include <QSignalSpy>
 
 #include <functional>
 
-class SimInbound : public QObject
+class InboundTest : public QObject
 {
     Q_OBJECT
 
@@ -24,6 +25,8 @@ private Q_SLOTS:
     void answersTheOneThatAsked();
     void saysNothingByItself();
     void reportsTempoOnlyWhenLive();
+    void playsTheTempoThatIsPrinted_data();
+    void playsTheTempoThatIsPrinted();
     void beatsWithTheMetronomeWhenLive();
     void knowsNoModuleAtFirst();
     void refusesAnAddressThatIsTaken();
@@ -36,7 +39,7 @@ private:
 using Act = std::function<bool(SoundEngine &)>;
 Q_DECLARE_METATYPE(Act)
 
-void SimInbound::init()
+void InboundTest::init()
 {
     m_engine = std::make_unique<SoundEngine>();
     QVERIFY(Peer::listen(m_engine.get()));
@@ -44,13 +47,13 @@ void SimInbound::init()
     m_engine->setModule(QHostAddress(QHostAddress::LocalHost), m_peer->port());
 }
 
-void SimInbound::cleanup()
+void InboundTest::cleanup()
 {
     m_peer.reset();
     m_engine.reset();
 }
 
-void SimInbound::sends_data()
+void InboundTest::sends_data()
 {
     QTest::addColumn<Act>("act");
     QTest::addColumn<QByteArray>("datagram");
@@ -106,7 +109,7 @@ void SimInbound::sends_data()
         "nothing at all", [](SoundEngine &e) { return e.sendRaw(QByteArray()); }, "");
 }
 
-void SimInbound::sends()
+void InboundTest::sends()
 {
     QFETCH(Act, act);
     QFETCH(QByteArray, datagram);
@@ -114,9 +117,9 @@ void SimInbound::sends()
     QCOMPARE(m_peer->take(), QList<QByteArray>{datagram});
 }
 
-void SimInbound::strikesEveryZone()
+void InboundTest::strikesEveryZone()
 {
-    // Pads 0 to 13, each with its zones.
+    // The zones of pads 0 to 13.
     const QList<int> notes = {36, 38, 37, 40, 48, 50, 45, 47, 43, 58, 41, 39, 51, 59, 53, 21, 42, 44, 46, 26,
                               19, 49, 55, 17, 57, 52, 18, 88, 89, 22, 90, 91, 23, 92, 93, 24, 94, 95, 25};
     for (int note : notes) {
@@ -128,7 +131,7 @@ void SimInbound::strikesEveryZone()
     QCOMPARE(m_engine->counters().padHits, quint64(notes.size()));
 }
 
-void SimInbound::splitsSysEx_data()
+void InboundTest::splitsSysEx_data()
 {
     QTest::addColumn<QByteArray>("message");
     QTest::addColumn<QList<QByteArray>>("datagrams");
@@ -141,20 +144,20 @@ void SimInbound::splitsSysEx_data()
                                 << QList<QByteArray>{hex("494D4143 F004 0201"), hex("494D4143 F705 0000")};
 }
 
-void SimInbound::splitsSysEx()
+void InboundTest::splitsSysEx()
 {
     QFETCH(QByteArray, message);
     QVERIFY(m_engine->sendSysEx(message));
     QTEST(m_peer->take(), "datagrams");
 
-    // A test command is three events of one datagram each.
+    // A test command is three datagrams of one event each.
     QVERIFY(m_engine->sendTestCommand(0x12, 0x34, 0x56));
     const QList<QByteArray> command = {hex("494D4143 B90B 1263"), hex("494D4143 B90B 3462"),
                                        hex("494D4143 B90B 5606")};
     QCOMPARE(m_peer->take(), command);
 }
 
-void SimInbound::answersQueries_data()
+void InboundTest::answersQueries_data()
 {
     QTest::addColumn<QByteArray>("query");
     QTest::addColumn<QByteArray>("answer");
@@ -165,7 +168,7 @@ void SimInbound::answersQueries_data()
     QTest::newRow("hi-hat") << hex("484C0000") << hex("484C4143 0209 0000");
 }
 
-void SimInbound::answersQueries()
+void InboundTest::answersQueries()
 {
     QFETCH(QByteArray, query);
     m_engine->setVersion(SoundEngine::Version::SoundEngine, 1, 5);
@@ -178,9 +181,9 @@ void SimInbound::answersQueries()
     QCOMPARE(m_peer->take(), QList<QByteArray>{answer});
 }
 
-void SimInbound::answersMeterRequests()
+void InboundTest::answersMeterRequests()
 {
-    // One loud hit on the bass drum, in the middle of the stereo picture; outputs at the faders' start.
+    // One loud hit on the bass drum, which is panned to the centre.
     QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB9067F"));
     QVERIFY(m_engine->strike(36, 127));
     m_peer->take();
@@ -189,7 +192,7 @@ void SimInbound::answersMeterRequests()
     QCOMPARE(taken.size(), 1);
     QCOMPARE(taken.at(0).size(), 38);
     QCOMPARE(taken.at(0).left(6), hex("4452 0046 0046")); // full scale is 70
-    QCOMPARE(taken.at(0).mid(14, 4), hex("0046 0000"));   // the bass drum has the first direct out to itself
+    QCOMPARE(taken.at(0).mid(14, 4), hex("0046 0000"));   // only the bass drum uses the first direct out
 
     QVERIFY(m_peer->send("494D0003 0BB96338 0BB9621F 0BB90600"));
     taken = m_peer->take();
@@ -197,7 +200,7 @@ void SimInbound::answersMeterRequests()
     QCOMPARE(taken.at(0).left(8), hex("4352 0000 0046 0046"));
     QVERIFY(taken.at(0).mid(8, 2) != hex("0000")); // gain reduction
 
-    // Section numbers of the answers; levels that were set are given as they are.
+    // Section numbers of the answers, with levels that were set.
     m_engine->setCompressorLevels(SoundEngine::Section::Monitor, {1, 2, 3, 4, 5, 6});
     m_engine->setCompressorLevels(SoundEngine::Section::Headphone, {7, 8, 9, 10, 11, 12});
     m_engine->setCompressorLevels(SoundEngine::Section::Pad, {13, 14, 15, 16, 17, 18});
@@ -211,7 +214,7 @@ void SimInbound::answersMeterRequests()
     QCOMPARE(m_engine->counters().compressorMeters, quint64(4));
 }
 
-void SimInbound::answersSlotAndMemoryRequests()
+void InboundTest::answersSlotAndMemoryRequests()
 {
     m_engine->setFlashSize(1, 2);
     QVERIFY(m_peer->send("494D0003 0BB9633D 0BB9620F 0BB90600"));
@@ -228,7 +231,7 @@ void SimInbound::answersSlotAndMemoryRequests()
     QCOMPARE(m_peer->take(), expected);
 }
 
-void SimInbound::answersTheOneThatAsked()
+void InboundTest::answersTheOneThatAsked()
 {
     Peer other(m_engine.get());
     QVERIFY(other.send("484C0000"));
@@ -240,16 +243,16 @@ void SimInbound::answersTheOneThatAsked()
     QVERIFY(other.received.isEmpty());
 }
 
-void SimInbound::saysNothingByItself()
+void InboundTest::saysNothingByItself()
 {
-    // Long enough for a meter report and a beat, had they been wanted.
+    // Longer than the interval of meter reports and beats.
     QElapsedTimer time;
     time.start();
     QTRY_VERIFY(time.elapsed() >= 700);
     QCOMPARE(m_peer->take(), QList<QByteArray>());
 }
 
-void SimInbound::reportsTempoOnlyWhenLive()
+void InboundTest::reportsTempoOnlyWhenLive()
 {
     QVERIFY(m_peer->send("494D0004 0BB96337 0BB96264 0BB92640 0BB90632"));
     QCOMPARE(m_peer->take(), QList<QByteArray>());
@@ -257,12 +260,32 @@ void SimInbound::reportsTempoOnlyWhenLive()
     m_engine->setLive(true);
     QVERIFY(m_peer->send("494D0004 0BB96337 0BB96264 0BB92600 0BB90646"));
     QCOMPARE(m_peer->take(), QList<QByteArray>{hex("544D4143 00A0 0000")});
-    // The same tempo again is no news.
+    // The same tempo again is not reported.
     QVERIFY(m_peer->send("494D0004 0BB96337 0BB96264 0BB92600 0BB90646"));
     QCOMPARE(m_peer->take(), QList<QByteArray>());
 }
 
-void SimInbound::beatsWithTheMetronomeWhenLive()
+void InboundTest::playsTheTempoThatIsPrinted_data()
+{
+    QTest::addColumn<QByteArray>("dataBytes"); // of controllers 38 and 6
+    QTest::addColumn<int>("tempo");
+    QTest::newRow("slowest") << hex("00 00") << 20;
+    QTest::newRow("above a 7-bit value") << hex("40 80") << 277;
+    QTest::newRow("fastest") << hex("40 FF") << 531;
+}
+
+void InboundTest::playsTheTempoThatIsPrinted()
+{
+    QFETCH(QByteArray, dataBytes);
+    QFETCH(int, tempo);
+    QSignalSpy lines(m_engine.get(), &SoundEngine::messageReceived);
+    QVERIFY(m_peer->send(hex("494D0004 0BB96337 0BB96264 0BB926") + dataBytes.left(1) + hex("0BB906") +
+                         dataBytes.right(1)));
+    QCOMPARE(lines.value(0).value(0).toString(), QStringLiteral("metronome tempo %1").arg(tempo));
+    QCOMPARE(m_engine->tempo(), tempo);
+}
+
+void InboundTest::beatsWithTheMetronomeWhenLive()
 {
     m_engine->setLive(true);
     QVERIFY(m_peer->send("494D0004 0BB96337 0BB96264 0BB92600 0BB9067E")); // 272 bpm: a beat every 221 ms
@@ -276,7 +299,7 @@ void SimInbound::beatsWithTheMetronomeWhenLive()
     QCOMPARE(m_peer->take().mid(0, 5), expected);
 }
 
-void SimInbound::knowsNoModuleAtFirst()
+void InboundTest::knowsNoModuleAtFirst()
 {
     SoundEngine engine;
     QVERIFY(Peer::listen(&engine));
@@ -291,12 +314,12 @@ void SimInbound::knowsNoModuleAtFirst()
     QCOMPARE(peer.take(), QList<QByteArray>{hex("494D4143 9909 6426")});
 }
 
-void SimInbound::refusesAnAddressThatIsTaken()
+void InboundTest::refusesAnAddressThatIsTaken()
 {
     SoundEngine second;
     QVERIFY(!second.listen(m_engine->address(), m_engine->port()));
     QVERIFY(!second.errorString().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(SimInbound)
-#include "sim_inbound.moc"
+QTEST_GUILESS_MAIN(InboundTest)
+#include "tst_inbound.moc"

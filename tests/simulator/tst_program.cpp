@@ -1,142 +1,54 @@
-// The program zelta-engine-sim from outside: its options, its standard input, its output and its exit.
+// The program zelta-engine-sim: options, standard input, output and exit status.
+#include "programrun.h"
+
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QUdpSocket>
 
 #include <csignal>
 
-namespace {
+using testsupport::hex;
 
-constexpr int patience = 20000;
-
-QByteArray hex(const char *text)
-{
-    return QByteArray::fromHex(text);
-}
-
-} // namespace
-
-class SimProgram : public QObject
+class ProgramTest : public QObject, private ProgramRun
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
-    void cleanup();
+    void init() { QVERIFY(prepare()); }
+    void cleanup() { end(); }
     void refusesToStart_data();
     void refusesToStart();
     void refusesAnAddressInUse();
-    void tellsAboutItself_data();
-    void tellsAboutItself();
+    void printsInformation_data();
+    void printsInformation();
     void listsEveryFailure();
-    void printsWhatItHears();
-    void staysQuietWithoutVerbose();
-    void obeysStandardInput();
-    void outlivesItsStandardInput();
+    void printsMessages();
+    void printsNoMessagesWithoutVerbose();
+    void runsCommandsOfStandardInput();
+    void playsTypedSteps();
+    void repeatsTypedLines();
+    void waitsForTypedStrikes();
+    void reportsATypedWaitThatRunsOut();
+    void outlivesStandardInput();
     void endsOnSignals_data();
     void endsOnSignals();
     void endsAfterItsDuration();
     void countsViolationsInItsExit();
     void playsAScenario();
     void failsWithItsScenario();
+    void failsWhenItsScenarioCannotSend();
     void samplesAreGood();
     void storesFiles();
     void playsByDefaultAndTheSameForTheSameSeed();
-
-private:
-    bool start(const QStringList &arguments);
-    bool waitForLine(const QByteArray &line);
-    bool finish();
-    void type(const char *text);
-    void send(const QByteArray &datagram);
-    QByteArray receive();
-
-    QProcess m_process;
-    QByteArray m_output;
-    std::unique_ptr<QUdpSocket> m_socket;
-    quint16 m_port = 0;
 };
 
-void SimProgram::initTestCase()
-{
-    m_process.setProgram(QStringLiteral(ENGINE_PROGRAM));
-}
-
-void SimProgram::init()
-{
-    m_output.clear();
-    m_socket = std::make_unique<QUdpSocket>();
-    QVERIFY(m_socket->bind(QHostAddress(QHostAddress::LocalHost), 0));
-}
-
-void SimProgram::cleanup()
-{
-    if (m_process.state() != QProcess::NotRunning) {
-        m_process.kill();
-        m_process.waitForFinished();
-    }
-}
-
-bool SimProgram::start(const QStringList &arguments)
-{
-    m_process.setArguments(QStringList{QStringLiteral("--listen"), QStringLiteral("127.20.22.2:0")} +
-                           arguments);
-    m_process.start();
-    if (!waitForLine("listening on 127.20.22.2:"))
-        return false;
-    const int at = m_output.indexOf("127.20.22.2:") + int(qstrlen("127.20.22.2:"));
-    m_port = m_output.mid(at, m_output.indexOf('\n', at) - at).toUShort();
-    return m_port != 0;
-}
-
-// Output may come in pieces; the line is looked for in all of it.
-bool SimProgram::waitForLine(const QByteArray &line)
-{
-    while (!m_output.contains(line) || !m_output.endsWith('\n')) {
-        if (!m_process.waitForReadyRead(patience))
-            return false;
-        m_output += m_process.readAllStandardOutput();
-    }
-    return true;
-}
-
-bool SimProgram::finish()
-{
-    const bool finished = m_process.state() == QProcess::NotRunning || m_process.waitForFinished(patience);
-    m_output += m_process.readAllStandardOutput();
-    return finished && m_process.exitStatus() == QProcess::NormalExit;
-}
-
-void SimProgram::type(const char *text)
-{
-    m_process.write(text);
-    m_process.waitForBytesWritten(patience);
-}
-
-void SimProgram::send(const QByteArray &datagram)
-{
-    m_socket->writeDatagram(datagram, QHostAddress(QStringLiteral("127.20.22.2")), m_port);
-}
-
-QByteArray SimProgram::receive()
-{
-    if (!m_socket->hasPendingDatagrams() && !m_socket->waitForReadyRead(patience))
-        return QByteArrayLiteral("nothing");
-    QByteArray bytes(2000, '\0');
-    const qint64 size = m_socket->readDatagram(bytes.data(), bytes.size());
-    return bytes.left(int(size));
-}
-
-void SimProgram::refusesToStart_data()
+void ProgramTest::refusesToStart_data()
 {
     QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("complaint");
-    const auto row = [](const char *name, const QStringList &arguments, const char *complaint) {
-        QTest::newRow(name) << arguments << QString::fromLatin1(complaint);
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char *name, const QStringList &arguments, const char *message) {
+        QTest::newRow(name) << arguments << QString::fromLatin1(message);
     };
     const auto s = [](const char *text) {
         return QString::fromLatin1(text);
@@ -148,6 +60,8 @@ void SimProgram::refusesToStart_data()
         "--listen takes an IPv4 address and a port, not \"127.1\"");
     row("large port", {s("--listen"), s("127.20.22.2:65536")},
         "--listen takes an IPv4 address and a port, not \"127.20.22.2:65536\"");
+    row("port with a sign", {s("--listen"), s("127.20.22.2:+5")},
+        "--listen takes an IPv4 address and a port, not \"127.20.22.2:+5\"");
     row("module without port", {s("--module"), s("127.0.0.1")},
         "--module takes an IPv4 address and a port, not \"127.0.0.1\"");
     row("both grooves", {s("--groove"), s("--no-groove")}, "--groove and --no-groove exclude each other");
@@ -159,16 +73,15 @@ void SimProgram::refusesToStart_data()
         "--duration takes seconds above 0, up to 2000000, not \"3000000\"");
     row("no scenario", {s("--scenario"), s("/nowhere/verse.scenario")},
         "scenario /nowhere/verse.scenario: No such file or directory");
+    row("endless scenario", {s("--scenario"), s("/dev/zero")}, "scenario /dev/zero: larger than 16 MiB");
     row("scenario is a directory", {s("--scenario"), s("/")}, "scenario /: ");
-    row("store where nothing can be written", {s("--store"), s("/proc")},
-        "--store: \"/proc\" is no directory that can be written to");
-    row("no store", {s("--store"), s("/nowhere")},
-        "--store: \"/nowhere\" is no directory that can be written to");
+    row("store not writable", {s("--store"), s("/proc")}, "--store: \"/proc\" is not a writable directory");
+    row("no store", {s("--store"), s("/nowhere")}, "--store: \"/nowhere\" is not a writable directory");
     row("address of another machine", {s("--listen"), s("192.0.2.1:19797")},
         "cannot listen on 192.0.2.1:19797: ");
 }
 
-void SimProgram::refusesToStart()
+void ProgramTest::refusesToStart()
 {
     QFETCH(QStringList, arguments);
     m_process.setArguments(arguments);
@@ -176,13 +89,13 @@ void SimProgram::refusesToStart()
     QVERIFY(finish());
     QCOMPARE(m_process.exitCode(), 1);
     QCOMPARE(m_output, QByteArray());
-    const QString said = QString::fromLocal8Bit(m_process.readAllStandardError());
-    QCOMPARE(said.count(QLatin1Char('\n')), 1);
-    QFETCH(QString, complaint);
-    QVERIFY2(said.startsWith(QLatin1String("zelta-engine-sim: ") + complaint), qPrintable(said));
+    const QString errors = QString::fromLocal8Bit(m_process.readAllStandardError());
+    QCOMPARE(errors.count(QLatin1Char('\n')), 1);
+    QFETCH(QString, message);
+    QVERIFY2(errors.startsWith(QLatin1String("zelta-engine-sim: ") + message), qPrintable(errors));
 }
 
-void SimProgram::refusesAnAddressInUse()
+void ProgramTest::refusesAnAddressInUse()
 {
     QVERIFY(start({}));
     QProcess second;
@@ -190,41 +103,41 @@ void SimProgram::refusesAnAddressInUse()
                  {QStringLiteral("--listen"), QStringLiteral("127.20.22.2:%1").arg(m_port)});
     QVERIFY(second.waitForFinished(patience));
     QCOMPARE(second.exitCode(), 1);
-    const QByteArray complaint = second.readAllStandardError();
-    QVERIFY2(complaint.startsWith("zelta-engine-sim: cannot listen on 127.20.22.2:"), complaint.constData());
-    QCOMPARE(complaint.count('\n'), 1);
+    const QByteArray error = second.readAllStandardError();
+    QVERIFY2(error.startsWith("zelta-engine-sim: cannot listen on 127.20.22.2:"), error.constData());
+    QCOMPARE(error.count('\n'), 1);
 }
 
-void SimProgram::tellsAboutItself_data()
+void ProgramTest::printsInformation_data()
 {
     QTest::addColumn<QString>("option");
-    QTest::addColumn<QByteArray>("says");
+    QTest::addColumn<QByteArray>("text");
     QTest::newRow("help") << QStringLiteral("--help") << QByteArray("--list-failures");
     QTest::newRow("short help") << QStringLiteral("-h") << QByteArray("--list-failures");
     QTest::newRow("version") << QStringLiteral("--version") << QByteArray("zelta-engine-sim 1.");
     QTest::newRow("failures") << QStringLiteral("--list-failures") << QByteArray("memory-full-e2[=5]");
 }
 
-void SimProgram::tellsAboutItself()
+void ProgramTest::printsInformation()
 {
     QFETCH(QString, option);
     m_process.setArguments({option});
     m_process.start();
     QVERIFY(finish());
     QCOMPARE(m_process.exitCode(), 0);
-    QFETCH(QByteArray, says);
-    QVERIFY2(m_output.contains(says), m_output.constData());
+    QFETCH(QByteArray, text);
+    QVERIFY2(m_output.contains(text), m_output.constData());
     QCOMPARE(m_process.readAllStandardError(), QByteArray());
 }
 
-void SimProgram::listsEveryFailure()
+void ProgramTest::listsEveryFailure()
 {
     m_process.setArguments({QStringLiteral("--list-failures")});
     m_process.start();
     QVERIFY(finish());
     const QList<QByteArray> lines = m_output.trimmed().split('\n');
     QVERIFY(lines.size() >= 30);
-    // The first word of every line, without its number, is good for --fail.
+    // --fail accepts the name at the beginning of every line.
     QStringList arguments;
     for (const QByteArray &line : lines)
         arguments +=
@@ -233,7 +146,7 @@ void SimProgram::listsEveryFailure()
     QVERIFY(start(arguments));
 }
 
-void SimProgram::printsWhatItHears()
+void ProgramTest::printsMessages()
 {
     QVERIFY(start({QStringLiteral("--verbose"), QStringLiteral("--no-groove")}));
     send(hex("494D0003 0BB96321 0BB96226 0BB9063F"));
@@ -258,7 +171,7 @@ void SimProgram::printsWhatItHears()
     QCOMPARE(m_process.exitCode(), 0);
 }
 
-void SimProgram::staysQuietWithoutVerbose()
+void ProgramTest::printsNoMessagesWithoutVerbose()
 {
     QVERIFY(start({QStringLiteral("--no-groove")}));
     send(hex("494D0003 0BB96321 0BB96226 0BB9063F"));
@@ -268,20 +181,20 @@ void SimProgram::staysQuietWithoutVerbose()
     QVERIFY(!m_output.contains("pad 38"));
 }
 
-void SimProgram::obeysStandardInput()
+void ProgramTest::runsCommandsOfStandardInput()
 {
     QVERIFY(start({QStringLiteral("--no-groove")}));
-    type("meters off\n"); // nothing but answers from here on
+    type("meters off\n"); // from here on the engine only answers
     type("help\n");
     QVERIFY(waitForLine("quit"));
     type("strike snare\n");
-    QVERIFY(waitForLine("not sent: no module has been heard yet\n"));
+    QVERIFY(waitForLine("not sent: no module is known yet\n"));
     send(hex("494D0003 0BB96338 0BB96207 0BB90664"));
     QVERIFY(waitForLine("module 127.0.0.1:"));
-    QCOMPARE(receive(), hex("544D4143 0078 0000")); // a module heard for the first time is told the tempo
+    QCOMPARE(receive(), hex("544D4143 0078 0000")); // the engine sends the tempo to a new module
     type("strike snare 100\r\n");
     QCOMPARE(receive(), hex("494D4143 9909 6426"));
-    // A bad line is one complaint, and life goes on.
+    // A wrong line gives one message and has no effect.
     type("dance\n\n# a comment\nparam 0x38 0x07\n");
     QVERIFY(waitForLine("mixer master out level 100\n"));
     QCOMPARE(m_process.readAllStandardError(), QByteArray("zelta-engine-sim: unknown command \"dance\"\n"));
@@ -292,12 +205,71 @@ void SimProgram::obeysStandardInput()
     QVERIFY(m_output.contains("summary sent-pad-hits 1\n"));
 }
 
-void SimProgram::outlivesItsStandardInput()
+void ProgramTest::playsTypedSteps()
+{
+    QVERIFY(start({QStringLiteral("--no-groove")}));
+    // Without meters before the engine knows the module.
+    type("meters off\nprint silent\n");
+    QVERIFY(waitForLine("silent\n"));
+    type("wait-for module\nafter 50 strike snare 100\nat 1 beat 2\nafter\nmodule\n");
+    send(hex("494D0003 0BB96338 0BB96207 0BB90664"));
+    QCOMPARE(receive(), hex("544D4143 0078 0000"));
+    QCOMPARE(receive(), hex("494D4143 9909 6426"));
+    QCOMPARE(receive(), hex("42544143 0002 0000"));
+    QVERIFY(waitForLine("module 127.0.0.1:"));
+    type("quit\n");
+    QVERIFY(finish());
+    QCOMPARE(m_process.exitCode(), 0);
+    QCOMPARE(m_process.readAllStandardError(), QByteArray("zelta-engine-sim: usage: after MS COMMAND\n"));
+}
+
+void ProgramTest::repeatsTypedLines()
+{
+    QVERIFY(start({QStringLiteral("--no-groove")}));
+    // A wrong line within a block, a wrong block and an end too many have no effect.
+    type("repeat 2\nprint one\ndance\nrepeat 2\nprint two\nend\nend\nrepeat 0\nend\nprint three\nquit\n");
+    QVERIFY(finish());
+    QCOMPARE(m_process.exitCode(), 0);
+    QVERIFY2(m_output.contains("\none\ntwo\ntwo\none\ntwo\ntwo\nthree\nsummary "), m_output.constData());
+    QCOMPARE(m_process.readAllStandardError(),
+             QByteArray("zelta-engine-sim: unknown command \"dance\"\n"
+                        "zelta-engine-sim: usage: repeat N, from 1 to 1000000\n"
+                        "zelta-engine-sim: end without repeat\n"));
+}
+
+void ProgramTest::waitsForTypedStrikes()
+{
+    const QTemporaryDir directory;
+    QFile file(directory.filePath(QStringLiteral("strike.scenario")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("wait-for module\nstrike kick\nprint ready\nwait-for strike snare\nprint struck\nquit\n");
+    file.close();
+    QVERIFY(start({QStringLiteral("--scenario"), file.fileName()}));
+    send(hex("494D0003 0BB96338 0BB96207 0BB90664"));
+    QVERIFY(waitForLine("ready\n"));
+    type("strike snare\n");
+    QVERIFY(finish());
+    QCOMPARE(m_process.exitCode(), 0);
+    QVERIFY(m_output.contains("ready\nstruck\nsummary "));
+}
+
+void ProgramTest::reportsATypedWaitThatRunsOut()
+{
+    QVERIFY(start({QStringLiteral("--no-groove")}));
+    type("wait-for transfer within 50\nviolations\nquit\n");
+    QVERIFY(finish());
+    QCOMPARE(m_process.exitCode(), 2);
+    QCOMPARE(m_process.readAllStandardError(),
+             QByteArray("zelta-engine-sim: wait-for transfer within 50: timed out\n"));
+    QVERIFY(m_output.contains("\nviolations 0\n"));
+}
+
+void ProgramTest::outlivesStandardInput()
 {
     QVERIFY(start({QStringLiteral("--no-groove"), QStringLiteral("--verbose")}));
-    type("module"); // the last line need not end
+    type("module"); // without a line end
     m_process.closeWriteChannel();
-    QVERIFY(waitForLine("no module has been heard yet\n"));
+    QVERIFY(waitForLine("no module is known yet\n"));
     send(hex("494D0003 0BB96338 0BB96207 0BB90664"));
     QVERIFY(waitForLine("mixer master out level 100\n"));
     m_process.terminate();
@@ -315,14 +287,14 @@ void SimProgram::outlivesItsStandardInput()
     QCOMPARE(m_process.exitCode(), 0);
 }
 
-void SimProgram::endsOnSignals_data()
+void ProgramTest::endsOnSignals_data()
 {
     QTest::addColumn<int>("signal");
     QTest::newRow("SIGINT") << SIGINT;
     QTest::newRow("SIGTERM") << SIGTERM;
 }
 
-void SimProgram::endsOnSignals()
+void ProgramTest::endsOnSignals()
 {
     QFETCH(int, signal);
     QVERIFY(start({}));
@@ -332,7 +304,7 @@ void SimProgram::endsOnSignals()
     QVERIFY(m_output.contains("summary violations 0\n"));
 }
 
-void SimProgram::endsAfterItsDuration()
+void ProgramTest::endsAfterItsDuration()
 {
     QVERIFY(start({QStringLiteral("--duration"), QStringLiteral("0.2")}));
     QVERIFY(finish());
@@ -340,7 +312,7 @@ void SimProgram::endsAfterItsDuration()
     QVERIFY(m_output.contains("summary received-datagrams 0\n"));
 }
 
-void SimProgram::countsViolationsInItsExit()
+void ProgramTest::countsViolationsInItsExit()
 {
     QVERIFY(start({QStringLiteral("--no-groove")}));
     send(hex("494D0003 0BB06338 0BB06207 0BB00664"));
@@ -351,7 +323,7 @@ void SimProgram::countsViolationsInItsExit()
     QCOMPARE(m_process.exitCode(), 3);
 }
 
-void SimProgram::playsAScenario()
+void ProgramTest::playsAScenario()
 {
     const QTemporaryDir directory;
     QFile file(directory.filePath(QStringLiteral("test.scenario")));
@@ -371,7 +343,7 @@ void SimProgram::playsAScenario()
     QVERIFY(m_output.contains("mixer master out level 100\n"));
 }
 
-void SimProgram::failsWithItsScenario()
+void ProgramTest::failsWithItsScenario()
 {
     const QTemporaryDir directory;
     const QString path = directory.filePath(QStringLiteral("bad.scenario"));
@@ -387,6 +359,18 @@ void SimProgram::failsWithItsScenario()
                                                    path.toLocal8Bit() +
                                                    ", line 3: unknown command \"dance\"\n");
 
+    // All faults at once, each with its line.
+    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write("dance\nrepeat 2\nstrike cowbell\nbeat 1\n");
+    file.close();
+    m_process.start();
+    QVERIFY(finish());
+    QCOMPARE(m_process.exitCode(), 1);
+    const QByteArray prefix = "zelta-engine-sim: scenario " + path.toLocal8Bit();
+    QCOMPARE(m_process.readAllStandardError(),
+             prefix + ", line 1: unknown command \"dance\"\n" + prefix + ", line 2: repeat without end\n" +
+                 prefix + ", line 3: \"cowbell\" is neither a pad nor a note from 0 to 127\n");
+
     QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
     file.write("wait-for module within 100\n");
     file.close();
@@ -394,10 +378,25 @@ void SimProgram::failsWithItsScenario()
     QVERIFY(finish());
     QCOMPARE(m_process.exitCode(), 2);
     QCOMPARE(m_process.readAllStandardError(),
-             QByteArray("zelta-engine-sim: scenario line 1: wait-for module within 100: did not happen\n"));
+             QByteArray("zelta-engine-sim: scenario line 1: wait-for module within 100: timed out\n"));
 }
 
-void SimProgram::samplesAreGood()
+void ProgramTest::failsWhenItsScenarioCannotSend()
+{
+    const QTemporaryDir directory;
+    QFile file(directory.filePath(QStringLiteral("early.scenario")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("strike snare\nmodule\nquit\n");
+    file.close();
+    QVERIFY(start({QStringLiteral("--scenario"), file.fileName()}));
+    QVERIFY(finish());
+    QCOMPARE(m_process.exitCode(), 2);
+    QCOMPARE(m_process.readAllStandardError(),
+             QByteArray("zelta-engine-sim: scenario line 1: strike snare: not sent\n"));
+    QVERIFY(m_output.contains("not sent: no module is known yet\nno module is known yet\n"));
+}
+
+void ProgramTest::samplesAreGood()
 {
     const QDir samples(QStringLiteral(SCENARIO_DIR));
     const QStringList names = samples.entryList({QStringLiteral("*.scenario")});
@@ -411,7 +410,7 @@ void SimProgram::samplesAreGood()
     }
 }
 
-void SimProgram::storesFiles()
+void ProgramTest::storesFiles()
 {
     const QTemporaryDir directory;
     QVERIFY(start({QStringLiteral("--store"), directory.path(), QStringLiteral("--no-groove")}));
@@ -424,16 +423,16 @@ void SimProgram::storesFiles()
     QCOMPARE(file.readAll(), hex("01 02 03"));
 }
 
-void SimProgram::playsByDefaultAndTheSameForTheSameSeed()
+void ProgramTest::playsByDefaultAndTheSameForTheSameSeed()
 {
     const auto hits = [this](const QString &seed) {
         m_output.clear();
-        QByteArray heard;
+        QByteArray played;
         if (!start({QStringLiteral("--seed"), seed, QStringLiteral("--module"),
                     QStringLiteral("127.0.0.1:%1").arg(m_socket->localPort())}))
-            return heard;
-        // Strikes fall a few milliseconds late by design, so those of one moment may change places; none of
-        // the next moment is among the first five.
+            return played;
+        // Strikes vary by a few milliseconds, so the order of simultaneous strikes may change. The first five
+        // are simultaneous.
         QList<QByteArray> strikes;
         while (strikes.size() < 5) {
             const QByteArray datagram = receive();
@@ -448,8 +447,8 @@ void SimProgram::playsByDefaultAndTheSameForTheSameSeed()
             m_socket->readDatagram(nullptr, 0);
         std::sort(strikes.begin(), strikes.end());
         for (const QByteArray &strike : qAsConst(strikes))
-            heard += strike;
-        return heard;
+            played += strike;
+        return played;
     };
     const QByteArray first = hits(QStringLiteral("4"));
     QCOMPARE(first.size(), 10);
@@ -457,5 +456,5 @@ void SimProgram::playsByDefaultAndTheSameForTheSameSeed()
     QVERIFY(hits(QStringLiteral("5")) != first);
 }
 
-QTEST_GUILESS_MAIN(SimProgram)
-#include "sim_program.moc"
+QTEST_GUILESS_MAIN(ProgramTest)
+#include "tst_program.moc"
