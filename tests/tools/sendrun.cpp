@@ -3,9 +3,13 @@
 #include <QTest>
 
 SendRun::SendRun(int number, const QString &failure)
-    : m_address(QStringLiteral("127.20.27.%1").arg(number))
+    : SendRun(QStringLiteral("127.20.27.%1").arg(number), failure)
+{}
+
+SendRun::SendRun(const QString &address, const QString &failure)
+    : m_address(address)
 {
-    // The same test may run in another build tree on this machine.
+    // The same test in another build tree may use the address.
     if (!QTest::qWaitFor([this] { return m_engine.listen(QHostAddress(m_address)); }, 20000))
         qFatal("%s: %s", qPrintable(m_address), qPrintable(m_engine.errorString()));
     QString problem;

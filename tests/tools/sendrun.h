@@ -5,12 +5,13 @@
 #include <QProcess>
 #include <QStringList>
 
-/// One run of zelta-send against a sound engine of its own. Several can run side by side.
+/// One run of zelta-send with its own sound engine. Several can run at the same time.
 class SendRun
 {
 public:
     /// The engine listens at 127.20.27.<number>. A failure mode may be given.
     explicit SendRun(int number, const QString &failure = QString());
+    explicit SendRun(const QString &address, const QString &failure = QString());
     ~SendRun();
 
     SoundEngine &engine() { return m_engine; }
@@ -18,11 +19,11 @@ public:
 
     /// Adds --engine to the arguments.
     void start(const QStringList &arguments);
-    /// It runs and has sent nothing yet.
+    /// True while it runs and has sent nothing.
     bool isStarting() const { return m_process.state() != QProcess::NotRunning && !m_engine.knowsModule(); }
-    /// Waits until the program has ended and returns its exit status, -1 when it does not or was killed.
+    /// Waits until the program ends and returns its exit status, or -1 after a time-out or a crash.
     int exitStatus(int timeoutMs = 100000);
-    /// What it said, once it has ended.
+    /// Standard output and standard error, after exitStatus().
     QString output();
     QString errors();
 
