@@ -1,4 +1,4 @@
-// Never compiled: a line for everything that the board's Qt does not know, each of which has to be found.
+// Not compiled: a line for each expression of newerqt.list, which the test must find.
 
 #include <QCalendar>
 #include <QRecursiveMutex>

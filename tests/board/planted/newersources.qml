@@ -1,4 +1,4 @@
-// Never shown: QML that the board's Qt does not understand.
+// Not loaded: QML that Qt 5.12 does not support.
 import QtQuick 2.15
 import QtQuick.Controls 2.13
 import QtQml 2.14

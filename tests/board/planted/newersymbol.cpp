@@ -1,4 +1,4 @@
-// Needs a function of Qt 5.15, which has to be noticed.
+// Uses a function of Qt 5.15, which the test must find.
 
 #include <QFile>
 
