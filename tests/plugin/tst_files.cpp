@@ -1,8 +1,8 @@
-// The files around the library: type information that says what the library does, and an installation that
-// puts them where they belong.
+// The files beside the library: type information that matches the library, and their installation.
 
 #include "support/enginepeer.h"
 #include "support/logcatcher.h"
+#include "support/testprogram.h"
 
 #include <QDir>
 #include <QFile>
@@ -24,7 +24,7 @@ QByteArray contentOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// Without the comment at the top, which names the command line that wrote it.
+// Removes the comment at the top, which contains the command line that wrote the file.
 QByteArray withoutComments(const QByteArray &types)
 {
     QByteArray result;
@@ -63,11 +63,11 @@ void FilesTest::typeInformationIsCurrent()
     if (!QFile::exists(program))
         QSKIP("qmlplugindump is missing (Debian package qtdeclarative5-dev-tools)");
 
-    // A module without the committed description: nothing but the library itself is asked.
+    // A module without plugins.qmltypes, so that the tool reads only the library.
     const QTemporaryDir directory;
     QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("ZeltaConnect")));
     const QString module = directory.filePath(QStringLiteral("ZeltaConnect/"));
-    const QString built = QStringLiteral(ZELTACONNECT_QML_DIR "/ZeltaConnect/");
+    const QString built = testsupport::qmlDir() + QStringLiteral("/ZeltaConnect/");
     for (const QString &name : {QStringLiteral("qmldir"), QStringLiteral("libzeltaconnectplugin.so")})
         QVERIFY(QFile::copy(built + name, module + name));
 
@@ -82,7 +82,7 @@ void FilesTest::typeInformationIsCurrent()
     const QByteArray committed =
         contentOf(QStringLiteral(ZELTACONNECT_PLUGIN_SOURCE_DIR "/plugins.qmltypes"));
     QVERIFY2(withoutComments(fresh) == withoutComments(committed),
-             "plugin/plugins.qmltypes is not what 'qmlplugindump -noinstantiate ZeltaConnect 1.0 .' writes");
+             "plugin/plugins.qmltypes is out of date: build target update-qmltypes of preset dev");
 }
 
 void FilesTest::buildTreeHasTheCommittedFiles()
@@ -90,7 +90,7 @@ void FilesTest::buildTreeHasTheCommittedFiles()
     for (const QString &name : {QStringLiteral("qmldir"), QStringLiteral("plugins.qmltypes")}) {
         const QByteArray committed = contentOf(QStringLiteral(ZELTACONNECT_PLUGIN_SOURCE_DIR "/") + name);
         QVERIFY(!committed.isEmpty());
-        QCOMPARE(contentOf(QStringLiteral(ZELTACONNECT_QML_DIR "/ZeltaConnect/") + name), committed);
+        QCOMPARE(contentOf(testsupport::qmlDir() + QStringLiteral("/ZeltaConnect/") + name), committed);
     }
 }
 
@@ -102,7 +102,7 @@ void FilesTest::installs()
     environment.insert(QStringLiteral("DESTDIR"), root.path());
     install.setProcessEnvironment(environment);
     install.setProcessChannelMode(QProcess::MergedChannels);
-    // The module's part of the installation; a test must not need the programs of other folders.
+    // Installs only the module, so that the test does not depend on the programs of other folders.
     install.start(QStringLiteral(ZELTACONNECT_CMAKE),
                   {QStringLiteral("-DCMAKE_INSTALL_LOCAL_ONLY=1"), QStringLiteral("-P"),
                    QStringLiteral(ZELTACONNECT_PLUGIN_BINARY_DIR "/cmake_install.cmake")});

@@ -1,6 +1,7 @@
-// What the plug-in loader reads in the library, by its own account and byte by byte.
+// Plug-in metadata in the library, as QPluginLoader reports it and byte by byte.
 
 #include "support/hex.h"
+#include "support/testprogram.h"
 
 #include <QCborMap>
 #include <QCborValue>
@@ -17,7 +18,7 @@ namespace {
 
 QString libraryPath()
 {
-    return QStringLiteral(ZELTACONNECT_QML_DIR "/ZeltaConnect/libzeltaconnectplugin.so");
+    return testsupport::qmlDir() + QStringLiteral("/ZeltaConnect/libzeltaconnectplugin.so");
 }
 
 } // namespace
@@ -29,15 +30,15 @@ class MetadataTest : public QObject
 private Q_SLOTS:
     void threeFiles();
     void asTheLoaderReadsIt();
-    void asItLiesInTheLibrary();
+    void bytesInTheLibrary();
     void sameInstanceTwice();
-    void instanceIsKeptWhileTheLibraryIs();
-    void declaresNothingOfItsOwn();
+    void instanceIsRecreatedAfterItsDeletion();
+    void hasNoMembersOfItsOwn();
 };
 
 void MetadataTest::threeFiles()
 {
-    QCOMPARE(QDir(QStringLiteral(ZELTACONNECT_QML_DIR "/ZeltaConnect")).entryList(QDir::Files, QDir::Name),
+    QCOMPARE(QDir(testsupport::qmlDir() + QStringLiteral("/ZeltaConnect")).entryList(QDir::Files, QDir::Name),
              QStringList({QStringLiteral("libzeltaconnectplugin.so"), QStringLiteral("plugins.qmltypes"),
                           QStringLiteral("qmldir")}));
 }
@@ -52,7 +53,7 @@ void MetadataTest::asTheLoaderReadsIt()
     QVERIFY(metadata.value(QLatin1String("MetaData")).toObject().isEmpty());
 }
 
-void MetadataTest::asItLiesInTheLibrary()
+void MetadataTest::bytesInTheLibrary()
 {
     QFile library(libraryPath());
     QVERIFY(library.open(QIODevice::ReadOnly));
@@ -66,14 +67,14 @@ void MetadataTest::asItLiesInTheLibrary()
     QCOMPARE(int(version.at(0)), 0);
     QCOMPARE(int(version.at(1)), QT_VERSION_MAJOR);
     QCOMPARE(int(version.at(2)), QT_VERSION_MINOR);
-    // A plug-in built for debugging does not go with a release, nor the other way round.
+    // A debug plug-in cannot be loaded by a release build of Qt, and a release plug-in not by a debug build.
 #ifdef QT_NO_DEBUG
     QCOMPARE(int(version.at(3)), 0);
 #else
     QCOMPARE(int(version.at(3)), 1);
 #endif
 
-    // A CBOR map of two entries: 2, a text of 40 characters; 3, a text of 18.
+    // A CBOR map with two entries. Key 2 is a text of 40 characters, key 3 a text of 18.
     const QByteArray map = content.mid(position + magic.size() + 4);
     const QByteArray expected =
         hex("02 7828") + "org.qt-project.Qt.QQmlExtensionInterface" + hex("03 72") + "ZeltaConnectPlugin";
@@ -98,7 +99,7 @@ void MetadataTest::sameInstanceTwice()
     QCOMPARE(instance->parent(), nullptr);
 }
 
-void MetadataTest::instanceIsKeptWhileTheLibraryIs()
+void MetadataTest::instanceIsRecreatedAfterItsDeletion()
 {
     QFunctionPointer entry = QLibrary(libraryPath()).resolve("qt_plugin_instance");
     QVERIFY(entry);
@@ -106,7 +107,7 @@ void MetadataTest::instanceIsKeptWhileTheLibraryIs()
     QObject *first = instanceOf();
     QVERIFY(first);
     QCOMPARE(instanceOf(), first);
-    // The plug-in keeps a guarded pointer: once the object is gone, the next call makes another one.
+    // The plug-in keeps a guarded pointer: after the object is deleted, the next call creates another one.
     delete first;
     QObject *next = instanceOf();
     QVERIFY(next);
@@ -114,7 +115,7 @@ void MetadataTest::instanceIsKeptWhileTheLibraryIs()
     QVERIFY(QLibrary(libraryPath()).resolve("qt_plugin_query_metadata"));
 }
 
-void MetadataTest::declaresNothingOfItsOwn()
+void MetadataTest::hasNoMembersOfItsOwn()
 {
     QPluginLoader loader(libraryPath());
     const QObject *instance = loader.instance();

@@ -1,10 +1,11 @@
-// The module imported from the build tree by a QML engine, as the touch screen does it.
+// The module, imported from the build tree by a QML engine.
 
+#include "support/datagram.h"
 #include "support/enginepeer.h"
-#include "support/hex.h"
 #include "support/logcatcher.h"
 #include "support/processresources.h"
 #include "support/signalrecorder.h"
+#include "support/testprogram.h"
 #include "support/texts.h"
 
 #include <QLibraryInfo>
@@ -45,10 +46,7 @@ private Q_SLOTS:
     void otherNamesAreRefused_data();
     void otherNamesAreRefused();
     void createdAndDestroyedAtOnce();
-    void methodsFromQml_data();
-    void methodsFromQml();
-    void signalsAndPropertiesInQml();
-    void testCommandsAndSysExInQml();
+    void calledWhileItIsCreated();
     void asAChildOfAScreen();
     void twoInOneScreen();
 
@@ -66,9 +64,9 @@ void ModuleTest::init()
     QVERIFY2(m_peer->isOpen(), qPrintable(m_peer->errorString()));
     m_log = std::make_unique<LogCatcher>();
     m_engine = std::make_unique<QQmlEngine>();
-    // The build tree before all else, or an installed module would be tested instead.
+    // The build tree comes first, so that an installed module is not tested instead.
     m_engine->setImportPathList({QLibraryInfo::location(QLibraryInfo::Qml2ImportsPath)});
-    m_engine->addImportPath(QStringLiteral(ZELTACONNECT_QML_DIR));
+    m_engine->addImportPath(testsupport::qmlDir());
 }
 
 void ModuleTest::cleanup()
@@ -120,7 +118,7 @@ void ModuleTest::otherVersionsAreRefused()
     QVERIFY(!object);
     QVERIFY2(errorTexts(component).constFirst().contains(QLatin1String("ZeltaConnect")),
              qPrintable(errorTexts(component).join(QLatin1Char('\n'))));
-    // QQmlComponent says so once more when it is asked to create.
+    // QQmlComponent warns again when create() is called.
     QCOMPARE(m_log->warnings(), QStringList{QStringLiteral("QQmlComponent: Component is not ready")});
     m_log->clear();
 }
@@ -146,7 +144,7 @@ void ModuleTest::otherNamesAreRefused()
 void ModuleTest::createdAndDestroyedAtOnce()
 {
     create("import ZeltaConnect 1.0\nZeltaConnect {}");
-    // One more at most, of the test before, that the kernel has not cleared away yet.
+    // May include one thread of the previous test that the kernel has not removed yet.
     const int threads = threadCount();
     const int sockets = socketCount();
     const int descriptors = descriptorCount();
@@ -161,78 +159,14 @@ void ModuleTest::createdAndDestroyedAtOnce()
     }
 }
 
-void ModuleTest::methodsFromQml_data()
+void ModuleTest::calledWhileItIsCreated()
 {
-    QTest::addColumn<QByteArray>("call");
-    QTest::addColumn<QByteArray>("datagram");
-
-    QTest::newRow("mixer") << QByteArray("setSnareStyle(1)") << hex("494d0003 0bb96337 0bb96204 0bb90601");
-    QTest::newRow("two values") << QByteArray("setPlaybackRouting(2, 5)")
-                                << hex("494d0004 0bb96337 0bb9620f 0bb92605 0bb90602");
-    QTest::newRow("no value") << QByteArray("requestOutsUpdate()")
-                              << hex("494d0003 0bb9633b 0bb9621f 0bb90600");
-    QTest::newRow("switch") << QByteArray("setLedEnabled(3, true)") << hex("4c44 0003 0001");
-    QTest::newRow("array") << QByteArray("sendSysEx([0x7E, 0x7F, 0x06, 0x01])")
-                           << hex("494d0002 04f07e7f 070601f7");
-    QTest::newRow("empty array") << QByteArray("sendSysEx([])") << hex("494d0001 05f0f700");
-    QTest::newRow("array of one") << QByteArray("sendSysEx([1])") << hex("494d0001 06f001f7");
-}
-
-void ModuleTest::methodsFromQml()
-{
-    QFETCH(QByteArray, call);
-    QFETCH(QByteArray, datagram);
-
-    const std::unique_ptr<QObject> module = create(
-        "import QtQml 2.0\nimport ZeltaConnect 1.0\nZeltaConnect { Component.onCompleted: " + call + " }");
+    const std::unique_ptr<QObject> module = create("import QtQml 2.0\nimport ZeltaConnect 1.0\nZeltaConnect "
+                                                   "{ Component.onCompleted: setSnareStyle(1) }");
     QVERIFY(module);
-    QCOMPARE(m_peer->next(), datagram);
+    // Parameter 37 04: page 0x37, number 0x04, value 1.
+    QCOMPARE(m_peer->next(), datagram("IM 0003 0bb96337 0bb96204 0bb90601"));
     QVERIFY(m_peer->nothingSentBy(module.get()));
-}
-
-void ModuleTest::signalsAndPropertiesInQml()
-{
-    const std::unique_ptr<QObject> module =
-        create("import ZeltaConnect 1.0\n"
-               "ZeltaConnect {\n"
-               "    property var seen: []\n"
-               "    property int shownTempo: tempo\n"
-               "    property bool shownPower: powerPressed\n"
-               "    onPowerChanged: seen.push('power ' + powerPressed)\n"
-               "    onUdpPacketArrived: seen.push('event ' + id + ' ' + idx + ' ' + data)\n"
-               "    onTempoChanged: seen.push('tempo ' + tempo)\n"
-               "}");
-    QVERIFY(module);
-    QVERIFY(m_peer->connectTo(module.get()));
-    for (const char *datagram : {"53574143 50570005", "53574143 50570005", "544d4143 00780000",
-                                 "544d4143 00000000", "41424143 00010002"})
-        QVERIFY(m_peer->send(hex(datagram)));
-    QVERIFY(m_peer->settle(module.get()));
-    QStringList seen = module->property("seen").toStringList();
-    QCOMPARE(seen.mid(0, 3), texts({"power true", "tempo 120", "event 16706 1 2"}));
-    QCOMPARE(seen.size(), 4); // the fence
-    QCOMPARE(module->property("shownTempo").toInt(), 120);
-    QCOMPARE(module->property("shownPower").toBool(), true);
-    QVERIFY(!module->setProperty("tempo", 99));
-    QCOMPARE(module->property("tempo").toInt(), 120);
-}
-
-void ModuleTest::testCommandsAndSysExInQml()
-{
-    const std::unique_ptr<QObject> module =
-        create("import ZeltaConnect 1.0\n"
-               "ZeltaConnect {\n"
-               "    property var seen: []\n"
-               "    onTestCommand: seen.push(high + ' ' + low + ' ' + value)\n"
-               "    onSysEx: seen.push(value)\n"
-               "}");
-    QVERIFY(module);
-    QVERIFY(m_peer->connectTo(module.get()));
-    for (const char *datagram : {"494d4143 b90b1263", "494d4143 b90b3462", "494d4143 b90b5606",
-                                 "494d4143 f0044110", "494d4143 10044212", "494d4143 f7050000"})
-        QVERIFY(m_peer->send(hex(datagram)));
-    QVERIFY(m_peer->settle(module.get()));
-    QCOMPARE(module->property("seen").toStringList(), texts({"12 34 56", "04f010410410124205f70000"}));
 }
 
 void ModuleTest::asAChildOfAScreen()
@@ -272,9 +206,9 @@ void ModuleTest::twoInOneScreen()
     QVERIFY(m_peer->connectTo(second));
     const SignalRecorder firstRecorder(first);
     const SignalRecorder secondRecorder(second);
-    QVERIFY(m_peer->send(hex("42544143 00030000")));
+    QVERIFY(m_peer->send(datagram("TM AC 00780000")));
     QVERIFY(m_peer->settle(second));
-    QCOMPARE(secondRecorder.texts(), texts({"beatChanged()"}));
+    QCOMPARE(secondRecorder.texts(), texts({"tempoChanged()"}));
     QCOMPARE(firstRecorder.texts(), QStringList());
 }
 
