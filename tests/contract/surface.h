@@ -5,8 +5,8 @@
 namespace zelta {
 namespace contract {
 
-// What the QML of the touch screen relies on, in the order of the type's tables: names, argument names,
-// types.
+// The names, argument names and types that the QML of the touch screen relies on, in the order of the
+// meta-object.
 
 enum Finality { NotFinal, IsFinal };
 
@@ -21,7 +21,7 @@ struct Property
 extern const testsupport::Table<Property> properties;
 extern const testsupport::Table<const char *> signalSignatures;
 extern const testsupport::Table<const char *> slotSignatures;
-extern const testsupport::Table<const char *> methodSignatures; ///< with the type of the result in front
+extern const testsupport::Table<const char *> methodSignatures; ///< each begins with the return type
 
 } // namespace contract
 } // namespace zelta

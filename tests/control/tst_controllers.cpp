@@ -1,7 +1,7 @@
-// The controllers as objects: what of them other objects can see, hear and call.
+// Signals and slots of the controllers, as other objects use them.
 
 #include "support/connectedmodule.h"
-#include "support/hex.h"
+#include "support/datagram.h"
 #include "support/texts.h"
 
 #include <QMetaMethod>
@@ -11,7 +11,7 @@ using namespace testsupport;
 
 namespace {
 
-/// Signals and slots of a class itself, in their order.
+/// Signals and slots that a class declares itself, in the order of declaration.
 QStringList ownMethods(const QMetaObject &type)
 {
     QStringList methods;
@@ -43,7 +43,7 @@ private Q_SLOTS:
     void padsSignalBeforeTheControlObjectDoes();
 };
 
-// QML never reaches a controller, so there is nothing to see but what the control object listens to.
+// QML does not use controllers. They declare only the members to which the control object is connected.
 void ControllersTest::metaObject_data()
 {
     QTest::addColumn<const QMetaObject *>("type");
@@ -82,7 +82,7 @@ void ControllersTest::metaObject()
     QCOMPARE(type->className(), QTest::currentDataTag());
     QVERIFY(type->inherits(&QQuickItem::staticMetaObject));
     QCOMPARE(ownMethods(*type), methods);
-    // Nor has what stands between a controller and its base anything to offer.
+    // The classes between a controller and QQuickItem declare no signals or slots.
     for (const QMetaObject *base = type->superClass(); base != &QQuickItem::staticMetaObject;
          base = base->superClass())
         QCOMPARE(ownMethods(*base), QStringList());
@@ -117,7 +117,7 @@ void ControllersTest::potsTakePotEventsOnly()
     QCOMPARE(connected.recorder.texts(), texts({"triggerPot1Inc()"}));
 }
 
-// The pots' own signals are there to be connected to, and stay silent.
+// The signals of the pot controller itself are never emitted.
 void ControllersTest::potsSignalThroughTheControlObject()
 {
     ConnectedModule connected;
@@ -134,7 +134,7 @@ void ControllersTest::potsSignalThroughTheControlObject()
     QCOMPARE(recorder.texts(), QStringList());
 }
 
-// What a pad controller beside the module's own makes of the events that the module passes on.
+// A second pad controller decodes the events that the module forwards.
 void ControllersTest::padsSignalBeforeTheControlObjectDoes()
 {
     ConnectedModule connected;
@@ -142,10 +142,10 @@ void ControllersTest::padsSignalBeforeTheControlObjectDoes()
     qconnectpad pad(&connected.module, nullptr);
     const SignalRecorder recorder(&pad);
     QVERIFY(connected.deliver({
-        hex("494d4143 99096426"), // note 38, velocity 100
-        hex("494d4143 a90a7f31"), // note 49, pressure 127
-        hex("494d4143 b90b0504"), // controller 4 at 5
-        hex("494d4143 c90c0007"), // program 7
+        datagram("IM AC 99096426"), // note 38, velocity 100
+        datagram("IM AC a90a7f31"), // note 49, pressure 127
+        datagram("IM AC b90b0504"), // controller 4 at 5
+        datagram("IM AC c90c0007"), // program 7
     }));
     QCOMPARE(recorder.count(), 4);
     QCOMPARE(recorder.recorded().at(2).name, QByteArray("positionReceived"));

@@ -1,9 +1,9 @@
-// The four ways to send: one datagram for one call, the bytes as they are, and what is logged.
+// The four write functions: each call sends its bytes in one datagram; only raw records are logged.
 
 #include "link/midipacket.h"
 #include "link/rawpacket.h"
 #include "support/connectedmodule.h"
-#include "support/hex.h"
+#include "support/datagram.h"
 #include "support/logcatcher.h"
 #include "support/texts.h"
 #include "transfer/datapacket.h"
@@ -53,7 +53,7 @@ void WritePathTest::parameterPacket()
     packet.setData(1, {0x0B, 0xB9, 0x62, 0x08});
     packet.setData(2, {0x0B, 0xB9, 0x06, 0x3F});
     QCOMPARE(engine.module.writeMidiData(packet), qint64(16));
-    QCOMPARE(engine.peer.next(), hex("494d0003 0bb96338 0bb96208 0bb9063f"));
+    QCOMPARE(engine.peer.next(), datagram("IM 0003 0bb96338 0bb96208 0bb9063f"));
     QVERIFY(engine.peer.nothingSentBy(&engine.module));
     QCOMPARE(log.lines().size(), 0);
     QCOMPARE(engine.recorder.texts(), QStringList());
@@ -67,7 +67,7 @@ void WritePathTest::packetLongerThanItsCount()
     packet.setData(0, {0x0B, 0xB9, 0x07, 0x01});
     packet.setData(1, {0x0B, 0xB9, 0x07, 0x02});
     QCOMPARE(engine.module.writeMidiData(packet), qint64(12));
-    QCOMPARE(engine.peer.next(), hex("494d0001 0bb90701 0bb90702"));
+    QCOMPARE(engine.peer.next(), datagram("IM 0001 0bb90701 0bb90702"));
 }
 
 void WritePathTest::bytes_data()
@@ -112,7 +112,7 @@ void WritePathTest::dataPacket()
     QVERIFY(engine.connected);
     const LogCatcher log;
     QCOMPARE(engine.module.writeBinaryData(DATA_PACKET(0x4142, 0x4344)), qint64(4));
-    QCOMPARE(engine.peer.next(), hex("41424344"));
+    QCOMPARE(engine.peer.next(), datagram("AB 4344"));
     QVERIFY(engine.peer.nothingSentBy(&engine.module));
     QCOMPARE(log.lines().size(), 0);
 }
@@ -122,11 +122,11 @@ void WritePathTest::rawRecord_data()
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("line");
 
-    QTest::newRow("LED 3 on") << hex("4c44 0003 0001") << "writeRawData:  LD";
-    QTest::newRow("no zero byte") << hex("4c44 4142 4344") << "writeRawData:  LDABCD";
-    QTest::newRow("zero byte last") << hex("4c44 4142 4300") << "writeRawData:  LDABC";
-    QTest::newRow("zero byte first") << hex("0044 4142 4344") << "writeRawData:  ";
-    QTest::newRow("all zero") << hex("0000 0000 0000") << "writeRawData:  ";
+    QTest::newRow("LED 3 on") << datagram("LD 0003 0001") << "writeRawData:  LD";
+    QTest::newRow("no zero byte") << datagram("LD 4142 4344") << "writeRawData:  LDABCD";
+    QTest::newRow("zero byte last") << datagram("LD 4142 4300") << "writeRawData:  LDABC";
+    QTest::newRow("zero byte first") << datagram("0044 4142 4344") << "writeRawData:  ";
+    QTest::newRow("all zero") << datagram("0000 0000 0000") << "writeRawData:  ";
 }
 
 void WritePathTest::rawRecord()
@@ -150,9 +150,9 @@ void WritePathTest::ledSwitch()
     QVERIFY(engine.connected);
     const LogCatcher log;
     engine.module.setLedEnabled(3, true);
-    QCOMPARE(engine.peer.next(), hex("4c44 0003 0001"));
+    QCOMPARE(engine.peer.next(), datagram("LD 0003 0001"));
     engine.module.setLedEnabled(258, false);
-    QCOMPARE(engine.peer.next(), hex("4c44 0102 0000"));
+    QCOMPARE(engine.peer.next(), datagram("LD 0102 0000"));
     QCOMPARE(log.debugTexts(), QStringList({QStringLiteral("writeRawData:  LD"),
                                             QStringLiteral("writeRawData:  LD\u0001\u0002")}));
 }
@@ -165,7 +165,7 @@ void WritePathTest::oneDatagramPerCall()
     for (int i = 0; i < 50; ++i)
         engine.module.setXFadeBalance(quint8(i));
     for (int i = 0; i < 50; ++i) {
-        QByteArray expected = hex("494d0003 0bb96337 0bb96205 0bb90600");
+        QByteArray expected = datagram("IM 0003 0bb96337 0bb96205 0bb90600");
         expected[15] = char(i);
         QCOMPARE(engine.peer.next(), expected);
     }
@@ -180,11 +180,11 @@ void WritePathTest::longSysEx()
     for (int i = 0; i < 30000; ++i)
         values += 0x55;
     engine.module.sendSysEx(values);
-    const QByteArray datagram = engine.peer.next();
-    // 30002 bytes of the message make 10001 events of three.
-    QCOMPARE(datagram.left(12), hex("494d2711 04f05555 04555555"));
-    QCOMPARE(datagram.size(), 4 + 4 * 10001);
-    QCOMPARE(datagram.right(8), hex("04555555 0655f700"));
+    const QByteArray sent = engine.peer.next();
+    // The 30002 bytes of the message need 10001 events of three bytes.
+    QCOMPARE(sent.left(12), datagram("IM 2711 04f05555 04555555"));
+    QCOMPARE(sent.size(), 4 + 4 * 10001);
+    QCOMPARE(sent.right(8), datagram("04555555 0655f700"));
 }
 
 QTEST_MAIN(WritePathTest)

@@ -1,10 +1,10 @@
-// Preloaded into every program that the tests run in the emulator.
+// Preloaded into each program that the tests run in the emulator.
 //
-// Qt asks the system whether a child process can be had as a descriptor. The emulator hands that question on
-// to this machine's kernel, which says yes, and then refuses to start the child in that way itself. Qt does
-// not expect that: no child starts, and what it takes for the number of the child is -1, which to kill() is
-// every process of the user. So here the answer to the question is no, as it is on a kernel before 5.4, and
-// no signal goes to everybody.
+// Qt checks whether the kernel supports process descriptors. The emulator forwards that check to the kernel
+// of this machine, which supports them, but the emulator cannot start a child with a descriptor. Qt does not
+// handle this case: no child starts, and Qt uses -1 as its process id, which kill() interprets as all
+// processes of the user. Therefore this library makes the check fail, as on a kernel before 5.4, and blocks
+// kill(-1).
 
 #include <cerrno>
 #include <csignal>
@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr long waitForDescriptor = 3; // P_PIDFD, which older headers do not have
+constexpr long waitForDescriptor = 3; // P_PIDFD, missing in older headers
 
 template<typename Function>
 Function original(const char *name)
@@ -25,7 +25,7 @@ Function original(const char *name)
     return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
 }
 
-// This machine's own programs, which a test may start too, cannot load this library.
+// A test can also start programs of this machine, which cannot load this library.
 __attribute__((constructor)) void keepFromChildren()
 {
     ::unsetenv("LD_PRELOAD");

@@ -1,10 +1,12 @@
 #include "qml/enginedouble.h"
 
+#include "support/datagram.h"
+
 #include <QMetaMethod>
 
 namespace {
 
-// The surface of the type itself, without what it inherits.
+// The meta-object of the type itself. QML derives its objects from it.
 const QMetaObject *typeOf(const QObject *module)
 {
     const QMetaObject *meta = module->metaObject();
@@ -13,11 +15,23 @@ const QMetaObject *typeOf(const QObject *module)
     return meta;
 }
 
+// The second tag of a start packet is the kind of the file.
+QString textOf(const QByteArray &datagram)
+{
+    const int tags = datagram.startsWith("DS") ? 2 : 1;
+    QString text;
+    for (int i = 0; i < tags; ++i)
+        text += QString::fromLatin1(datagram.mid(2 * i, 2)) + QLatin1Char(' ');
+    return text + QString::fromLatin1(datagram.mid(2 * tags).toHex()).toUpper();
+}
+
 } // namespace
 
 bool EngineDouble::attach(QObject *module)
 {
     m_module = module;
+    // What a screen has sent when it was created.
+    m_peer.discardPending();
     if (!m_peer.isOpen())
         qWarning().noquote() << m_peer.errorString();
     return m_peer.isOpen() && m_peer.connectTo(module);
@@ -25,9 +39,9 @@ bool EngineDouble::attach(QObject *module)
 
 bool EngineDouble::send(const QString &datagrams)
 {
-    const QStringList texts = datagrams.split(QLatin1Char('|'));
-    for (const QString &text : texts) {
-        if (!m_peer.send(QByteArray::fromHex(text.toLatin1())))
+    const QList<QByteArray> all = testsupport::datagrams(datagrams.toLatin1());
+    for (const QByteArray &datagram : all) {
+        if (!m_peer.send(datagram))
             return false;
     }
     return m_peer.settle(m_module);
@@ -35,14 +49,14 @@ bool EngineDouble::send(const QString &datagrams)
 
 QStringList EngineDouble::received()
 {
-    // The answer to this call comes behind everything that the module has sent before.
+    // The datagram of this call arrives after all earlier datagrams of the module.
     QMetaObject::invokeMethod(m_module, "setSongLevel", Q_ARG(uchar, 0x7E));
-    const QByteArray fence = QByteArray::fromHex("494D0003 0BB96337 0BB9625F 0BB9067E");
+    const QByteArray fence = testsupport::datagram("IM 0003 0BB96337 0BB9625F 0BB9067E");
     QStringList texts;
     QByteArray datagram = m_peer.next();
     for (; !datagram.isNull() && datagram != fence; datagram = m_peer.next())
-        texts += QString::fromLatin1(datagram.toHex()).toUpper();
-    // A module that has stopped sending must not look like one that had nothing to send.
+        texts += textOf(datagram);
+    // Distinguishes a module that cannot send from a module that sends nothing.
     if (datagram.isNull())
         texts += QStringLiteral("no fence");
     return texts;

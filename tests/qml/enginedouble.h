@@ -7,8 +7,8 @@
 #include <QScopedPointer>
 #include <QStringList>
 
-/// The sound engine as the QML tests see it: sends what a test wants, shows what arrived. Datagrams are
-/// upper-case hex texts; blanks in what is sent do not matter.
+/// The sound engine for QML tests: sends datagrams and returns those that arrived. See datagram() for their
+/// form as texts.
 class EngineDouble : public QObject
 {
     Q_OBJECT
@@ -16,21 +16,22 @@ class EngineDouble : public QObject
 public:
     using QObject::QObject;
 
-    /// Takes up with a new module. False when that did not work.
+    /// Connects to a new module. False on failure.
     Q_INVOKABLE bool attach(QObject *module);
-    /// Sends datagrams, separated by '|', and waits until the module has dealt with them.
+    /// Sends datagrams, separated by '|', and waits until the module has processed them.
     Q_INVOKABLE bool send(const QString &datagrams);
-    /// All that the module has sent since the last call, one text for each datagram.
+    /// The datagrams that the module has sent since the last call: the tags, separated by blanks, and all
+    /// other bytes as upper-case hex digits.
     Q_INVOKABLE QStringList received();
 
-    /// Names of the module's methods that take arguments.
+    /// The names of the module's methods that take arguments.
     Q_INVOKABLE QStringList methodsWithArguments() const;
-    /// Names of the module's signals.
+    /// The names of the module's signals.
     Q_INVOKABLE QStringList signalNames() const;
 
-    /// From here on, what is logged is kept from the output and can be asked for.
+    /// Catches all log messages from now on.
     Q_INVOKABLE void catchLog();
-    /// The warnings since catchLog(); ends it.
+    /// Returns the warnings since catchLog() and stops catching.
     Q_INVOKABLE QStringList caughtWarnings();
 
 private:

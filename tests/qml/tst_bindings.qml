@@ -2,11 +2,11 @@ import QtQuick 2.9
 import QtTest 1.2
 import ZeltaConnect 1.0
 
-// Properties in bindings and arguments in handlers, under the names that screens use.
+// Properties in bindings, and the names of signal arguments in handlers.
 Item {
     id: root
 
-    // Inside a handler the arguments of the signal hide everything else of their names.
+    // In a handler the signal's arguments hide other objects with the same names, so the handlers use root.seen.
     property var seen: []
 
     ZeltaConnect {
@@ -38,7 +38,6 @@ Item {
         property int zone: zelta.note >> 24
         property bool choked: zelta.afterTouchNote > 0
         property int pedal: zelta.position & 0x7F
-        property bool highlight: zelta.beat === 1
         property real meter: Math.max(zelta.masterOutL, zelta.usbInRLevel)
         property real reduction: zelta.headCpGrL + zelta.headCpGrR
         property string power: zelta.powerPressed ? "down" : "up"
@@ -56,35 +55,31 @@ Item {
         function test_boundValuesFollow() {
             compare(shown.tempo, "0 bpm")
             compare(shown.versions, "V 0.00, V 0")
-            verify(engine.send("544D4143 0078 0000"))
+            verify(engine.send("TM AC 0078 0000"))
             compare(shown.tempo, "120 bpm")
-            verify(engine.send("494D4143 9909 0135"))
+            verify(engine.send("IM AC 9909 0135"))
             compare([shown.velocity, shown.struckPad, shown.zone], [1, 6, 2])
-            verify(engine.send("494D4143 A90A 7F31"))
+            verify(engine.send("IM AC A90A 7F31"))
             compare(shown.choked, true)
-            verify(engine.send("494D4143 B90B 4004"))
+            verify(engine.send("IM AC B90B 4004"))
             compare(shown.pedal, 64)
-            verify(engine.send("42544143 0001 0000"))
-            compare(shown.highlight, true)
-            verify(engine.send("42544143 0002 0000"))
-            compare(shown.highlight, false)
-            verify(engine.send("4452 0046 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000"))
+            verify(engine.send("DR 0046 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000"))
             compare(shown.meter, 1)
-            verify(engine.send("4452 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 008C"))
+            verify(engine.send("DR 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 008C"))
             compare(shown.meter, 2)
-            verify(engine.send("4352 0002 0000 0000 0023 0046 0000 0000"))
+            verify(engine.send("CR 0002 0000 0000 0023 0046 0000 0000"))
             compare(shown.reduction, 1.5)
-            verify(engine.send("53574143 5057 0001"))
+            verify(engine.send("SW AC PW 0001"))
             compare(shown.power, "down")
-            verify(engine.send("53574143 5057 0000"))
+            verify(engine.send("SW AC PW 0000"))
             compare(shown.power, "up")
-            verify(engine.send("46524143 0200 0001"))
+            verify(engine.send("FR AC 0200 0001"))
             compare(shown.freeMemory, 67108866 - 131072)
         }
 
         function test_argumentNamesInHandlers() {
-            verify(engine.send("434F4143 0004 0007"))
-            compare(root.seen, ["udpPacketArrived", 0x5A5A, root.seen[2], 0]) // the fence behind it
+            verify(engine.send("CO AC 0004 0007"))
+            compare(root.seen, ["udpPacketArrived", 0x5A5A, root.seen[2], 0]) // the fence of engine.send()
             zelta.udpPacketArrived(1, 2, 65535)
             compare(root.seen, ["udpPacketArrived", 1, 2, 65535])
             zelta.potPacketArrived(1, 2, 3)

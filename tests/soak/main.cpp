@@ -1,5 +1,5 @@
-// Drives everything at once for a given time: parameters, meters, pad rolls and transfers with faults, checks
-// everything that arrives on both sides, and watches threads, descriptors and memory.
+// Runs parameters, meters, pad rolls and transfers with faults at the same time for a given duration. Checks
+// everything that arrives on both sides, and monitors threads, descriptors and memory.
 
 #include "process.h"
 #include "soakengine.h"
@@ -22,7 +22,7 @@ constexpr quint16 enginePort = 19797;
 constexpr int reportS = 10;
 constexpr int finishMs = 120000;
 constexpr int settleMs = 60000;
-// What the allocator keeps after the first seconds is not the same each time.
+// The memory that the allocator keeps after the first seconds varies.
 constexpr qint64 allowedGrowthKiB = 8192;
 
 void say(const QString &line)
@@ -53,7 +53,7 @@ private:
     SoakEngine m_engine;
     SoakModule m_module;
     TransferLoop m_transfers;
-    // Before the first file: the transfers' thread and files come and go.
+    // Counted before the first file, because a transfer has a thread and an open file.
     int m_threads = 0;
     int m_descriptors = 0;
     qint64 m_warmKiB = 0; // after the first seconds
@@ -64,13 +64,13 @@ bool Soak::run(int seconds)
 {
     m_module.introduce();
     if (!QTest::qWaitFor([this] { return m_engine.parameters() == SoakEngine::levels; }, settleMs)) {
-        problem(QStringLiteral("the engine does not hear the module"));
+        problem(QStringLiteral("the engine receives nothing from the module"));
         judge();
         return false;
     }
     m_engine.play();
     if (!QTest::qWaitFor([this] { return m_module.meters() > 0; }, settleMs))
-        problem(QStringLiteral("the module does not hear the engine"));
+        problem(QStringLiteral("the module receives nothing from the engine"));
     m_threads = testsupport::threadCount();
     m_descriptors = testsupport::descriptorCount();
     m_module.start();
@@ -97,7 +97,7 @@ bool Soak::run(int seconds)
         problem(QStringLiteral("the last transfer did not end"));
     m_engine.stopPlaying();
     m_module.stop();
-    // Whatever is on its way arrives; what does not is counted below.
+    // Waits for datagrams that have not arrived yet. judge() counts the missing ones.
     static_cast<void>(QTest::qWaitFor(
         [this] {
             return m_engine.parameters() >= m_module.sent() && m_module.meters() >= m_engine.meters() &&
@@ -111,7 +111,7 @@ bool Soak::run(int seconds)
 quint64 Soak::waiting() const
 {
     const quint64 unheard = m_module.sent() - m_engine.parameters();
-    // Most of the time there are too few for it to matter what became of them.
+    // Reading the number of dropped datagrams takes too long for a few.
     if (unheard < 1000)
         return unheard;
     return unheard - qMin(unheard, soak::droppedDatagrams(enginePort));
@@ -129,9 +129,9 @@ void Soak::plantSomething()
 
 void Soak::progress(qint64 seconds)
 {
-    say(QStringLiteral("%1 s: %2 parameters, %3 meter reports, %4 hits, %5 files arrived, %6 failed and were "
-                       "reported so, "
-                       "%7 KiB")
+    say(QStringLiteral(
+            "%1 s: %2 parameters, %3 meter reports, %4 hits, %5 files arrived, %6 reported as failed, "
+            "%7 KiB")
             .arg(seconds)
             .arg(m_module.sent())
             .arg(m_module.meters())
@@ -141,15 +141,15 @@ void Soak::progress(qint64 seconds)
             .arg(soak::residentKiB()));
 }
 
-// Nothing is lost but what the kernel says it dropped, and nothing comes twice or changed.
+// Nothing is missing except the datagrams that the kernel reports as dropped, and nothing arrives twice.
 void Soak::judgeCount(const QString &what, quint64 sent, quint64 arrived, quint64 missing, quint64 dropped)
 {
     say(QStringLiteral("%1: %2 sent, %3 arrived, %4 missing").arg(what).arg(sent).arg(arrived).arg(missing));
     const quint64 unheard = sent > arrived ? sent - arrived : 0;
     if (arrived > sent)
-        problem(QStringLiteral("%1 more %2 arrived than were sent").arg(arrived - sent).arg(what));
+        problem(QStringLiteral("%1 more %2 arrived than sent").arg(arrived - sent).arg(what));
     if (qMax(missing, unheard) > dropped)
-        problem(QStringLiteral("%1 of the %2 are missing, and the kernel dropped %3 datagrams")
+        problem(QStringLiteral("%1 of the %2 are missing, but the kernel dropped only %3 datagrams")
                     .arg(qMax(missing, unheard))
                     .arg(what)
                     .arg(dropped));
@@ -168,13 +168,13 @@ void Soak::judge()
                m_module.missingMeters(), droppedByModule);
     judgeCount(QStringLiteral("hits"), m_engine.hits(), m_module.hits(), m_module.missingHits(),
                droppedByModule);
-    say(QStringLiteral("files: %1 arrived, %2 failed and were reported so")
+    say(QStringLiteral("files: %1 arrived, %2 reported as failed")
             .arg(m_transfers.arrived())
             .arg(m_transfers.failed()));
     say(QStringLiteral("dropped by the kernel: %1 to the engine, %2 to the module")
             .arg(droppedByEngine)
             .arg(droppedByModule));
-    say(QStringLiteral("interface: at most %1 ms late").arg(m_module.worstDelayMs()));
+    say(QStringLiteral("GUI thread: at most %1 ms late").arg(m_module.worstDelayMs()));
     say(QStringLiteral("threads: %1, then %2").arg(m_threads).arg(threads));
     say(QStringLiteral("descriptors: %1, then %2").arg(m_descriptors).arg(descriptors));
     say(QStringLiteral("memory: %1 KiB, then %2 KiB").arg(m_warmKiB).arg(residentKiB));
@@ -188,7 +188,7 @@ void Soak::judge()
     m_problems += m_engine.problems() + m_module.problems() + m_transfers.problems();
     for (const QString &line : qAsConst(m_problems))
         say(QStringLiteral("FAILED: ") + line);
-    say(m_problems.isEmpty() ? QStringLiteral("soak: all as it has to be") : QStringLiteral("soak: failed"));
+    say(m_problems.isEmpty() ? QStringLiteral("soak: passed") : QStringLiteral("soak: failed"));
 }
 
 } // namespace
@@ -199,7 +199,7 @@ int main(int argc, char **argv)
     QLoggingCategory::setFilterRules(QStringLiteral("*.debug=false"));
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Drives the module and a simulated engine with everything at once."));
+        QStringLiteral("Runs the module and a simulated engine with all kinds of traffic at the same time."));
     parser.addHelpOption();
     const QCommandLineOption secondsOption(QStringLiteral("seconds"), QStringLiteral("How long (60)."),
                                            QStringLiteral("N"), QStringLiteral("60"));
@@ -208,8 +208,7 @@ int main(int argc, char **argv)
                                         QStringLiteral("N"), QStringLiteral("10000"));
     const QCommandLineOption plantOption(
         QStringLiteral("plant"),
-        QStringLiteral(
-            "Do something wrong that has to be found: lost-parameter, wrong-meter or descriptors."),
+        QStringLiteral("Plant a fault that must be found: lost-parameter, wrong-meter or descriptors."),
         QStringLiteral("what"));
     parser.addOptions({secondsOption, rateOption, plantOption});
     parser.process(application);
@@ -222,8 +221,7 @@ int main(int argc, char **argv)
     const QStringList plants{QString(), QStringLiteral("lost-parameter"), QStringLiteral("wrong-meter"),
                              QStringLiteral("descriptors")};
     if (!plants.contains(parser.value(plantOption))) {
-        QTextStream(stderr) << "zelta-soak: nothing is known of --plant " << parser.value(plantOption)
-                            << '\n';
+        QTextStream(stderr) << "zelta-soak: unknown fault for --plant: " << parser.value(plantOption) << '\n';
         return 2;
     }
     return Soak(rate, parser.value(plantOption)).run(seconds) ? 0 : 1;

@@ -23,7 +23,7 @@ quint64 droppedDatagrams(quint16 port)
     QFile file(QStringLiteral("/proc/self/net/udp"));
     if (!file.open(QIODevice::ReadOnly))
         return 0;
-    // As the kernel writes them: 127.20.30.1, and any.
+    // 127.20.30.1 and 0.0.0.0 in the form of the kernel.
     const QByteArray suffix = ':' + QByteArray::number(port, 16).rightJustified(4, '0').toUpper();
     const QList<QByteArray> sockets{"011E147F" + suffix, "00000000" + suffix};
     quint64 dropped = 0;

@@ -2,14 +2,14 @@
 
 #include <QtGlobal>
 
-/// What the kernel knows of this process.
+/// Figures of this process from the kernel.
 namespace soak {
 
 /// Resident memory in KiB.
 qint64 residentKiB();
 
-/// Datagrams that the kernel dropped because a socket of 127.20.30.1 with that port, or any socket of the
-/// module's port, was full.
+/// The number of datagrams that the kernel dropped because a socket with that port at 127.20.30.1, or at any
+/// address, was full.
 quint64 droppedDatagrams(quint16 port);
 
 } // namespace soak

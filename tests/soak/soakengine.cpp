@@ -1,4 +1,5 @@
 #include "soakengine.h"
+#include "support/testprogram.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -8,7 +9,7 @@ namespace {
 
 constexpr int playMs = 5; // 200 Hz
 constexpr quint8 snare = 38;
-// A value is found again after so many changes; a gap that long cannot be told from none.
+// A value is repeated after this many changes, so a gap of that length is not detected.
 constexpr qint64 period = qint64(SoakEngine::levels) * SoakEngine::values;
 constexpr int mostProblems = 20;
 
@@ -19,7 +20,7 @@ SoakEngine::SoakEngine()
 {
     m_thread.run([this] {
         m_engine = new SoundEngine;
-        if (!m_engine->listen(QHostAddress(QStringLiteral(ZELTACONNECT_TEST_ENGINE))))
+        if (!m_engine->listen(QHostAddress(QString::fromLatin1(testsupport::engineAddress))))
             qFatal("%s", qPrintable(m_engine->errorString()));
         m_engine->setStoreDirectory(m_store->path());
         QObject::connect(m_engine, &SoundEngine::parameterReceived, m_engine,
@@ -100,7 +101,7 @@ QStringList SoakEngine::problems()
     return problems;
 }
 
-// The n-th change sets level n % levels to n / levels % values.
+// Change n sets level n % levels to n / levels % values.
 void SoakEngine::takeParameter(int msb, int lsb, int value)
 {
     ++m_parameters;
@@ -109,12 +110,12 @@ void SoakEngine::takeParameter(int msb, int lsb, int value)
         m_numbers.append(number);
     const qint64 level = m_numbers.indexOf(number);
     if (level < 0) {
-        m_problems.append(QStringLiteral("parameter %1/%2 was never set").arg(msb).arg(lsb));
+        m_problems.append(QStringLiteral("parameter %1/%2 is not one of the levels").arg(msb).arg(lsb));
         return;
     }
     const qint64 place = value * qint64(levels) + level;
     const qint64 ahead = (place - m_expected % period + period) % period;
-    // More than half a period ahead is behind.
+    // A distance of more than half a period means that the value is an earlier one.
     if (ahead > period / 2)
         m_problems.append(QStringLiteral("parameter out of order: level %1, value %2").arg(level).arg(value));
     else

@@ -9,15 +9,15 @@
 
 class QTimer;
 
-/// The engine's side of the soak: takes the parameters and looks whether each follows the one before, plays
-/// meters and pads whose values tell their order, and takes files. Lives in a thread of its own.
+/// The engine's side of the soak test: checks that each parameter follows the previous one, sends meters and
+/// strikes with values that show their order, and receives files. Lives in its own thread.
 class SoakEngine
 {
 public:
-    /// The levels that change, one after the other.
+    /// The number of levels that change, one after the other.
     static constexpr int levels = 8;
     static constexpr int values = 128;
-    /// Output meters count from 0 to here, again and again; 70 is full scale.
+    /// Output meters count from 0 to this value repeatedly. 70 is full scale.
     static constexpr int meterValues = 71;
     static constexpr int firstVelocity = 1;
     static constexpr int lastVelocity = 127;
@@ -26,15 +26,15 @@ public:
     ~SoakEngine();
     Q_DISABLE_COPY(SoakEngine)
 
-    /// Begins to play, once the module has been heard.
+    /// Starts to send meters and strikes. The module must have sent a datagram before.
     void play();
     void stopPlaying();
-    /// One meter report out of order.
+    /// Skips the value of one meter report.
     void plantWrongMeter();
 
     bool fail(const QString &mode);
     void clearFailures();
-    /// The file that ended last, with its bytes; forgets the bytes.
+    /// The last received file with its content. Deletes the stored copy.
     SoundEngine::ReceivedFile takeLastFile();
     int fileCount();
 
@@ -55,7 +55,7 @@ private:
     QStringList m_problems;
     std::unique_ptr<class QTemporaryDir> m_store;
 
-    // The numbers of the levels, learned from the first round.
+    // The numbers of the levels, taken from the first round.
     QList<int> m_numbers;
     qint64 m_expected = 0;
     int m_meter = 0;

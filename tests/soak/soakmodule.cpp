@@ -6,10 +6,9 @@
 namespace {
 
 constexpr int tickMs = 5;
-// After a pause of the whole machine the rate is caught up with slowly, so that no socket overflows.
+// If the whole machine pauses, the missed changes are sent slowly afterwards, so that no socket overflows.
 constexpr quint64 mostPerTick = 200;
-// More in front of it would keep a packet of a file from an engine that is slow, and its word from the
-// module.
+// With more changes in its socket, a slow engine would read and answer the packets of a file too late.
 constexpr quint64 mostWaiting = 5000;
 constexpr double fullScale = 70.0;
 constexpr int mostProblems = 20;

@@ -9,22 +9,22 @@
 
 #include <functional>
 
-/// The screen's side of the soak: changes levels at a steady rate and looks whether what arrives follows what
-/// came before. Lives in the thread of the interface.
+/// The screen's side of the soak test: changes levels at a constant rate and checks that each report follows
+/// the previous one. Lives in the GUI thread.
 class SoakModule
 {
 public:
-    /// waiting tells how many changes have been sent that are neither heard nor lost yet.
+    /// waiting returns the number of changes that were sent but neither received nor lost.
     SoakModule(int changesPerSecond, const std::function<quint64()> &waiting);
     Q_DISABLE_COPY(SoakModule)
 
     QConnectQmlPlugin &plugin() { return m_plugin; }
 
-    /// Sets each level once, so that the engine knows them.
+    /// Sets each level once, so that the engine learns their numbers.
     void introduce();
     void start();
     void stop();
-    /// Leaves one change out.
+    /// Skips one change.
     void plantLostParameter() { ++m_changes; }
 
     quint64 sent() const { return m_sent; }
@@ -32,7 +32,7 @@ public:
     quint64 missingMeters() const { return m_missingMeters; }
     quint64 hits() const { return m_hits; }
     quint64 missingHits() const { return m_missingHits; }
-    /// The longest that the interface was late for a timer, in milliseconds.
+    /// The largest delay of a timer in the GUI thread, in milliseconds.
     qint64 worstDelayMs() const { return m_worstDelayMs; }
     QStringList problems() const { return m_problems; }
 
@@ -49,7 +49,7 @@ private:
     QTimer m_timer;
     QElapsedTimer m_since;
     quint64 m_startedAt = 0;
-    quint64 m_changes = 0; // numbers that were given out
+    quint64 m_changes = 0; // numbers used so far
     quint64 m_sent = 0;
     qint64 m_lastTickMs = 0;
     qint64 m_worstDelayMs = 0;

@@ -10,15 +10,15 @@
 namespace {
 
 constexpr int fileBytes = 60001;
-constexpr qint64 longestMs = 60000; // a resend costs four seconds, and no fault here leads to more than two
+constexpr qint64 longestMs = 60000; // a resend takes 4 s, and no fault here causes more than two
 constexpr int watchMs = 500;
 
 enum Kind { SoundBank, TriggerBank, WaveSample, Bluetooth, KindCount };
 
 } // namespace
 
-// The files are short. When the machine is busy, all of one may have been sent before the engine's wish to
-// have a part again is heard; the module then reports that the file did not arrive.
+// The files are short. On a busy machine, the module can send a whole file before it reads the engine's
+// resend request. It then reports that the file did not arrive.
 const TransferLoop::Fault TransferLoop::faults[] = {
     {"", End::Arrives},
     {"resend=20", End::Either},
@@ -66,13 +66,13 @@ void TransferLoop::sendNext()
     const Fault &fault = faults[std::size_t(m_next) % std::size(faults)];
     m_engine.clearFailures();
     if (qstrlen(fault.mode) > 0 && !m_engine.fail(QLatin1String(fault.mode)))
-        qFatal("%s is no failure mode", fault.mode);
+        qFatal("%s is not a failure mode", fault.mode);
     m_filesBefore = m_engine.fileCount();
 
     m_content = noise(fileBytes, quint32(m_next) + 1);
     QFile file(m_path);
     if (!file.open(QIODevice::WriteOnly) || file.write(m_content) != m_content.size())
-        qFatal("%s cannot be written", qPrintable(m_path));
+        qFatal("cannot write %s", qPrintable(m_path));
     file.close();
 
     m_sending = true;
@@ -89,7 +89,7 @@ void TransferLoop::completed(int kind, int status)
 {
     const Fault &fault = faults[std::size_t(m_next) % std::size(faults)];
     if (!m_sending || kind != m_next % KindCount) {
-        m_problems.append(QStringLiteral("the end of a transfer that was not on its way, kind %1").arg(kind));
+        m_problems.append(QStringLiteral("end reported for a transfer that does not run, kind %1").arg(kind));
         return;
     }
     m_sending = false;
@@ -109,7 +109,7 @@ void TransferLoop::judge(const Fault &fault, int status)
     const SoundEngine::ReceivedFile file = m_engine.takeLastFile();
     const bool whole = isNew && file.outcome == SoundEngine::ReceivedFile::Outcome::Whole;
     if (whole && file.data != m_content)
-        m_problems.append(name + QStringLiteral(": taken for whole, but not as it was sent"));
+        m_problems.append(name + QStringLiteral(": accepted, but with different content"));
     if ((status == 0) != whole)
         m_problems.append(name +
                           QStringLiteral(": status %1, but the file %2")

@@ -10,8 +10,8 @@
 
 class QConnectQmlPlugin;
 
-/// Sends one file after the other, of every kind and with every fault in turn, and looks whether what QML
-/// hears of it is what became of the file.
+/// Sends files one after the other, of each kind and with each fault in turn, and checks that each reported
+/// result is the real one.
 class TransferLoop
 {
 public:
@@ -19,11 +19,11 @@ public:
     Q_DISABLE_COPY(TransferLoop)
 
     void start();
-    /// Sends nothing more; true when no transfer is on its way.
+    /// Stops after the current transfer. True when no transfer is running.
     bool finish();
 
     int arrived() const { return m_arrived; }
-    /// Not arrived, and reported so.
+    /// The number of files that did not arrive and were reported as failed.
     int failed() const { return m_failed; }
     QStringList problems() const { return m_problems; }
 
@@ -31,7 +31,7 @@ private:
     enum class End { Arrives, Fails, Either };
     struct Fault
     {
-        const char *mode; ///< nothing for none
+        const char *mode; ///< empty for no fault
         End end;
     };
 

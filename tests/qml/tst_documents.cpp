@@ -1,10 +1,11 @@
 #include "qml/enginedouble.h"
+#include "support/testprogram.h"
 
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QtQuickTest>
 
-/// Gives every test document the module to import and the engine to talk to.
+/// Provides each test document with the module and the engine.
 class Setup : public QObject
 {
     Q_OBJECT
@@ -12,8 +13,8 @@ class Setup : public QObject
 public Q_SLOTS:
     void qmlEngineAvailable(QQmlEngine *qmlEngine)
     {
-        qmlEngine->addImportPath(QStringLiteral(ZELTACONNECT_QML_DIR));
-        // One address, one engine: the previous document's goes first.
+        qmlEngine->addImportPath(testsupport::qmlDir());
+        // The engine of the previous document has the same address, so it is destroyed first.
         m_engine.reset();
         m_engine.reset(new EngineDouble);
         qmlEngine->rootContext()->setContextProperty(QStringLiteral("engine"), m_engine.data());
@@ -24,4 +25,4 @@ private:
 };
 
 QUICK_TEST_MAIN_WITH_SETUP(zeltaconnect, Setup)
-#include "main.moc"
+#include "tst_documents.moc"

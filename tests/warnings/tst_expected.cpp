@@ -6,8 +6,8 @@
 
 #include <thread>
 
-// Whether the suite sees warnings. What Qt Test calls passed here, CTest has to call failed when a warning
-// has been planted, which the environment decides.
+// Checks that the tests detect warnings. The environment selects a planted warning. All functions pass in Qt
+// Test, and CTest must find the warning.
 
 using testsupport::LogCatcher;
 
@@ -26,7 +26,7 @@ void warnIfPlanted(const char *where)
 
 } // namespace
 
-class WarningsTest : public QObject
+class ExpectedTest : public QObject
 {
     Q_OBJECT
 
@@ -38,7 +38,7 @@ private Q_SLOTS:
     void cleared();
 };
 
-void WarningsTest::information()
+void ExpectedTest::information()
 {
     qInfo() << "all is well";
     warnIfPlanted("inTheTest");
@@ -46,19 +46,19 @@ void WarningsTest::information()
         qCritical() << "planted";
 }
 
-void WarningsTest::inAnotherThread()
+void ExpectedTest::inAnotherThread()
 {
     std::thread([] { warnIfPlanted("inAnotherThread"); }).join();
 }
 
-void WarningsTest::ignored()
+void ExpectedTest::ignored()
 {
     QTest::ignoreMessage(QtWarningMsg, "planted");
     qWarning() << "planted";
     warnIfPlanted("besideAnExpectedOne");
 }
 
-void WarningsTest::caught()
+void ExpectedTest::caught()
 {
     const LogCatcher log;
     qWarning() << "expected";
@@ -67,7 +67,7 @@ void WarningsTest::caught()
     QCOMPARE(log.debugTexts(), QStringList());
 }
 
-void WarningsTest::cleared()
+void ExpectedTest::cleared()
 {
     LogCatcher log;
     qDebug() << "forgotten";
@@ -79,10 +79,10 @@ void WarningsTest::cleared()
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
-    WarningsTest test;
+    ExpectedTest test;
     const int status = QTest::qExec(&test, argc, argv);
     warnIfPlanted("afterTheTests");
     return status;
 }
 
-#include "tst_warnings.moc"
+#include "tst_expected.moc"

@@ -1,4 +1,5 @@
 #include "contract/surface.h"
+#include "support/testprogram.h"
 
 #include <QGuiApplication>
 #include <QMetaMethod>
@@ -57,14 +58,14 @@ QString propertyText(const char *name, const char *type, const char *notifySigna
 } // namespace
 
 /// The complete surface of the QML type, member by member.
-class ContractTest : public QObject
+class SurfaceTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase();
     void className();
-    void counts();
+    void nothingElse();
     void properties();
     void propertiesAreReadOnly_data();
     void propertiesAreReadOnly();
@@ -85,9 +86,9 @@ private:
     const QMetaObject *m_meta = nullptr;
 };
 
-void ContractTest::initTestCase()
+void SurfaceTest::initTestCase()
 {
-    m_engine.addImportPath(QStringLiteral(ZELTACONNECT_QML_DIR));
+    m_engine.addImportPath(testsupport::qmlDir());
     QQmlComponent component(&m_engine);
     component.setData("import ZeltaConnect 1.0\nZeltaConnect {}", QUrl());
     m_module.reset(component.create());
@@ -95,7 +96,7 @@ void ContractTest::initTestCase()
     m_meta = m_module->metaObject();
 }
 
-QList<QMetaMethod> ContractTest::methodsOfType(QMetaMethod::MethodType type) const
+QList<QMetaMethod> SurfaceTest::methodsOfType(QMetaMethod::MethodType type) const
 {
     QList<QMetaMethod> methods;
     for (int i = m_meta->methodOffset(); i < m_meta->methodCount(); ++i) {
@@ -105,9 +106,8 @@ QList<QMetaMethod> ContractTest::methodsOfType(QMetaMethod::MethodType type) con
     return methods;
 }
 
-// Missing and extra members are named before the order is looked at: one member that is gone shifts all
-// others.
-void ContractTest::compareSurface(const QStringList &actual, const QStringList &expected)
+// Reports missing and extra members before it compares the order: one missing member shifts all others.
+void SurfaceTest::compareSurface(const QStringList &actual, const QStringList &expected)
 {
     const QStringList missing = without(expected, actual);
     const QStringList extra = without(actual, expected);
@@ -116,23 +116,21 @@ void ContractTest::compareSurface(const QStringList &actual, const QStringList &
     QCOMPARE(actual, expected);
 }
 
-void ContractTest::className()
+void SurfaceTest::className()
 {
     QCOMPARE(QByteArray(m_meta->className()), QByteArray("QConnectQmlPlugin"));
     QCOMPARE(QByteArray(m_meta->superClass()->className()), QByteArray("QQuickItem"));
 }
 
-void ContractTest::counts()
+void SurfaceTest::nothingElse()
 {
-    QCOMPARE(m_meta->propertyCount() - m_meta->propertyOffset(), 64);
-    QCOMPARE(methodsOfType(QMetaMethod::Signal).size(), 56);
-    QCOMPARE(methodsOfType(QMetaMethod::Slot).size(), 28);
-    QCOMPARE(methodsOfType(QMetaMethod::Method).size(), 229);
-    QCOMPARE(m_meta->methodCount() - m_meta->methodOffset(), 56 + 28 + 229);
+    const int listed =
+        texts(signalSignatures).size() + texts(slotSignatures).size() + texts(methodSignatures).size();
+    QCOMPARE(m_meta->methodCount() - m_meta->methodOffset(), listed);
     QCOMPARE(m_meta->enumeratorCount() - m_meta->enumeratorOffset(), 0);
 }
 
-void ContractTest::properties()
+void SurfaceTest::properties()
 {
     QStringList actual;
     for (int i = m_meta->propertyOffset(); i < m_meta->propertyCount(); ++i) {
@@ -148,14 +146,14 @@ void ContractTest::properties()
     compareSurface(actual, expected);
 }
 
-void ContractTest::propertiesAreReadOnly_data()
+void SurfaceTest::propertiesAreReadOnly_data()
 {
     QTest::addColumn<QByteArray>("name");
     for (const Property &property : zelta::contract::properties)
         QTest::newRow(property.name) << QByteArray(property.name);
 }
 
-void ContractTest::propertiesAreReadOnly()
+void SurfaceTest::propertiesAreReadOnly()
 {
     QFETCH(QByteArray, name);
     const QMetaProperty property = m_meta->property(m_meta->indexOfProperty(name.constData()));
@@ -171,7 +169,7 @@ void ContractTest::propertiesAreReadOnly()
     QCOMPARE(property.notifySignal().enclosingMetaObject(), m_meta);
 }
 
-void ContractTest::propertyValuesHaveTheirType_data()
+void SurfaceTest::propertyValuesHaveTheirType_data()
 {
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<QByteArray>("type");
@@ -179,14 +177,14 @@ void ContractTest::propertyValuesHaveTheirType_data()
         QTest::newRow(property.name) << QByteArray(property.name) << QByteArray(property.type);
 }
 
-void ContractTest::propertyValuesHaveTheirType()
+void SurfaceTest::propertyValuesHaveTheirType()
 {
     QFETCH(QByteArray, name);
     QFETCH(QByteArray, type);
     QCOMPARE(QByteArray(m_module->property(name.constData()).typeName()), type);
 }
 
-void ContractTest::signalsInOrder()
+void SurfaceTest::signalsInOrder()
 {
     QStringList actual;
     const QList<QMetaMethod> methods = methodsOfType(QMetaMethod::Signal);
@@ -197,7 +195,7 @@ void ContractTest::signalsInOrder()
     compareSurface(actual, texts(signalSignatures));
 }
 
-void ContractTest::slotsInOrder()
+void SurfaceTest::slotsInOrder()
 {
     QStringList actual;
     const QList<QMetaMethod> methods = methodsOfType(QMetaMethod::Slot);
@@ -208,7 +206,7 @@ void ContractTest::slotsInOrder()
     compareSurface(actual, texts(slotSignatures));
 }
 
-void ContractTest::methodsInOrder()
+void SurfaceTest::methodsInOrder()
 {
     QStringList actual;
     const QList<QMetaMethod> methods = methodsOfType(QMetaMethod::Method);
@@ -217,7 +215,7 @@ void ContractTest::methodsInOrder()
     compareSurface(actual, texts(methodSignatures));
 }
 
-void ContractTest::everyMethodIsPublic()
+void SurfaceTest::everyMethodIsPublic()
 {
     const QList<QMetaMethod> methods =
         methodsOfType(QMetaMethod::Method) + methodsOfType(QMetaMethod::Signal);
@@ -227,12 +225,12 @@ void ContractTest::everyMethodIsPublic()
     }
 }
 
-void ContractTest::everySlotIsPrivate()
+void SurfaceTest::everySlotIsPrivate()
 {
     const QList<QMetaMethod> methods = methodsOfType(QMetaMethod::Slot);
     for (const QMetaMethod &method : methods)
         QVERIFY2(method.access() == QMetaMethod::Private, method.name().constData());
 }
 
-QTEST_MAIN(ContractTest)
-#include "tst_contract.moc"
+QTEST_MAIN(SurfaceTest)
+#include "tst_surface.moc"
