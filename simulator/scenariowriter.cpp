@@ -205,7 +205,7 @@ Step sysExAt(const QVector<QByteArray> &sent, int first)
 Step stepAt(const QVector<QByteArray> &sent, int first)
 {
     for (const auto &read : {testCommandAt, sysExAt}) {
-        const Step step = read(sent, first);
+        Step step = read(sent, first);
         if (step.datagrams > 0)
             return step;
     }

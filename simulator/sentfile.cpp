@@ -17,7 +17,7 @@ quint64 digestOf(const QByteArray &chunk)
 }
 
 // "packet 12", "12 packets from 3 on", or an empty text.
-QString packetsText(QVector<quint32> numbers)
+QString packetsText(const QVector<quint32> &numbers)
 {
     if (numbers.isEmpty())
         return {};

@@ -35,7 +35,7 @@ public:
             best = -d;
             for (int k = -d; k <= d; k += 2) {
                 const int x = slide(d == 0 ? 0 : enter(d, k), k);
-                m_reached.back()[size_t(k + d)] = x;
+                m_reached.back()[size_t(k) + size_t(d)] = x;
                 if (x == m_width && x - k == m_height) {
                     walkBack(d, k);
                     return;
@@ -55,7 +55,7 @@ public:
 private:
     int reached(int d, int k) const
     {
-        return k < -d || k > d ? unreachable : m_reached[size_t(d)][size_t(k + d)];
+        return k < -d || k > d ? unreachable : m_reached[size_t(d)][size_t(k) + size_t(d)];
     }
 
     int progress(int d, int k) const
