@@ -67,13 +67,14 @@ bool Recorder::start(const QString &path, QString *problem)
         *problem = QStringLiteral("cannot write recording %1: %2").arg(path, errorText(errno));
         return false;
     }
-    std::setvbuf(file, nullptr, _IOFBF, bufferBytes);
+    // If this fails, the file has a buffer of the usual size.
+    static_cast<void>(std::setvbuf(file, nullptr, _IOFBF, bufferBytes));
     m_path = path;
     m_pcap = pcap_open_dead_with_tstamp_precision(DLT_RAW, largestPacket, PCAP_TSTAMP_PRECISION_NANO);
     if (m_pcap != nullptr)
         m_dumper = pcap_dump_fopen(m_pcap, file);
     if (m_dumper == nullptr)
-        std::fclose(file);
+        static_cast<void>(std::fclose(file));
     if (m_dumper == nullptr || pcap_dump_flush(m_dumper) != 0) {
         *problem = QStringLiteral("cannot write recording %1: %2").arg(path, errorText(errno));
         stop();

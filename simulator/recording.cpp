@@ -64,15 +64,15 @@ bool Recording::read(std::FILE *file, QString *problem, quint16 enginePort)
     clear();
     const int first = std::fgetc(file);
     if (first == EOF && std::ferror(file) == 0) {
-        std::fclose(file);
+        static_cast<void>(std::fclose(file));
         *problem = QStringLiteral("the file is empty");
         return false;
     }
-    std::ungetc(first, file);
+    static_cast<void>(std::ungetc(first, file));
     char reason[PCAP_ERRBUF_SIZE] = "";
     pcap *capture = pcap_fopen_offline_with_tstamp_precision(file, PCAP_TSTAMP_PRECISION_NANO, reason);
     if (capture == nullptr) {
-        std::fclose(file);
+        static_cast<void>(std::fclose(file));
         *problem = QString::fromLocal8Bit(reason);
         return false;
     }
@@ -123,15 +123,16 @@ bool Recording::readPackets(pcap *capture, quint16 enginePort, QString *problem)
     }
     if (size() > 0)
         return true;
-    if (reading.packets == 0)
+    if (reading.packets == 0) {
         *problem = QStringLiteral("the capture is empty");
-    else if (reading.hasUnreadable)
+    } else if (reading.hasUnreadable) {
         *problem = QStringLiteral("the packets are cut too short to be read");
-    else
+    } else {
         *problem = QStringLiteral("no UDP datagram with port %1 in %2 packets%3")
                        .arg(enginePort)
                        .arg(reading.packets)
                        .arg(reading.hasLaterParts ? QLatin1String(", but fragments") : QLatin1String());
+    }
     return false;
 }
 
