@@ -22,8 +22,11 @@ bool openForReading(QFile &file, QIODevice::OpenMode textMode)
 
 void logUnreadable(const QFile &file)
 {
-    const QString reason =
-        file.error() == QFile::NoError ? QStringLiteral("not a regular file") : file.errorString();
+    QString reason = file.errorString();
+    if (file.fileName().isEmpty())
+        reason = QStringLiteral("no path");
+    else if (file.error() == QFile::NoError)
+        reason = QStringLiteral("not a regular file");
     qCInfo(lcTransfer) << file.fileName() << "cannot be opened:" << qPrintable(reason);
 }
 

@@ -142,9 +142,12 @@ constexpr std::array<TaskTraits, TaskKindCount> taskTraits = {{
 
 constexpr bool isComplete(const TaskTraits &traits)
 {
-    return traits.content == 0 ? traits.query != 0
-                               : traits.chunkBytes > 0 && traits.chunkBytes % 2 == 0 && traits.pauseMs > 0 &&
-                                     traits.endWaitMs > 0;
+    const bool hasQuery = traits.query != 0;
+    if (traits.content == 0)
+        return hasQuery;
+    // A version of the file is compared with the reply to a query.
+    return traits.chunkBytes > 0 && traits.chunkBytes % 2 == 0 && traits.pauseMs > 0 &&
+           traits.endWaitMs > 0 && traits.reportEnd != nullptr && hasQuery == (traits.fileVersion != nullptr);
 }
 
 constexpr bool everyKindHasItsRow()

@@ -51,8 +51,12 @@ private Q_SLOTS:
     void cleanupTestCase() { qInstallMessageHandler(reasonLog().previousHandler); }
     void reason_data();
     void reason();
+    void abortedBeforeTheData();
+    void objectIsDeleted();
 
 private:
+    void verifyReason(const QString &path, const QString &reason);
+
     TestFiles m_files;
 };
 
@@ -89,6 +93,8 @@ void TransferReasonsTest::reason_data()
         << QStringLiteral("cannot be opened: No such file or directory");
     QTest::newRow("folder") << sendSample << QStringLiteral(".") << QByteArray() << none
                             << QStringLiteral("cannot be opened: not a regular file");
+    QTest::newRow("empty path") << sendSample << QString() << QByteArray() << none
+                                << QStringLiteral("cannot be opened: no path");
     QTest::newRow("board firmware without a version")
         << sendTriggerFirmware << QStringLiteral("a.bin") << QByteArray("TGFX1234") << none
         << QStringLiteral("carries no version");
@@ -98,6 +104,9 @@ void TransferReasonsTest::reason_data()
     QTest::newRow("board firmware not newer")
         << sendTriggerFirmware << QStringLiteral("c.bin") << QByteArray("TGFW\x04\0\x01\0", 8) << none
         << QStringLiteral("is not newer: V 1.04 in the file, V 1.04 in the device");
+    QTest::newRow("engine firmware not newer")
+        << sendZeltaFirmware << QStringLiteral("g.bin") << QByteArray("4810QN-abc1.02 - ") << none
+        << QStringLiteral("is not newer: V 1.02 in the file, V 1.04 in the device");
     QTest::newRow("memory full") << sendTriggerBank << QStringLiteral("d.bin") << large << quint16(0xE2)
                                  << QStringLiteral("aborted: status 0xe2");
     QTest::newRow("beyond the end") << sendTriggerBank << QStringLiteral("e.bin") << large << quint16(0x01BE)
@@ -115,7 +124,9 @@ void TransferReasonsTest::reason()
     QFETCH(const quint16, answer);
     QFETCH(const QString, reason);
 
-    const QString path = content.isEmpty() ? m_files.path(fileName) : m_files.write(fileName, content);
+    QString path = content.isEmpty() ? m_files.path(fileName) : m_files.write(fileName, content);
+    if (fileName.isEmpty())
+        path.clear();
     for (const bool on : {false, true}) {
         QLoggingCategory::setFilterRules(on ? QStringLiteral("zeltaconnect.transfer.info=true") : QString());
         Session session;
@@ -133,13 +144,46 @@ void TransferReasonsTest::reason()
         QVERIFY(session.finishTasks());
         QLoggingCategory::setFilterRules(QString());
 
-        const QMutexLocker locker(&reasonLog().mutex);
-        const QStringList expected =
-            on && !reason.isEmpty() ? QStringList{QLatin1Char('"') + path + QStringLiteral("\" ") + reason}
-                                    : QStringList();
-        QCOMPARE(reasonLog().lines, expected);
-        reasonLog().lines.clear();
+        verifyReason(path, on ? reason : QString());
     }
+}
+
+// Exactly this reason was logged, or nothing if it is empty.
+void TransferReasonsTest::verifyReason(const QString &path, const QString &reason)
+{
+    const QMutexLocker locker(&reasonLog().mutex);
+    QStringList expected;
+    if (!reason.isEmpty())
+        expected.append(QLatin1Char('"') + path + QStringLiteral("\" ") + reason);
+    QCOMPARE(reasonLog().lines, expected);
+    reasonLog().lines.clear();
+}
+
+// The engine answers the version query with "memory full".
+void TransferReasonsTest::abortedBeforeTheData()
+{
+    const QString path = m_files.write(QStringLiteral("h.bin"), QByteArray("TGFW\x04\0\x02\0", 8));
+    QLoggingCategory::setFilterRules(QStringLiteral("zeltaconnect.transfer.info=true"));
+    Session session;
+    session.peer().answerQuery("TV", {{"DC", 0, 0xE1}});
+    session.plugin().sendTriggerFirmware(path);
+    QVERIFY(QTest::qWaitFor(hasLogged, patienceMs));
+    QVERIFY(session.finishTasks());
+    QLoggingCategory::setFilterRules(QString());
+    verifyReason(path, QStringLiteral("aborted: before the data"));
+}
+
+void TransferReasonsTest::objectIsDeleted()
+{
+    const QString path = m_files.write(QStringLiteral("i.bin"), QByteArray(512 * 4000, 'x'));
+    QLoggingCategory::setFilterRules(QStringLiteral("zeltaconnect.transfer.info=true"));
+    {
+        Session session;
+        session.plugin().sendTriggerBank(path);
+        QVERIFY(session.peer().waitForPrefix("DCTB", patienceMs));
+    }
+    QLoggingCategory::setFilterRules(QString());
+    verifyReason(path, QStringLiteral("aborted: the object is deleted"));
 }
 
 QTEST_GUILESS_MAIN(TransferReasonsTest)
