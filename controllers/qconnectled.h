@@ -12,6 +12,6 @@ public:
 
     /// Switches one LED on or off. The low 16 bits of its number are sent.
     void enable(int id, bool enable);
-    /// Brightness of all LEDs.
+    /// LED brightness.
     void setBrightness(quint8 level, quint8 channel);
 };

@@ -20,7 +20,7 @@ public:
     void sendMidiNote(quint8 tone, quint8 velocity, quint8 channel);
     /// Sends the parameter with the given number; the value is limited to 127.
     void sendNrpn(quint8 msb, quint8 lsb, quint8 value, quint8 channel);
-    /// Starts the engine's MIDI test.
+    /// Sends the parameter of the MIDI auto-test.
     void sendMidiAutoTest(quint8 channel);
     /// Gain of the mix input. Sends two parameters, one datagram each.
     void sendMidiMixInputGain(quint8 gain, quint8 channel);
