@@ -2,8 +2,8 @@
 
 #include "commands.h"
 #include "kit.h"
+#include "textfile.h"
 
-#include <QFile>
 #include <QStringList>
 
 #include <numeric>
@@ -12,7 +12,6 @@ namespace simulated {
 
 namespace {
 
-constexpr int mostProblems = 100;
 constexpr int largestNote = 127;
 
 } // namespace
@@ -24,39 +23,23 @@ NoteMap::NoteMap()
 
 bool NoteMap::load(const QString &path, QString *problem)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        *problem = QStringLiteral("note map %1: %2").arg(path, file.errorString());
-        return false;
-    }
-    const QByteArray text = file.read(largestFile + 1);
-    if (text.size() > largestFile) {
-        *problem = QStringLiteral("note map %1: larger than %2 MiB").arg(path).arg(largestFile >> 20);
-        return false;
-    }
-    QString reason;
-    if (parse(QString::fromUtf8(text), &reason))
-        return true;
-    QStringList problems;
-    const QStringList lines = reason.split(QLatin1Char('\n'));
-    for (const QString &line : lines)
-        problems.append(QStringLiteral("note map %1, %2").arg(path, line));
-    *problem = problems.join(QLatin1Char('\n'));
-    return false;
+    return loadTextFile(
+        QStringLiteral("note map"), path, largestFile,
+        [this](const QString &text, QString *reason) { return parse(text, reason); }, problem);
 }
 
 bool NoteMap::parse(const QString &text, QString *problem)
 {
     std::array<int, 128> notes = m_notes;
     std::array<int, 128> definedIn{};
-    QStringList problems;
+    LineFaults faults;
     const QStringList lines = text.split(QLatin1Char('\n'));
     for (int i = 0; i < lines.size(); ++i) {
         const QStringList words = wordsOf(lines.at(i));
         if (words.isEmpty())
             continue;
-        const auto fault = [&problems, i](const QString &reason) {
-            problems.append(QStringLiteral("line %1: %2").arg(i + 1).arg(reason));
+        const auto fault = [&faults, i](const QString &reason) {
+            faults.add(i + 1, reason);
         };
         int from = 0;
         if (words.size() != 2) {
@@ -81,16 +64,11 @@ bool NoteMap::parse(const QString &text, QString *problem)
             notes.at(size_t(from)) = to;
         }
     }
-    if (problems.isEmpty()) {
+    if (faults.isEmpty()) {
         m_notes = notes;
         return true;
     }
-    if (problems.size() > mostProblems) {
-        const int more = problems.size() - mostProblems + 1;
-        problems = problems.mid(0, mostProblems - 1);
-        problems.append(QStringLiteral("and %1 more faults").arg(more));
-    }
-    *problem = problems.join(QLatin1Char('\n'));
+    *problem = faults.text();
     return false;
 }
 

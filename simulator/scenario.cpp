@@ -2,18 +2,13 @@
 
 #include "kit.h"
 #include "switches.h"
-
-#include <QFile>
-
-#include <algorithm>
+#include "textfile.h"
 
 namespace simulated {
 
 namespace {
 
 constexpr int longestMs = 24 * 60 * 60 * 1000;
-
-constexpr int mostProblems = 100;
 
 bool readWaitParameter(const QStringList &words, ScenarioStep *step)
 {
@@ -237,57 +232,28 @@ QVector<ScenarioStep> StepReader::takeSteps()
 
 bool Scenario::load(const QString &path, QString *problem)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        *problem = QStringLiteral("scenario %1: %2").arg(path, file.errorString());
-        return false;
-    }
-    const QByteArray text = file.read(largestFile + 1);
-    if (text.size() > largestFile) {
-        *problem = QStringLiteral("scenario %1: larger than %2 MiB").arg(path).arg(largestFile >> 20);
-        return false;
-    }
-    QString reason;
-    if (parse(QString::fromUtf8(text), &reason))
-        return true;
-    QStringList problems;
-    const QStringList lines = reason.split(QLatin1Char('\n'));
-    for (const QString &line : lines)
-        problems.append(QStringLiteral("scenario %1, %2").arg(path, line));
-    *problem = problems.join(QLatin1Char('\n'));
-    return false;
+    return loadTextFile(
+        QStringLiteral("scenario"), path, largestFile,
+        [this](const QString &text, QString *reason) { return parse(text, reason); }, problem);
 }
 
 bool Scenario::parse(const QString &text, QString *problem)
 {
-    struct Fault
-    {
-        int line;
-        QString reason;
-    };
-    QVector<Fault> faults;
+    LineFaults faults;
     StepReader reader(StepReader::Source::File);
     const QStringList lines = text.split(QLatin1Char('\n'));
     for (int i = 0; i < lines.size(); ++i) {
         QString reason;
         if (!reader.take(lines.at(i), i + 1, &reason))
-            faults.append({i + 1, reason});
+            faults.add(i + 1, reason);
     }
     for (; reader.openLine() >= 0; reader.closeBlock())
-        faults.append({reader.openLine(), QStringLiteral("repeat without end")});
+        faults.add(reader.openLine(), QStringLiteral("repeat without end"));
     m_steps = reader.takeSteps();
     if (faults.isEmpty())
         return true;
     m_steps.clear();
-    std::stable_sort(faults.begin(), faults.end(),
-                     [](const Fault &a, const Fault &b) { return a.line < b.line; });
-    QStringList problems;
-    const int shown = faults.size() > mostProblems ? mostProblems - 1 : faults.size();
-    for (int i = 0; i < shown; ++i)
-        problems.append(QStringLiteral("line %1: %2").arg(faults.at(i).line).arg(faults.at(i).reason));
-    if (shown < faults.size())
-        problems.append(QStringLiteral("and %1 more faults").arg(faults.size() - shown));
-    *problem = problems.join(QLatin1Char('\n'));
+    *problem = faults.text();
     return false;
 }
 
