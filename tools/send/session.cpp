@@ -23,7 +23,7 @@ QString lineEnd(QString sentence)
     if (sentence.endsWith(QLatin1Char('.')))
         sentence.chop(1);
     if (!sentence.isEmpty())
-        sentence[0] = sentence.at(0).toLower();
+        sentence.replace(0, 1, sentence.at(0).toLower());
     return sentence;
 }
 
