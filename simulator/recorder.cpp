@@ -7,6 +7,8 @@
 
 #include <pcap/pcap.h>
 
+#include <unistd.h>
+
 #include <chrono>
 #include <cstdio>
 #include <cstring>
@@ -16,6 +18,10 @@ namespace simulated {
 namespace {
 
 constexpr int largestPacket = 65535;
+
+// Sizes of the file format.
+constexpr qint64 fileHeaderBytes = 24;
+constexpr qint64 packetHeaderBytes = 16;
 
 // A buffer that holds the largest packet with its header, so that a packet is written with one call.
 constexpr size_t bufferBytes = 128 * 1024;
@@ -80,6 +86,7 @@ bool Recorder::start(const QString &path, QString *problem)
         stop();
         return false;
     }
+    m_writtenBytes = fileHeaderBytes;
     using namespace std::chrono;
     m_startNs = duration_cast<nanoseconds>(system_clock::now().time_since_epoch()).count();
     m_sinceStart.start();
@@ -96,6 +103,18 @@ void Recorder::stop()
     m_pcap = nullptr;
 }
 
+// Also removes the part of a packet that fitted on the disk: a file that ends with one cannot be read.
+void Recorder::stopAfterWholePacket()
+{
+    // The path may refer to another file by now.
+    const int descriptor = ::dup(::fileno(pcap_dump_file(m_dumper)));
+    // Closing the file tries to write the rest of the packet again.
+    stop();
+    QFile file;
+    if (descriptor >= 0 && file.open(descriptor, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle))
+        static_cast<void>(file.resize(m_writtenBytes));
+}
+
 void Recorder::write(const Endpoint &from, const Endpoint &to, const QByteArray &datagram)
 {
     constexpr qint64 nsPerSecond = 1000000000;
@@ -110,10 +129,12 @@ void Recorder::write(const Endpoint &from, const Endpoint &to, const QByteArray 
     header.caplen = header.len;
     pcap_dump(reinterpret_cast<u_char *>(m_dumper), &header,
               reinterpret_cast<const u_char *>(packet.constData()));
-    if (pcap_dump_flush(m_dumper) == 0)
+    if (pcap_dump_flush(m_dumper) == 0) {
+        m_writtenBytes += packetHeaderBytes + packet.size();
         return;
+    }
     const QString reason = errorText(errno);
-    stop();
+    stopAfterWholePacket();
     Q_EMIT failed(QStringLiteral("recording %1 ended: %2").arg(m_path, reason));
 }
 

@@ -1,6 +1,7 @@
 // The options of zelta-engine-sim for recordings: output, files, exit status, and that nothing is sent by
 // mistake.
 #include "recording/capturefile.h"
+#include "recording/filesizelimit.h"
 #include "simulator/recording.h"
 #include "support/hex.h"
 #include "support/patience.h"
@@ -12,6 +13,8 @@
 #include <QUdpSocket>
 
 #include <pcap/pcap.h>
+
+#include <csignal>
 
 using simulated::Recording;
 using testsupport::hex;
@@ -38,11 +41,13 @@ class ProgramTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void init();
     void cleanup();
     void recordsAndReplays();
     void leavesAReadableFileWhenKilled();
     void reportsARecordingThatCannotBeWritten();
+    void reportsADiskThatFillsUp();
     void replaysWhatItRecordedOnAnotherPort();
     void sendsNothingButTheRecording();
     void endsAfterTheReplay();
@@ -72,6 +77,12 @@ private:
     std::unique_ptr<QUdpSocket> m_module;
     quint16 m_port = 0;
 };
+
+void ProgramTest::initTestCase()
+{
+    // For FileSizeLimit. The program inherits it.
+    QVERIFY(std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR);
+}
 
 void ProgramTest::init()
 {
@@ -186,6 +197,37 @@ void ProgramTest::reportsARecordingThatCannotBeWritten()
     QCOMPARE(m_output, QByteArray());
     QCOMPARE(m_errors, "zelta-engine-sim: cannot write recording " + path("none/session.pcap").toLocal8Bit() +
                            ": No such file or directory\n");
+}
+
+void ProgramTest::reportsADiskThatFillsUp()
+{
+    // All packets have an even size, so the space ends within one.
+    constexpr int space = 501;
+    const QString file = path("full.pcap");
+    QVERIFY(start({QStringLiteral("--no-groove"), QStringLiteral("--record"), file}));
+    {
+        const FileSizeLimit disk(space, pid_t(m_process.processId()));
+        QVERIFY(disk.isSet());
+        for (int i = 0; i < space / setting().size(); ++i)
+            send(setting());
+        m_process.setReadChannel(QProcess::StandardError);
+        QVERIFY(m_process.waitForReadyRead(patienceMs));
+        m_process.setReadChannel(QProcess::StandardOutput);
+    }
+    // It still answers, and reports the failure in its exit status.
+    send(hex("534E 0000"));
+    QByteArray latest;
+    do {
+        latest = receive();
+    } while (latest != hex("534E 4143 0001 0000") && latest != "nothing");
+    QCOMPARE(latest, hex("534E 4143 0001 0000"));
+    m_process.write("quit\n");
+    QCOMPARE(finish(), 2);
+    QCOMPARE(m_errors, "zelta-engine-sim: recording " + file.toLocal8Bit() + " ended: File too large\n");
+    Recording recording;
+    QString problem;
+    QVERIFY2(recording.load(file, &problem, m_port), qPrintable(problem));
+    QCOMPARE(recording.datagram(0), setting());
 }
 
 void ProgramTest::replaysWhatItRecordedOnAnotherPort()

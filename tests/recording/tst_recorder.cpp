@@ -1,5 +1,5 @@
 // Recordings that the simulated engine writes.
-#include "recording/capturefile.h"
+#include "recording/filesizelimit.h"
 #include "simulator/recording.h"
 #include "simulator/soundengine.h"
 #include "support/hex.h"
@@ -12,6 +12,8 @@
 #include <QUdpSocket>
 #include <QtEndian>
 
+#include <csignal>
+
 using simulated::Recording;
 using testsupport::hex;
 using testsupport::patienceMs;
@@ -20,6 +22,7 @@ namespace {
 
 constexpr int fileHeaderSize = 24;
 constexpr int packetHeaderSize = 16;
+constexpr int strikePacketSize = packetHeaderSize + 28 + 8;
 
 struct RecordedPacket
 {
@@ -72,6 +75,7 @@ class RecorderTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void init();
     void writesBothDirections();
     void writesCorrectPackets_data();
@@ -82,7 +86,9 @@ private Q_SLOTS:
     void replacesAFile();
     void stopsAndStartsAgain();
     void refusesAPathThatCannotBeWritten();
-    void reportsAFullDisk();
+    void reportsAFullDiskAtTheStart();
+    void endsWithAWholePacketOnAFullDisk_data();
+    void endsWithAWholePacketOnAFullDisk();
 
 private:
     bool send(const QByteArray &datagram);
@@ -93,6 +99,12 @@ private:
     std::unique_ptr<SoundEngine> m_engine;
     std::unique_ptr<QUdpSocket> m_module;
 };
+
+void RecorderTest::initTestCase()
+{
+    // For FileSizeLimit.
+    QVERIFY(std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR);
+}
 
 void RecorderTest::init()
 {
@@ -257,10 +269,42 @@ void RecorderTest::refusesAPathThatCannotBeWritten()
     QVERIFY(m_engine->strike(38, 1));
 }
 
-void RecorderTest::reportsAFullDisk()
+void RecorderTest::reportsAFullDiskAtTheStart()
 {
     QVERIFY(!m_engine->startRecording(QStringLiteral("/dev/full"), &m_problem));
     QCOMPARE(m_problem, QStringLiteral("cannot write recording /dev/full: No space left on device"));
+}
+
+void RecorderTest::endsWithAWholePacketOnAFullDisk_data()
+{
+    QTest::addColumn<int>("space");
+    QTest::newRow("no byte of the next packet fits") << 0;
+    QTest::newRow("a part of its header fits") << packetHeaderSize / 2;
+    QTest::newRow("all but its last byte fits") << strikePacketSize - 1;
+}
+
+void RecorderTest::endsWithAWholePacketOnAFullDisk()
+{
+    QFETCH(int, space);
+    QVERIFY2(m_engine->startRecording(m_file, &m_problem), qPrintable(m_problem));
+    m_engine->setModule(m_module->localAddress(), m_module->localPort());
+    QSignalSpy failed(m_engine.get(), &SoundEngine::recordingFailed);
+    {
+        const FileSizeLimit disk(fileHeaderSize + 2 * strikePacketSize + space);
+        QVERIFY(disk.isSet());
+        for (quint8 velocity = 1; velocity <= 4; ++velocity)
+            QVERIFY(m_engine->strike(38, velocity));
+    }
+    QCOMPARE(failed.size(), 1);
+    QCOMPARE(failed.at(0).at(0).toString(), QStringLiteral("recording %1 ended: File too large").arg(m_file));
+
+    Recording recording;
+    QVERIFY2(recording.load(m_file, &m_problem, m_engine->port()), qPrintable(m_problem));
+    QCOMPARE(recording.size(), 2);
+    QCOMPARE(recording.datagram(1), hex("494D 4143 9909 0226"));
+    // The disk has space again, but the recording does not go on with a gap.
+    QVERIFY(m_engine->strike(38, 5));
+    QCOMPARE(packetsOf(m_file).size(), 2);
 }
 
 QTEST_GUILESS_MAIN(RecorderTest)
