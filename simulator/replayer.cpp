@@ -2,11 +2,19 @@
 
 #include "soundengine.h"
 
+#include <algorithm>
+
 namespace simulated {
 
 namespace {
 
 constexpr qint64 nsPerMs = 1000000;
+
+// The gap of a slow replay can exceed the range of a timer, so it is waited for in parts.
+constexpr qint64 longestWaitNs = 60 * 60 * 1000 * nsPerMs;
+
+// A slow replay of a long recording could exceed 64 bits, which hold 292 years.
+constexpr double latestNs = 9e18;
 
 // The module takes up to 160 us for a datagram, and its smallest receive buffer holds about 250.
 constexpr int batch = 8;
@@ -53,7 +61,7 @@ qint64 Replayer::dueNs(int index) const
     const qint64 recorded = m_recording.time(index);
     if (m_speed == maximumSpeed)
         return 0;
-    return m_speed == 1.0 ? recorded : qint64(double(recorded) / m_speed);
+    return m_speed == 1.0 ? recorded : qint64(std::min(double(recorded) / m_speed, latestNs));
 }
 
 void Replayer::play()
@@ -62,7 +70,7 @@ void Replayer::play()
     for (int i = 0; i < batch && m_next < m_recording.size(); ++i, ++m_next) {
         const qint64 ahead = dueNs(m_next) - m_sinceBegin.nsecsElapsed();
         if (ahead > 0) {
-            m_timer.start(int((ahead + nsPerMs - 1) / nsPerMs));
+            m_timer.start(int((std::min(ahead, longestWaitNs) + nsPerMs - 1) / nsPerMs));
             return;
         }
         const QByteArray datagram = m_recording.datagram(m_next);

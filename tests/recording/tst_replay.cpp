@@ -6,6 +6,7 @@
 #include "simulator/scenariowriter.h"
 #include "simulator/soundengine.h"
 #include "support/hex.h"
+#include "support/logcatcher.h"
 #include "support/patience.h"
 
 #include <QElapsedTimer>
@@ -50,6 +51,7 @@ private Q_SLOTS:
     void keepsGaps_data();
     void keepsGaps();
     void isFasterThanTheRecording();
+    void waitsLongerThanATimerCan();
     void losesNothingWithoutGaps();
     void beginsWithTheFirstDatagram();
     void loops();
@@ -212,6 +214,22 @@ void ReplayTest::isFasterThanTheRecording()
     replayer.setSpeed(1000.0);
     replayer.start();
     QCOMPARE(receive(2), (QList<QByteArray>{strike(1), strike(2)}));
+}
+
+// A timer counts up to 24.8 days. One that cannot be started only writes a warning.
+void ReplayTest::waitsLongerThanATimerCan()
+{
+    constexpr qint64 minuteMs = 60 * 1000;
+    add(true, strike(1), 0);
+    add(true, strike(2), 40 * minuteMs);
+    load();
+    m_engine->setModule(m_module->localAddress(), m_module->localPort());
+    const testsupport::LogCatcher log;
+    Replayer replayer(m_recording, m_engine.get());
+    replayer.setSpeed(0.001);
+    replayer.start();
+    QCOMPARE(receive(1), QList<QByteArray>{strike(1)});
+    QCOMPARE(log.warnings(), QStringList());
 }
 
 // An hour of a session. The socket of an ordinary user holds about 250 datagrams.
