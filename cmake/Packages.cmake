@@ -14,9 +14,13 @@ install(FILES "${PROJECT_SOURCE_DIR}/packaging/zelta-demo.svg" DESTINATION share
     COMPONENT tools)
 # The programs put this folder first in their search path.
 install(PROGRAMS "${PROJECT_SOURCE_DIR}/tools/bin/ping" DESTINATION libexec/zeltaconnect-tools COMPONENT tools)
-# Optional, because a cross build without an emulator cannot make the table of parameters.
-install(DIRECTORY "${PROJECT_BINARY_DIR}/wireshark/"
-    DESTINATION "lib/${CMAKE_LIBRARY_ARCHITECTURE}/wireshark/plugins/zeltaconnect" COMPONENT tools OPTIONAL)
+if(TARGET zelta-writeparameters)
+    install(DIRECTORY "${PROJECT_BINARY_DIR}/wireshark/"
+        DESTINATION "lib/${CMAKE_LIBRARY_ARCHITECTURE}/wireshark/plugins/zeltaconnect" COMPONENT tools)
+else()
+    message(WARNING "The packages of this build have no Wireshark dissector: a cross build without an emulator "
+        "cannot make its table of parameters")
+endif()
 
 set(packageVersion "${PROJECT_VERSION}-1")
 set(ZELTACONNECT_PACKAGER "ZeltaConnect maintainers <maintainers@zeltaconnect.example>" CACHE STRING
