@@ -1,9 +1,12 @@
 #include "scenariowriter.h"
 
 #include "kit.h"
+#include "switches.h"
 #include "wire.h"
 
 #include <QVector>
+
+#include <array>
 
 namespace simulated {
 
@@ -16,28 +19,8 @@ constexpr qint64 longestCommandMs = 20;
 constexpr int eventSize = 8;
 constexpr int largestByte = 0x7F;
 
-struct Named
-{
-    quint16 value;
-    const char *name;
-};
-
-// The names of the commands.
-constexpr Named switchNames[] = {
-    {tag("PW"), "power"}, {tag("F1"), "foot1"},     {tag("F2"), "foot2"}, {tag("A3"), "aux3"},
-    {tag("A4"), "aux4"},  {tag("HP"), "headphone"}, {tag("MI"), "mixin"}, {tag("HM"), "home"},
-};
-constexpr Named sectionNames[] = {{0, "master"}, {1, "monitor"}, {2, "headphone"}, {3, "pad"}};
-
-template<size_t size>
-QString nameOf(const Named (&names)[size], quint16 value)
-{
-    for (const Named &named : names) {
-        if (named.value == value)
-            return QLatin1String(named.name);
-    }
-    return {};
-}
+// The sections of the command comp.
+constexpr std::array<const char *, 4> sectionNames{"master", "monitor", "headphone", "pad"};
 
 QString hexNumber(quint16 number)
 {
@@ -133,8 +116,8 @@ QString eventCommand(const QByteArray &event)
         command = QStringLiteral("beat %1").arg(index);
     else if (kind == Tag::Pot && index <= 3 && data <= 1)
         command = QStringLiteral("pot %1 %2").arg(index).arg(QLatin1Char(data == 1 ? '+' : '-'));
-    else if (kind == Tag::Switch && data <= 1 && !nameOf(switchNames, index).isEmpty())
-        command = QStringLiteral("switch %1 %2").arg(nameOf(switchNames, index)).arg(data);
+    else if (kind == Tag::Switch && data <= 1 && !switchName(index).isEmpty())
+        command = QStringLiteral("switch %1 %2").arg(switchName(index)).arg(data);
     else if (kind == Tag::FlashSize)
         command = QStringLiteral("flash %1 %2").arg(index).arg(data);
     if (!command.isEmpty())
@@ -152,9 +135,9 @@ QString commandOf(const QByteArray &datagram)
         return QStringLiteral("meters ") + levelTexts(datagram, 2, outputLevels);
     if (wordAt(datagram, 0) == Tag::CompressorMeters && datagram.size() == 4 + 2 * compressorLevels) {
         const quint16 section = wordAt(datagram, 2);
-        const QString name = nameOf(sectionNames, section);
-        return QStringLiteral("comp %1 %2")
-            .arg(name.isEmpty() ? QString::number(section) : name, levelTexts(datagram, 4, compressorLevels));
+        const QString name = section < sectionNames.size() ? QLatin1String(sectionNames.at(section))
+                                                           : QString::number(section);
+        return QStringLiteral("comp %1 %2").arg(name, levelTexts(datagram, 4, compressorLevels));
     }
     return QStringLiteral("send ") + hexText(datagram);
 }

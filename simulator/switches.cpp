@@ -23,13 +23,19 @@ bool readSwitch(const QString &text, quint16 *tag, bool *isNamed)
     return true;
 }
 
-QString switchText(quint16 tag)
+QString switchName(quint16 tag)
 {
     for (const Named &named : names) {
         if (named.value == tag)
             return QLatin1String(named.name);
     }
-    return tagText(tag);
+    return {};
+}
+
+QString switchText(quint16 tag)
+{
+    const QString name = switchName(tag);
+    return name.isEmpty() ? tagText(tag) : name;
 }
 
 QString switchNames()

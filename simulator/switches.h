@@ -9,6 +9,9 @@ namespace simulated {
 /// true for a name; such a switch only has the values 0 and 1. Returns false for other texts.
 bool readSwitch(const QString &text, quint16 *tag, bool *isNamed);
 
+/// "foot1", or an empty text for a switch without a name.
+QString switchName(quint16 tag);
+
 /// "foot1", or the letters of a switch without a name.
 QString switchText(quint16 tag);
 
