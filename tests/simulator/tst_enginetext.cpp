@@ -1,5 +1,6 @@
-// The engine's datagrams in words.
+// The engine's datagrams as text.
 #include "support/hex.h"
+#include "support/noise.h"
 
 #include "simulator/enginetext.h"
 
@@ -7,6 +8,7 @@
 
 using simulated::EngineText;
 using testsupport::hex;
+using testsupport::noise;
 
 class EngineTextTest : public QObject
 {
@@ -119,17 +121,14 @@ void EngineTextTest::gathersOverEvents()
 // The command "send" sends any bytes.
 void EngineTextTest::describesAnything()
 {
+    constexpr int count = 20000;
+    constexpr int largest = 40;
+    const QByteArray bytes = noise(count * largest);
     EngineText text;
-    quint32 state = 1;
-    for (int i = 0; i < 20000; ++i) {
-        QByteArray datagram = i % 2 == 0 ? QByteArray("IMAC") : QByteArray();
-        state = state * 1664525 + 1013904223;
-        const int size = int(state >> 24) % 40;
-        while (datagram.size() < size) {
-            state = state * 1664525 + 1013904223;
-            datagram.append(char(state >> 24));
-        }
-        const QString line = text.take(datagram);
+    for (int i = 0; i < count; ++i) {
+        const int size = quint8(bytes.at((i + 1) * largest - 1)) % largest;
+        const QByteArray any = bytes.mid(i * largest, size);
+        const QString line = text.take(i % 2 == 0 ? "IMAC" + any : any);
         QVERIFY(!line.isEmpty());
         QVERIFY(!line.contains(QLatin1Char('\n')));
     }

@@ -1,5 +1,6 @@
 // Raw MIDI bytes into messages.
 #include "support/hex.h"
+#include "support/noise.h"
 
 #include "simulator/midiparser.h"
 
@@ -8,6 +9,7 @@
 using simulated::MidiMessage;
 using simulated::MidiParser;
 using testsupport::hex;
+using testsupport::noise;
 
 class MidiParserTest : public QObject
 {
@@ -111,13 +113,7 @@ void MidiParserTest::resets()
 void MidiParserTest::survivesAnything()
 {
     MidiParser parser;
-    quint32 state = 1;
-    QByteArray bytes;
-    for (int i = 0; i < 1000000; ++i) {
-        state = state * 1664525 + 1013904223;
-        bytes.append(char(state >> 24));
-    }
-    const auto messages = parser.take(bytes);
+    const auto messages = parser.take(noise(1000000));
     QVERIFY(messages.size() > 1000);
     for (const MidiMessage &message : messages) {
         QVERIFY(message.data1 < 128 && message.data2 < 128);
