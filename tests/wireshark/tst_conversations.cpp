@@ -194,7 +194,9 @@ void ConversationsTest::packetNumbersAndChecksums_data()
         {QStringLiteral("SB end packet within a transfer of TB")});
     row("firmware has no checksum", {start("FW", 512), data("FW", 0, first), end("FW", 0)}, {});
     row("firmware with a checksum", {start("FW", 512), data("FW", 0, first), end("FW", 0x10100)},
-        {QStringLiteral("checksum 0x00010100, the packets seen give 0x00000000")});
+        {QStringLiteral("checksum 0x00010100, but a transfer of FW has none")});
+    row("bluetooth firmware with a checksum", {start("BF", 512), data("BF", 0, first), end("BF", 1)},
+        {QStringLiteral("checksum 0x00000001, but a transfer of BF has none")});
     row("sound bank with longer chunks",
         {start("SB", 1024), data("SB", 0, first + first), end("SB", 0x20200)}, {});
 

@@ -154,6 +154,7 @@ return function(wire, parameters, queries, fields)
         return string.format("flash size %d, total %d", samples, total), {kind = "answer", key = "FR"}
     end
 
+    -- That these events answer the requests for slots is an assumption: their form is not known.
     local function readSlotInfo(d)
         local index, data = addWords(d)
         local tag = d:tag(0)

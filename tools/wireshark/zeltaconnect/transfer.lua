@@ -89,12 +89,15 @@ function Transfer:finish(frame, packet)
             return {{"gap", string.format("%d packet(s) are missing before the end", missing)}}
         end
     end
-    local expected = withoutChecksum[self.content] and 0 or self.isComplete and self.sum or packet.checksum
-    if packet.checksum ~= expected then
-        local text = string.format("checksum 0x%08x, the packets seen give 0x%08x", packet.checksum, expected)
-        return {{"checksum", text}}
+    local text
+    if withoutChecksum[self.content] then
+        if packet.checksum ~= 0 then
+            text = string.format("checksum 0x%08x, but a transfer of %s has none", packet.checksum, self.content)
+        end
+    elseif self.isComplete and packet.checksum ~= self.sum then
+        text = string.format("checksum 0x%08x, the packets seen give 0x%08x", packet.checksum, self.sum)
     end
-    return nil
+    return text and {{"checksum", text}}
 end
 
 --- The figures of the transfer up to a frame. The checksum is left out when packets are missing from the capture.
