@@ -11,7 +11,7 @@ namespace {
 
 using Item = SentSequence::Item;
 
-// Bytes are shown only where the text does not tell two datagrams apart.
+// Bytes are shown of unreadable datagrams, and where two different datagrams have the same text.
 constexpr int shownBytes = 48;
 
 QVector<int> idsOf(const QVector<Item> &items)
@@ -90,7 +90,7 @@ private:
     const QVector<Item> &m_received;
     Comparison::Report *m_report;
 
-    QVector<QPair<int, int>> m_partners; // positions of the same datagram or file
+    QVector<QPair<int, int>> m_matches; // positions of the same datagram or file
     QVector<Single> m_lost;
     QVector<Single> m_added;
     QVector<Line> m_lines;
@@ -98,7 +98,7 @@ private:
 
 void Differences::align()
 {
-    m_partners = commonPositions(idsOf(m_recorded), idsOf(m_received));
+    m_matches = commonPositions(idsOf(m_recorded), idsOf(m_received));
     QPair<int, int> at(0, 0);
     const auto collect = [&](const QPair<int, int> &end) {
         for (; at.first < end.first; ++at.first)
@@ -106,7 +106,7 @@ void Differences::align()
         for (; at.second < end.second; ++at.second)
             m_added.append({at.second, end.first, false});
     };
-    for (const QPair<int, int> &pair : qAsConst(m_partners)) {
+    for (const QPair<int, int> &pair : qAsConst(m_matches)) {
         collect(pair);
         at = {pair.first + 1, pair.second + 1};
     }
@@ -126,7 +126,7 @@ void Differences::findMoved()
             continue;
         Single &added = m_added[same->takeLast()];
         lost.isExplained = added.isExplained = true;
-        m_partners.append({lost.position, added.position});
+        m_matches.append({lost.position, added.position});
         ++m_report->order;
         m_lines.append(
             {lost.position, QStringLiteral("order at %1: %2 was sent %3")
@@ -178,7 +178,7 @@ void Differences::findMissingAndExtra()
 
 void Differences::compareFiles()
 {
-    for (const QPair<int, int> &pair : qAsConst(m_partners)) {
+    for (const QPair<int, int> &pair : qAsConst(m_matches)) {
         const Item &item = m_recorded.at(pair.first);
         if (item.file < 0)
             continue;

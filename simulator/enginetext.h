@@ -1,4 +1,4 @@
-// The engine's datagrams as text, in the words of the Wireshark dissector.
+// The engine's datagrams as text, the same as that of the Wireshark dissector.
 #pragma once
 
 #include <QByteArray>

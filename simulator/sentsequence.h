@@ -13,7 +13,7 @@ class SentTable
 public:
     struct Entry
     {
-        QString text;    ///< the datagram in words
+        QString text;    ///< the datagram as text
         QString subject; ///< equal for two entries of which one can be a changed version of the other
         QByteArray datagram;
     };

@@ -33,7 +33,7 @@ Transcript::Transcript(SoundEngine *engine, Verbosity verbosity, QObject *parent
 
 void Transcript::takeReceived(const QByteArray &datagram)
 {
-    // A file has thousands of packets, so they are not decoded in vain.
+    // A file has thousands of packets. Those that are not printed are not decoded.
     if (m_verbosity < Verbosity::Packets && isFilePacket(datagram))
         return;
     const Message message = decode(datagram);
