@@ -56,25 +56,28 @@ int refuse(const QString &text)
     return exitCouldNotStart;
 }
 
-void report(SoundEngine *engine)
+// What the options name.
+struct Inputs
 {
-    QObject::connect(engine, &SoundEngine::moduleChanged, [](const QHostAddress &address, quint16 port) {
-        print(QStringLiteral("module %1:%2").arg(address.toString()).arg(port));
-    });
-    QObject::connect(engine, &SoundEngine::violated,
-                     [](const QString &line) { print(QStringLiteral("violation: ") + line); });
-    QObject::connect(engine, &SoundEngine::transferEnded,
-                     [](const ReceivedFile &file) { print(fileText(file)); });
-}
+    Scenario scenario;
+    Recording recording;
+    NoteMap notes;
+};
 
-void takeTypedLine(const QString &line, StepReader *reader, ScenarioPlayer *player)
+// Returns false and sets problem to one line if a file cannot be used.
+bool load(const Options &options, Inputs *inputs, QString *problem)
 {
-    QString problem;
-    if (!reader->take(line, 0, &problem))
-        printError(problem);
-    const QVector<ScenarioStep> steps = reader->takeSteps();
-    for (const ScenarioStep &step : steps)
-        player->append(step);
+    if (!options.scenario.isEmpty() && !inputs->scenario.load(options.scenario, problem))
+        return false;
+    if (!options.replay.isEmpty()) {
+        if (!inputs->recording.load(options.replay, problem, options.recordedPort))
+            return false;
+        if (inputs->recording.countFromEngine() == 0) {
+            *problem = QStringLiteral("recording %1: no datagram of the engine").arg(options.replay);
+            return false;
+        }
+    }
+    return options.noteMap.isEmpty() || inputs->notes.load(options.noteMap, problem);
 }
 
 int writeScenario(const Recording &recording, const Options &options)
@@ -90,11 +93,172 @@ int writeScenario(const Recording &recording, const Options &options)
     return 0;
 }
 
+// Returns false and sets problem to one line if the engine cannot listen or record.
+bool startEngine(SoundEngine *engine, const Options &options, QString *problem)
+{
+    engine->setSeed(options.seed);
+    engine->setStoreDirectory(options.storeDirectory);
+    // The program never reads the data of received files.
+    engine->setKeptBytes(0);
+    for (const QString &failure : qAsConst(options.failures))
+        engine->setFailure(failure);
+    if (!engine->listen(options.address, options.port)) {
+        *problem = QStringLiteral("cannot listen on %1:%2: %3")
+                       .arg(options.address.toString())
+                       .arg(options.port)
+                       .arg(engine->errorString());
+        return false;
+    }
+    return options.record.isEmpty() || engine->startRecording(options.record, problem);
+}
+
+void report(SoundEngine *engine)
+{
+    QObject::connect(engine, &SoundEngine::moduleChanged, [](const QHostAddress &address, quint16 port) {
+        print(QStringLiteral("module %1:%2").arg(address.toString()).arg(port));
+    });
+    QObject::connect(engine, &SoundEngine::violated,
+                     [](const QString &line) { print(QStringLiteral("violation: ") + line); });
+    QObject::connect(engine, &SoundEngine::transferEnded,
+                     [](const ReceivedFile &file) { print(fileText(file)); });
+}
+
+// The program while its engine listens: scenario, replay, typed commands and electronic drum kit.
+class Session : public QObject
+{
+public:
+    // All arguments must outlive this object.
+    Session(SoundEngine *engine, const Inputs &inputs, const Options &options);
+
+    // Returns the exit status.
+    int run();
+
+private:
+    void fail(const QString &line);
+    void connectReplay();
+    void connectPlayer(ScenarioPlayer *player);
+    void connectInput();
+    void takeTypedLine(const QString &line);
+    void start();
+
+    SoundEngine *m_engine;
+    const Options &m_options;
+    EndSignals m_endSignals;
+    std::unique_ptr<ReplaySession> m_replay;
+    ScenarioPlayer m_player;
+    ScenarioPlayer m_typed; // typed lines are steps of a scenario that never ends
+    InputLines m_input;
+    StepReader m_reader{StepReader::Source::Typed};
+    MidiInput m_kit;
+    int m_status = 0;
+};
+
+Session::Session(SoundEngine *engine, const Inputs &inputs, const Options &options)
+    : m_engine(engine)
+    , m_options(options)
+    , m_player(inputs.scenario, engine)
+    , m_typed(Scenario(), engine)
+    , m_kit(options.midiInput, engine)
+{
+    connect(&m_endSignals, &EndSignals::received, qApp, &QCoreApplication::quit);
+    connect(engine, &SoundEngine::recordingFailed, this, &Session::fail);
+    if (!options.replay.isEmpty()) {
+        m_replay = std::make_unique<ReplaySession>(inputs.recording, options, engine);
+        connectReplay();
+    }
+    connect(&m_player, &ScenarioPlayer::notSent, this, &Session::fail);
+    connect(&m_player, &ScenarioPlayer::failed, this, [this](const QString &line) {
+        fail(line);
+        QCoreApplication::quit();
+    });
+    connect(&m_typed, &ScenarioPlayer::failed, this, [this](const QString &line) {
+        fail(line);
+        m_typed.proceed();
+    });
+    connectPlayer(&m_player);
+    connectPlayer(&m_typed);
+    connectInput();
+    connect(&m_kit, &MidiInput::stateChanged, this, print);
+    m_kit.setNoteMap(inputs.notes);
+}
+
+void Session::fail(const QString &line)
+{
+    printError(line);
+    m_status = exitCommandsFailed;
+}
+
+void Session::connectReplay()
+{
+    connect(m_replay.get(), &ReplaySession::notSent, this, &Session::fail);
+    connect(m_replay.get(), &ReplaySession::finished, qApp, &QCoreApplication::quit);
+}
+
+void Session::connectPlayer(ScenarioPlayer *player)
+{
+    connect(player, &ScenarioPlayer::printed, this, printAll);
+    connect(player, &ScenarioPlayer::quitRequested, qApp, &QCoreApplication::quit);
+}
+
+void Session::connectInput()
+{
+    connect(&m_input, &InputLines::lineRead, this, &Session::takeTypedLine);
+    connect(&m_input, &InputLines::closedByHand, this, [this] {
+        if (m_options.durationMs == 0)
+            QCoreApplication::quit();
+    });
+}
+
+void Session::takeTypedLine(const QString &line)
+{
+    QString problem;
+    if (!m_reader.take(line, 0, &problem))
+        printError(problem);
+    const QVector<ScenarioStep> steps = m_reader.takeSteps();
+    for (const ScenarioStep &step : steps)
+        m_typed.append(step);
+}
+
+void Session::start()
+{
+    print(QStringLiteral("listening on %1:%2").arg(m_engine->address().toString()).arg(m_engine->port()));
+    if (m_replay)
+        m_engine->setAnswering(false);
+    else
+        playStandalone(m_engine, m_options.groove);
+    if (!m_options.midiInput.isEmpty())
+        m_kit.start();
+    m_typed.start();
+    if (m_replay)
+        m_replay->start();
+    if (!m_options.scenario.isEmpty())
+        QTimer::singleShot(0, &m_player, [this] { m_player.start(); });
+    if (m_options.durationMs > 0)
+        QTimer::singleShot(m_options.durationMs, qApp, &QCoreApplication::quit);
+}
+
+int Session::run()
+{
+    start();
+    QCoreApplication::exec();
+
+    printAll(m_engine->summary());
+    if (m_replay) {
+        const ReplaySession::Result result = m_replay->result();
+        printAll(result.lines);
+        if (m_status == 0 && result.hasDifferences)
+            m_status = exitDifferences;
+    }
+    if (m_status == 0 && m_engine->counters().violations > 0)
+        m_status = exitViolations;
+    return m_status;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
-    QCoreApplication app(argc, argv);
+    const QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("zelta-engine-sim"));
     QCoreApplication::setApplicationVersion(QStringLiteral(ZELTACONNECT_VERSION));
 
@@ -106,107 +270,20 @@ int main(int argc, char *argv[])
     case OptionsResult::Bad: return refuse(text);
     }
     output().setTimestamps(options.timestamps);
-    Scenario scenario;
-    if (!options.scenario.isEmpty() && !scenario.load(options.scenario, &text))
+    Inputs inputs;
+    if (!load(options, &inputs, &text))
         return refuse(text);
-    Recording recording;
-    if (!options.replay.isEmpty() && !recording.load(options.replay, &text, options.recordedPort))
-        return refuse(text);
-    if (!options.replay.isEmpty() && recording.countFromEngine() == 0)
-        return refuse(QStringLiteral("recording %1: no datagram of the engine").arg(options.replay));
     if (!options.toScenario.isEmpty())
-        return writeScenario(recording, options);
-    NoteMap notes;
-    if (!options.noteMap.isEmpty() && !notes.load(options.noteMap, &text))
-        return refuse(text);
+        return writeScenario(inputs.recording, options);
 
     SoundEngine engine;
-    engine.setSeed(options.seed);
-    engine.setStoreDirectory(options.storeDirectory);
-    // The program never reads the data of received files.
-    engine.setKeptBytes(0);
-    for (const QString &failure : qAsConst(options.failures))
-        engine.setFailure(failure);
-    if (!engine.listen(options.address, options.port)) {
-        return refuse(QStringLiteral("cannot listen on %1:%2: %3")
-                          .arg(options.address.toString())
-                          .arg(options.port)
-                          .arg(engine.errorString()));
-    }
-    if (!options.record.isEmpty() && !engine.startRecording(options.record, &text))
+    if (!startEngine(&engine, options, &text))
         return refuse(text);
     report(&engine);
     const Transcript transcript(&engine, options.verbosity);
     QObject::connect(&transcript, &Transcript::line, print);
     if (options.modulePort != 0)
         engine.setModule(options.moduleAddress, options.modulePort);
-
-    EndSignals endSignals;
-    QObject::connect(&endSignals, &EndSignals::received, &app, &QCoreApplication::quit);
-    int status = 0;
-    const auto fail = [&status](const QString &line) {
-        printError(line);
-        status = exitCommandsFailed;
-    };
-    QObject::connect(&engine, &SoundEngine::recordingFailed, &app, fail);
-    std::unique_ptr<ReplaySession> replay;
-    if (!options.replay.isEmpty()) {
-        replay = std::make_unique<ReplaySession>(recording, options, &engine);
-        QObject::connect(replay.get(), &ReplaySession::notSent, &app, fail);
-        QObject::connect(replay.get(), &ReplaySession::finished, &app, &QCoreApplication::quit);
-    }
-    ScenarioPlayer player(scenario, &engine);
-    QObject::connect(&player, &ScenarioPlayer::notSent, &app, fail);
-    QObject::connect(&player, &ScenarioPlayer::failed, &app, [fail](const QString &line) {
-        fail(line);
-        QCoreApplication::quit();
-    });
-    // Typed lines are steps of a scenario that never ends.
-    ScenarioPlayer typed(Scenario(), &engine);
-    QObject::connect(&typed, &ScenarioPlayer::failed, &app, [fail, &typed](const QString &line) {
-        fail(line);
-        typed.proceed();
-    });
-    for (ScenarioPlayer *each : {&player, &typed}) {
-        QObject::connect(each, &ScenarioPlayer::printed, &app, printAll);
-        QObject::connect(each, &ScenarioPlayer::quitRequested, &app, &QCoreApplication::quit);
-    }
-    InputLines input;
-    StepReader reader(StepReader::Source::Typed);
-    QObject::connect(&input, &InputLines::lineRead, &typed,
-                     [&](const QString &line) { takeTypedLine(line, &reader, &typed); });
-    QObject::connect(&input, &InputLines::closedByHand, &app, [&options] {
-        if (options.durationMs == 0)
-            QCoreApplication::quit();
-    });
-
-    print(QStringLiteral("listening on %1:%2").arg(engine.address().toString()).arg(engine.port()));
-    if (replay)
-        engine.setAnswering(false);
-    else
-        playStandalone(&engine, options.groove);
-    MidiInput kit(options.midiInput, &engine);
-    QObject::connect(&kit, &MidiInput::stateChanged, &app, print);
-    kit.setNoteMap(notes);
-    if (!options.midiInput.isEmpty())
-        kit.start();
-    typed.start();
-    if (replay)
-        replay->start();
-    if (!options.scenario.isEmpty())
-        QTimer::singleShot(0, &player, [&player] { player.start(); });
-    if (options.durationMs > 0)
-        QTimer::singleShot(options.durationMs, &app, &QCoreApplication::quit);
-    QCoreApplication::exec();
-
-    printAll(engine.summary());
-    if (replay) {
-        const ReplaySession::Result result = replay->result();
-        printAll(result.lines);
-        if (status == 0 && result.hasDifferences)
-            status = exitDifferences;
-    }
-    if (status == 0 && engine.counters().violations > 0)
-        status = exitViolations;
-    return status;
+    Session session(&engine, inputs, options);
+    return session.run();
 }
