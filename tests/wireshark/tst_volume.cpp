@@ -56,6 +56,9 @@ class VolumeTest : public QObject
 
 private Q_SLOTS:
     void everyDatagramIsDissected();
+#ifdef ZELTACONNECT_LONG_CASES
+    void longSysExIsDropped();
+#endif
 };
 
 void VolumeTest::everyDatagramIsDissected()
@@ -78,6 +81,31 @@ void VolumeTest::everyDatagramIsDissected()
     QCOMPARE(dissection.frames().size(), 1);
     QCOMPARE(dissection.frames().at(0).value(number), QString::number(datagramCount));
 }
+
+#ifdef ZELTACONNECT_LONG_CASES
+// The module drops a message of 4 MiB, which are 1048576 events, when the next event arrives.
+void VolumeTest::longSysExIsDropped()
+{
+    constexpr int most = 1024 * 1024;
+    const QByteArray event = QByteArray::fromHex("494D 4143 1004 4212");
+    const QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("sysex.pcap"));
+    Capture capture(path);
+    capture.append(Direction::FromEngine, QByteArray::fromHex("494D 4143 F004 4110"));
+    for (int i = 0; i < most; ++i)
+        capture.append(Direction::FromEngine, event);
+    capture.append(Direction::FromEngine, QByteArray::fromHex("494D 4143 F705 0000"));
+    QVERIFY(capture.finish());
+
+    const QString text = QStringLiteral("zelta.sysex.text");
+    const QString first = QStringLiteral("zelta.sysex.first_in");
+    const Dissection dissection(path, {text, first}, {QStringLiteral("-Y"), text}, timeoutMs);
+    QCOMPARE(dissection.problem(), QString());
+    QCOMPARE(dissection.frames().size(), 1);
+    QCOMPARE(dissection.frames().at(0).value(text), QStringLiteral("0410124205f70000"));
+    QCOMPARE(dissection.frames().at(0).value(first), QString::number(most + 1));
+}
+#endif
 
 QTEST_GUILESS_MAIN(VolumeTest)
 #include "tst_volume.moc"

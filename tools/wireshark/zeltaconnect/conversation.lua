@@ -6,6 +6,8 @@
 -- Wireshark runs every Lua file of a plug-in folder, so loading this one only returns a function.
 
 local SYSEX_START = 0xF0
+-- A message that has grown to 4 MiB without an end is dropped at the next event.
+local MOST_SYSEX_EVENTS = 1024 * 1024
 local CONTROL_CHANGE = "\xB9\x0B"
 -- The three controllers of a test command, in the order of its arguments.
 local testCommandParts = {[99] = 1, [98] = 2, [6] = 3}
@@ -97,6 +99,10 @@ return function(wire, newTransfer)
         local ends = not starts and endsSysEx(what.bytes)
         if not starts and not ends and #gathered == 0 then
             return false
+        end
+        if #gathered >= MOST_SYSEX_EVENTS then
+            gathered = {}
+            talk.sysEx = gathered
         end
         if #gathered == 0 then
             talk.sysExFirst = frame.number
