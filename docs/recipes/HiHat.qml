@@ -19,8 +19,10 @@ Item {
     Engine {
         id: drums
     }
-    // The query is a task of the transfer queue and is not worth queuing twice: the next one follows the answer. Without an
-    // answer the module waits for 20 s.
+    // The query is a task of the transfer queue: the module performs it after the files before it, and then waits 20 s for
+    // the answer. The next query follows the answer. When none arrives in time, the first query may still be waiting, so
+    // only the person repeats it.
+    property int answerMs: 21000
     function take(value) {
         raw = value;
         unanswered.stop();
@@ -37,11 +39,8 @@ Item {
     }
     Timer {
         id: unanswered
-        interval: 21000
-        onTriggered: {
-            screen.raw = -1;
-            screen.ask();
-        }
+        interval: screen.answerMs
+        onTriggered: screen.raw = -1
     }
     Component.onCompleted: {
         drums.zelta.hihatRawValueChanged.connect(take);
@@ -53,7 +52,8 @@ Item {
         spacing: 16
         Text {
             objectName: "raw"
-            text: screen.raw < 0 ? "Waiting for the pedal" : "Raw value " + screen.raw
+            text: screen.raw >= 0 ? "Raw value " + screen.raw
+                  : unanswered.running ? "Waiting for the pedal" : "No answer yet"
         }
         ProgressBar {
             objectName: "travel"
@@ -73,6 +73,12 @@ Item {
                 enabled: screen.raw >= 0
                 text: "Pedal is down"
                 onClicked: screen.closed = screen.raw
+            }
+            Button {
+                objectName: "again"
+                enabled: screen.raw < 0 && !unanswered.running
+                text: "Measure again"
+                onClicked: screen.ask()
             }
         }
         Repeater {

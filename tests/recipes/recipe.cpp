@@ -77,6 +77,16 @@ QObject *Recipe::find(const char *name) const
     return m_root ? findBelow(m_root.get(), QLatin1String(name)) : nullptr;
 }
 
+QObject *Recipe::zelta() const
+{
+    const QObjectList children = m_root->children();
+    for (const QObject *child : children) {
+        if (auto *zelta = child->property("zelta").value<QObject *>())
+            return zelta;
+    }
+    return nullptr;
+}
+
 QString Recipe::text(const char *name) const
 {
     const QObject *object = find(name);

@@ -31,6 +31,8 @@ public:
 
     /// The first object with this name, in the tree of items and below it; nullptr if there is none.
     QObject *find(const char *name) const;
+    /// The ZeltaConnect object of the recipe's Engine; nullptr if there is none.
+    QObject *zelta() const;
     /// The property "text" of an object.
     QString text(const char *name) const;
     /// Moves a slider as a finger does.

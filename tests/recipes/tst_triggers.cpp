@@ -8,12 +8,21 @@
 
 using namespace testsupport;
 
+namespace {
+
+// Tags.
+const QString hiHatQuery = QStringLiteral("HL");
+const QString bankQuery = QStringLiteral("SN");
+
+} // namespace
+
 class TriggersTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void hiHat();
+    void hiHatQueriesDoNotPileUp_data();
     void hiHatQueriesDoNotPileUp();
     void triggerCurve();
 };
@@ -44,20 +53,47 @@ void TriggersTest::hiHat()
     QTRY_COMPARE_WITH_TIMEOUT(recipe.engine().parameter(0x46, 7), 99, patienceMs);
 }
 
+void TriggersTest::hiHatQueriesDoNotPileUp_data()
+{
+    QTest::addColumn<bool>("repeated");
+    QTest::addColumn<QStringList>("expected");
+    QTest::newRow("only waiting") << false << QStringList{hiHatQuery, bankQuery};
+    QTest::newRow("Measure again") << true << QStringList{hiHatQuery, hiHatQuery, bankQuery};
+}
+
+// Another query shows which ones are in the module's queue before it.
 void TriggersTest::hiHatQueriesDoNotPileUp()
 {
-    int queries = 0;
+    QFETCH(bool, repeated);
+    QFETCH(QStringList, expected);
+    QStringList queries;
     Recipe recipe(QStringLiteral("HiHat.qml"), QString(), [&](SoundEngine &engine) {
-        engine.setFailure(QStringLiteral("late-query-reply=1000"));
+        engine.setFailure(QStringLiteral("late-query-reply=5000"));
         connect(&engine, &SoundEngine::datagramReceived, this, [&](const QByteArray &datagram) {
-            if (datagram.startsWith("HL"))
-                ++queries;
+            const QString tag = QString::fromLatin1(datagram.left(2));
+            if (tag == hiHatQuery || tag == bankQuery)
+                queries += tag;
         });
     });
     QVERIFY2(recipe.root(), qPrintable(recipe.errorString()));
+    QTRY_COMPARE_WITH_TIMEOUT(queries, QStringList{hiHatQuery}, patienceMs);
+    const QObject *again = recipe.find("again");
+    QVERIFY(again && !again->property("enabled").toBool());
+    QVERIFY(recipe.root()->setProperty("answerMs", 10));
+    QTRY_COMPARE_WITH_TIMEOUT(recipe.text("raw"), QStringLiteral("No answer yet"), patienceMs);
+    QVERIFY(recipe.root()->setProperty("answerMs", 21000));
+    if (repeated) {
+        recipe.click("again");
+        QCOMPARE(recipe.text("raw"), QStringLiteral("Waiting for the pedal"));
+        QVERIFY(!again->property("enabled").toBool());
+    }
+    QVERIFY(QMetaObject::invokeMethod(recipe.zelta(), "requestSoundBankVersion"));
+    QTRY_VERIFY_WITH_TIMEOUT(queries.contains(bankQuery), patienceMs);
+    QCOMPARE(queries.mid(0, queries.indexOf(bankQuery) + 1), expected);
+    // The late answer resumes the measurement.
     QTRY_VERIFY_WITH_TIMEOUT(recipe.root()->property("raw").toInt() >= 0, patienceMs);
-    QCOMPARE(queries, 1);
-    QTRY_COMPARE_WITH_TIMEOUT(queries, 2, patienceMs);
+    QTRY_VERIFY_WITH_TIMEOUT(queries.size() > expected.size(), patienceMs);
+    QCOMPARE(queries.constLast(), hiHatQuery);
 }
 
 void TriggersTest::triggerCurve()
