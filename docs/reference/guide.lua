@@ -18,6 +18,11 @@ for name in string.gmatch(os.getenv("ZELTACONNECT_GUIDES") or "", "%S+") do
     pages[name .. ".md"] = name .. ".html"
 end
 
+-- Pages of the files that the guides explain, named as in CMakeLists.txt.
+for name in string.gmatch(os.getenv("ZELTACONNECT_FILES") or "", "%S+") do
+    pages[name] = name:lower():gsub("[^a-z0-9]+", "-") .. ".html"
+end
+
 local function heading(element)
     local text = pandoc.utils.stringify(element)
     if element.level == 1 then

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QHash>
 #include <QJSEngine>
@@ -47,6 +48,17 @@ QStringList captured(const QString &text, const char *pattern)
     return found;
 }
 
+QString plainText(QString html)
+{
+    const QList<QPair<QString, QString>> entities{
+        {QStringLiteral("&lt;"), QStringLiteral("<")},    {QStringLiteral("&gt;"), QStringLiteral(">")},
+        {QStringLiteral("&quot;"), QStringLiteral("\"")}, {QStringLiteral("&#92;"), QStringLiteral("\\")},
+        {QStringLiteral("&#47;"), QStringLiteral("/")},   {QStringLiteral("&amp;"), QStringLiteral("&")}};
+    for (const auto &entity : entities)
+        html.replace(entity.first, entity.second);
+    return html;
+}
+
 } // namespace
 
 class ManualTest : public QObject
@@ -60,6 +72,8 @@ private Q_SLOTS:
     void everyHelpFileIsStored();
     void linksLeadSomewhere_data();
     void linksLeadSomewhere();
+    void filesOfTheGuidesAreComplete_data();
+    void filesOfTheGuidesAreComplete();
     void charactersAreRight_data();
     void charactersAreRight();
     void anchorsAreUnique_data();
@@ -186,6 +200,46 @@ void ManualTest::linksLeadSomewhere()
         const QString file = target.path().isEmpty() ? page : target.path();
         QVERIFY2(isPlace(file, target.fragment()), qPrintable(link));
     }
+}
+
+void ManualTest::filesOfTheGuidesAreComplete_data()
+{
+    QTest::addColumn<QString>("guide");
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<QString>("name");
+    const QList<QPair<QString, QString>> guides{
+        {QStringLiteral("recipes.html"), QStringLiteral("recipes/")},
+        {QStringLiteral("companion.html"), QStringLiteral("examples/")}};
+    for (const auto &guide : guides) {
+        const QDir folder(QStringLiteral(ZELTACONNECT_SOURCE_DIR "/docs/") + guide.second);
+        QDirIterator files(folder.path(), QDir::Files, QDirIterator::Subdirectories);
+        QVERIFY(files.hasNext());
+        while (files.hasNext()) {
+            const QString name = folder.relativeFilePath(files.next());
+            QTest::newRow(qPrintable(guide.second + name)) << guide.first << folder.path() << name;
+        }
+    }
+}
+
+// The guide links to a page that has the whole file.
+void ManualTest::filesOfTheGuidesAreComplete()
+{
+    QFETCH(QString, guide);
+    QFETCH(QString, folder);
+    QFETCH(QString, name);
+    QFile file(folder + QLatin1Char('/') + name);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    bool isShown = false;
+    const QStringList links = captured(m_pages.value(guide), "<a href=\"([^\"#]+)\"");
+    for (const QString &link : links) {
+        const QString page = m_pages.value(link);
+        if (!page.contains(QStringLiteral("<h1 class=\"title\">%1</h1>").arg(name)))
+            continue;
+        QCOMPARE(plainText(captured(page, "(?s)<pre class=\"file\">(.*)</pre>").join(QString())),
+                 QString::fromUtf8(file.readAll()));
+        isShown = true;
+    }
+    QVERIFY(isShown);
 }
 
 // UTF-8 that was read as another encoding begins with one of these letters.
