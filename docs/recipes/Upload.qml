@@ -47,8 +47,13 @@ Item {
         case FileTransfer.NotAcknowledged:
             return "It is not known whether the engine has the file. Send it again. " + upload.message;
         case FileTransfer.EngineSilent:
-        case FileTransfer.NoEngine:
             return "Switch the engine off and on. " + upload.message;
+        case FileTransfer.NoEngine:
+            return "Start the screen again. " + upload.message;
+        case FileTransfer.UnknownKind:
+            return "Choose the kind of the file. " + upload.message;
+        case FileTransfer.SlotOutOfRange:
+            return "Change the slot. " + upload.message;
         default:
             return "Choose another file. " + upload.message;
         }
