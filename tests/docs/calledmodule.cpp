@@ -1,6 +1,6 @@
 #include "docs/calledmodule.h"
 
-#include "support/hex.h"
+#include "support/datagram.h"
 
 #include <QDebug>
 
@@ -33,7 +33,7 @@ QList<QByteArray> CalledModule::sentAtOnceBy(const QString &call)
     error += evaluate(QStringLiteral("sendDirectNrpn(127, 126, 1)"));
     if (!error.isEmpty())
         qWarning().noquote() << error;
-    const QByteArray second = hex("494D0003 0BB9637F 0BB9627E 0BB90601");
+    const QByteArray second = datagram("IM 0003 0BB9637F 0BB9627E 0BB90601");
     QList<QByteArray> datagrams;
     for (QByteArray next = m_peer.next(); next != second; next = m_peer.next()) {
         if (next.isNull())

@@ -2,8 +2,8 @@
 
 #include "docs/markdown.h"
 #include "docs/screen.h"
+#include "support/datagram.h"
 #include "support/enginepeer.h"
-#include "support/hex.h"
 #include "support/logcatcher.h"
 #include "support/patience.h"
 #include "support/testprogram.h"
@@ -30,9 +30,9 @@ using namespace testsupport;
 
 namespace {
 
-const char *const levelRequest = "494D0003 0BB9633B 0BB9621F 0BB90600";
-const char *const snare = "494D 4143 9909 4026";
-const char *const choke = "494D 4143 A90A 7F31";
+const char *const levelRequest = "IM 0003 0BB9633B 0BB9621F 0BB90600";
+const char *const snare = "IM AC 9909 4026";
+const char *const choke = "IM AC A90A 7F31";
 
 /// An example, and what its root object shows.
 class Example : public Screen
@@ -111,7 +111,7 @@ void CompanionGuideTest::everyExampleRuns()
     const Example screen(source);
     QVERIFY2(screen.root(), qPrintable(screen.errorString()));
     // Each example has an engine, which sends a request when it is created.
-    QCOMPARE(m_peer.next(), hex(levelRequest));
+    QCOMPARE(m_peer.next(), datagram(levelRequest));
     QCOMPARE(log.warnings(), QStringList());
 }
 
@@ -128,13 +128,13 @@ void CompanionGuideTest::engineShowsTheConnection()
     const Example screen(exampleOf(QStringLiteral("events/s")));
     QVERIFY2(screen.root(), qPrintable(screen.errorString()));
     QVERIFY(screen.text().startsWith(QStringLiteral("no signal for")));
-    QCOMPARE(m_peer.next(), hex(levelRequest));
-    QVERIFY(m_peer.send(hex(snare)));
+    QCOMPARE(m_peer.next(), datagram(levelRequest));
+    QVERIFY(m_peer.send(datagram(snare)));
     QTRY_VERIFY_WITH_TIMEOUT(screen.text().endsWith(QStringLiteral("events/s")), patienceMs);
     QVERIFY(log.debugTexts("qml").contains(QStringLiteral("struck: Snare")));
     // From here on the engine does not answer, until it has been silent for too long.
     QTRY_VERIFY_WITH_TIMEOUT(screen.text().startsWith(QStringLiteral("no signal for 3")), patienceMs);
-    QVERIFY(m_peer.send(hex(snare)));
+    QVERIFY(m_peer.send(datagram(snare)));
     QTRY_VERIFY_WITH_TIMEOUT(log.debugTexts("qml").contains(QStringLiteral("send the settings again")),
                              patienceMs);
     QCOMPARE(log.warnings(), QStringList());
@@ -152,7 +152,7 @@ void CompanionGuideTest::firstFrameComesBeforeTheEngine()
     QCOMPARE(text->property("text").toString(), QStringLiteral("Waiting for the engine"));
     QCOMPARE(m_peer.discardPending(), 0);
     QTRY_VERIFY_WITH_TIMEOUT(!text->isVisible(), patienceMs);
-    QCOMPARE(m_peer.next(), hex(levelRequest));
+    QCOMPARE(m_peer.next(), datagram(levelRequest));
 }
 
 void CompanionGuideTest::fileIsSent()
@@ -165,7 +165,7 @@ void CompanionGuideTest::fileIsSent()
     const LogCatcher log;
     Example screen(exampleOf(QStringLiteral("FileTransfer {")));
     QVERIFY2(screen.root(), qPrintable(screen.errorString()));
-    QCOMPARE(m_peer.next(), hex(levelRequest));
+    QCOMPARE(m_peer.next(), datagram(levelRequest));
     QVERIFY(screen.evaluate(QStringLiteral("send()")).toBool());
     QTRY_COMPARE_WITH_TIMEOUT(screen.text(), QStringLiteral("There is no file /media/usb/snare.wav."),
                               patienceMs);
@@ -177,12 +177,12 @@ void CompanionGuideTest::fileIsSent()
     QByteArray datagram;
     do
         datagram = m_peer.next();
-    while (datagram == hex(levelRequest));
-    QCOMPARE(datagram, hex("4453 4957 00000007 000C") + "my snare 100%.wav" + '\0');
+    while (datagram == testsupport::datagram(levelRequest));
+    QCOMPARE(datagram, testsupport::datagram("DS IW 00000007 000C") + "my snare 100%.wav" + '\0');
     do
         datagram = m_peer.next();
     while (!datagram.isNull() && !datagram.startsWith("DE"));
-    QVERIFY(m_peer.send(hex("4445 4143 0000 0000")));
+    QVERIFY(m_peer.send(testsupport::datagram("DE AC 0000 0000")));
     QTRY_COMPARE_WITH_TIMEOUT(screen.text(), QStringLiteral("The engine has the file."), patienceMs);
     QVERIFY(log.debugTexts("qml").endsWith(QStringLiteral("sent, 0 times repeated")));
     QCOMPARE(log.warnings(), QStringList());
@@ -196,11 +196,11 @@ void CompanionGuideTest::kitNamesHits()
     const auto *row = qobject_cast<QQuickItem *>(screen.root());
     QVERIFY(row);
     QCOMPARE(row->childItems().value(1)->property("text").toString(), QStringLiteral("Snare 38"));
-    QCOMPARE(m_peer.next(), hex(levelRequest));
-    QVERIFY(m_peer.send(hex(snare)));
+    QCOMPARE(m_peer.next(), datagram(levelRequest));
+    QVERIFY(m_peer.send(datagram(snare)));
     QTRY_COMPARE_WITH_TIMEOUT(row->property("latest").toString(), QStringLiteral("Snare, Head, 64"),
                               patienceMs);
-    QVERIFY(m_peer.send(hex(choke)));
+    QVERIFY(m_peer.send(datagram(choke)));
     QTRY_COMPARE_WITH_TIMEOUT(row->property("latest").toString(), QStringLiteral("Crash 1 choked"),
                               patienceMs);
 }
@@ -211,9 +211,9 @@ void CompanionGuideTest::hitsAreListed()
     const LogCatcher log;
     const Example screen(exampleOf(QStringLiteral("HitModel {")));
     QVERIFY2(screen.root(), qPrintable(screen.errorString()));
-    QCOMPARE(m_peer.next(), hex(levelRequest));
+    QCOMPARE(m_peer.next(), datagram(levelRequest));
     for (int i = 0; i < 10; ++i)
-        QVERIFY(m_peer.send(hex(snare)));
+        QVERIFY(m_peer.send(datagram(snare)));
     QTRY_COMPARE_WITH_TIMEOUT(log.debugTexts("qml").count(QStringLiteral("Snare")), 10, patienceMs);
     QCOMPARE(screen.root()->property("count").toInt(), 8);
 }
@@ -223,16 +223,16 @@ void CompanionGuideTest::parameterSendsForThePad()
     m_peer.discardPending();
     const Example screen(exampleOf(QStringLiteral("Parameter {")));
     QVERIFY2(screen.root(), qPrintable(screen.errorString()));
-    QCOMPARE(m_peer.next(), hex(levelRequest));
+    QCOMPARE(m_peer.next(), datagram(levelRequest));
     QQuickItem *slider = qobject_cast<QQuickItem *>(screen.root())->childItems().value(0);
     slider->setProperty("value", 5);
     QVERIFY(QMetaObject::invokeMethod(slider, "moved"));
     QByteArray datagram;
     do
         datagram = m_peer.next();
-    while (datagram == hex(levelRequest));
+    while (datagram == testsupport::datagram(levelRequest));
     // The low gain of the pad with note 38: 5 dB.
-    QCOMPARE(datagram.left(12), hex("494D0003 0BB96321 0BB96226"));
+    QCOMPARE(datagram.left(12), testsupport::datagram("IM 0003 0BB96321 0BB96226"));
     screen.root()->setProperty("pad", 2);
     QCOMPARE(slider->property("value").toInt(), 0);
 }

@@ -2,8 +2,8 @@
 
 #include "docs/markdown.h"
 #include "docs/screen.h"
+#include "support/datagram.h"
 #include "support/enginepeer.h"
-#include "support/hex.h"
 #include "support/logcatcher.h"
 #include "support/patience.h"
 
@@ -25,7 +25,7 @@ using namespace testsupport;
 
 namespace {
 
-const char *const levelRequest = "494D0003 0BB9633B 0BB9621F 0BB90600";
+const char *const levelRequest = "IM 0003 0BB9633B 0BB9621F 0BB90600";
 
 // The QML of a block of shell commands, between the lines with END.
 QString hereDocument(const Block &block)
@@ -112,8 +112,8 @@ void ExamplesTest::everyExampleRuns()
     QTRY_VERIFY_WITH_TIMEOUT(screen.module(), patienceMs);
     // The engine sends strikes only to a module that has sent a datagram.
     if (source.contains(QLatin1String("onNoteChanged"))) {
-        QCOMPARE(m_peer.next(), hex(levelRequest));
-        QVERIFY(m_peer.send(hex("494D 4143 9909 4026")));
+        QCOMPARE(m_peer.next(), datagram(levelRequest));
+        QVERIFY(m_peer.send(datagram("IM AC 9909 4026")));
         QTRY_COMPARE_WITH_TIMEOUT(screen.module()->property("note").toUInt(), 0x00012640U, patienceMs);
     }
     QCOMPARE(log.warnings(), QStringList());
@@ -124,7 +124,7 @@ void ExamplesTest::readmeSetsTheMasterLevel()
     m_peer.discardPending();
     const Screen screen(exampleWith(QStringLiteral("setMasterOutLevel")));
     QVERIFY2(screen.root(), qPrintable(screen.errorString()));
-    QCOMPARE(m_peer.next(), hex(levelRequest));
+    QCOMPARE(m_peer.next(), datagram(levelRequest));
 
     QObject *slider = nullptr;
     const auto *item = qobject_cast<QQuickItem *>(screen.root());
@@ -137,7 +137,7 @@ void ExamplesTest::readmeSetsTheMasterLevel()
     QVERIFY(slider);
     QVERIFY(slider->setProperty("value", 127.0));
     QVERIFY(QMetaObject::invokeMethod(slider, "moved"));
-    QCOMPARE(m_peer.next(), hex("494D0003 0BB96338 0BB96207 0BB9067F"));
+    QCOMPARE(m_peer.next(), datagram("IM 0003 0BB96338 0BB96207 0BB9067F"));
 }
 
 void ExamplesTest::ownScreenPrintsHits()
@@ -150,8 +150,8 @@ void ExamplesTest::ownScreenPrintsHits()
     LogCatcher log;
     const Screen screen(source);
     QVERIFY2(screen.module(), qPrintable(screen.errorString()));
-    QCOMPARE(m_peer.next(), hex(levelRequest));
-    QVERIFY(m_peer.send(hex("494D 4143 9909 4026")));
+    QCOMPARE(m_peer.next(), datagram(levelRequest));
+    QVERIFY(m_peer.send(datagram("IM AC 9909 4026")));
     QTRY_VERIFY_WITH_TIMEOUT(log.debugTexts("qml").contains(QStringLiteral("pad 1 velocity 64")), patienceMs);
     QCOMPARE(log.warnings(), QStringList());
 }
@@ -169,7 +169,7 @@ void ExamplesTest::firstFrameComesBeforeTheModule()
     QVERIFY(isVisibleText(text, QStringLiteral("Waiting for the engine")));
     QTRY_VERIFY_WITH_TIMEOUT(screen.module(), patienceMs);
     QVERIFY(!isVisibleText(text, QStringLiteral("Waiting for the engine")));
-    QCOMPARE(m_peer.next(), hex(levelRequest));
+    QCOMPARE(m_peer.next(), datagram(levelRequest));
 }
 
 void ExamplesTest::heartbeatShowsTheConnection()
@@ -178,8 +178,8 @@ void ExamplesTest::heartbeatShowsTheConnection()
     const Screen screen(exampleWith(QStringLiteral("no signal")));
     QVERIFY2(screen.root(), qPrintable(screen.errorString()));
     QVERIFY(!screen.root()->property("connected").toBool());
-    QCOMPARE(m_peer.next(), hex(levelRequest));
-    QVERIFY(m_peer.send(hex("4452") + QByteArray(36, '\0')));
+    QCOMPARE(m_peer.next(), datagram(levelRequest));
+    QVERIFY(m_peer.send(datagram("DR") + QByteArray(36, '\0')));
     QTRY_VERIFY_WITH_TIMEOUT(screen.root()->property("connected").toBool(), patienceMs);
     // From here on the peer does not answer.
     QTRY_VERIFY_WITH_TIMEOUT(!screen.root()->property("connected").toBool(), patienceMs);
@@ -190,14 +190,14 @@ void ExamplesTest::padNamesAreShown()
     m_peer.discardPending();
     const Screen screen(exampleWith(QStringLiteral("readonly property var names")));
     QVERIFY2(screen.root(), qPrintable(screen.errorString()));
-    QCOMPARE(m_peer.next(), hex(levelRequest));
+    QCOMPARE(m_peer.next(), datagram(levelRequest));
     const QList<Table> tables =
         m_guide.tablesWithColumns({QStringLiteral("Pad"), QStringLiteral("Name"), QStringLiteral("Zone 0"),
                                    QStringLiteral("Zone 1"), QStringLiteral("Zone 2")});
     QCOMPARE(tables.size(), 1);
     for (const QStringList &row : tables.first().rows) {
         const int note = row.value(2).section(QLatin1Char(','), 0, 0).toInt();
-        QVERIFY(m_peer.send(hex("494D 4143 9909 40") + char(note)));
+        QVERIFY(m_peer.send(datagram("IM AC 9909 40") + char(note)));
         QTRY_COMPARE_WITH_TIMEOUT(screen.root()->property("text").toString(),
                                   QStringLiteral("%1, zone 0, velocity 64").arg(row.value(1)), patienceMs);
     }
@@ -217,7 +217,7 @@ void ExamplesTest::onlySlotsAreDeleted()
         QVERIFY2(m_peer.nothingSentBy(screen.module()), call);
     }
     QVERIFY(QMetaObject::invokeMethod(screen.root(), "remove", Q_ARG(QVariant, 5)));
-    QCOMPARE(m_peer.next(), hex("494D0003 0BB9633D 0BB96270 0BB90605"));
+    QCOMPARE(m_peer.next(), datagram("IM 0003 0BB9633D 0BB96270 0BB90605"));
 }
 
 void ExamplesTest::filesAreSentByUrl()
@@ -235,7 +235,7 @@ void ExamplesTest::filesAreSentByUrl()
     QVERIFY(QMetaObject::invokeMethod(screen.root(), "send",
                                       Q_ARG(QVariant, QUrl::fromLocalFile(file.fileName()))));
     // The start packet of a sound bank, with the size of the file.
-    QCOMPARE(m_peer.next(), hex("4453 5342 00000007"));
+    QCOMPARE(m_peer.next(), datagram("DS SB 00000007"));
 }
 
 // Every note of the table is reported with its pad and zone. No other note is reported.
@@ -265,8 +265,8 @@ void ExamplesTest::padTable()
     for (int note = 0; note < noteCount; ++note) {
         const uint strikeBefore = screen.module()->property("note").toUInt();
         const uint pressureBefore = screen.module()->property("afterTouchNote").toUInt();
-        QVERIFY(m_peer.send(hex("494D 4143 9909 01") + char(note)));
-        QVERIFY(m_peer.send(hex("494D 4143 A90A 01") + char(note)));
+        QVERIFY(m_peer.send(datagram("IM AC 9909 01") + char(note)));
+        QVERIFY(m_peer.send(datagram("IM AC A90A 01") + char(note)));
         QVERIFY(m_peer.settle(screen.module()));
         const int place = places.value(note);
         const bool isStruck = places.contains(note);

@@ -1,6 +1,6 @@
 #include "faultyline.h"
 
-#include "support/hex.h"
+#include "support/datagram.h"
 
 #include <QElapsedTimer>
 
@@ -28,7 +28,7 @@ bool FaultyLine::worksAgain()
         module.setDirectOut1Level(99);
         for (QByteArray datagram = peer.next(tryMs); !parameterArrived && !datagram.isNull();
              datagram = peer.next(0))
-            parameterArrived = datagram == hex("494d0003 0bb9633b 0bb96200 0bb90663");
+            parameterArrived = datagram == testsupport::datagram("IM 0003 0bb9633b 0bb96200 0bb90663");
     }
     bool eventArrived = false;
     while (parameterArrived && !eventArrived && !waiting.hasExpired(workAgainMs))

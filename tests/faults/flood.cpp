@@ -1,5 +1,6 @@
 #include "flood.h"
 
+#include "support/datagram.h"
 #include "support/hex.h"
 #include "support/networknamespace.h"
 
@@ -13,6 +14,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+using testsupport::datagram;
 using testsupport::hex;
 
 namespace {
@@ -24,11 +26,11 @@ std::array<QByteArray, 8> invalidDatagrams()
     return {
         QByteArray(""),
         hex("00"),
-        hex("544d4143 007800"),            // a tempo, cut short
-        hex("58584143 01020304"),          // an event of an unknown kind
-        hex("544d4341 00780000"),          // a tempo with an unknown tag
-        hex("4452") + QByteArray(35, 'm'), // output meters, cut short
-        hex("4352") + QByteArray(15, 'c'), // compressor meters with one byte more
+        datagram("TM AC 007800"),             // a tempo, cut short
+        datagram("XX AC 01020304"),           // an event of an unknown kind
+        datagram("TM CA 00780000"),           // a tempo with an unknown tag
+        datagram("DR") + QByteArray(35, 'm'), // output meters, cut short
+        datagram("CR") + QByteArray(15, 'c'), // compressor meters with one byte more
         QByteArray(300, char(0xA5)),
     };
 }

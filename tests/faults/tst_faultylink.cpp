@@ -3,8 +3,8 @@
 #include "faultyline.h"
 #include "flood.h"
 
+#include "support/datagram.h"
 #include "support/dropwarnings.h"
-#include "support/hex.h"
 #include "support/logcatcher.h"
 #include "support/privatenetworktest.h"
 #include "support/processresources.h"
@@ -107,10 +107,10 @@ void FaultyLinkTest::reportsOfEverySize_data()
 {
     QTest::addColumn<QByteArray>("beginning");
     QTest::newRow("zeros") << QByteArray();
-    QTest::newRow("like an event") << hex("544d4143");
-    QTest::newRow("like output meters") << hex("4452");
-    QTest::newRow("like compressor meters") << hex("4352");
-    QTest::newRow("like a MIDI packet") << hex("494d0001 06f0");
+    QTest::newRow("like an event") << datagram("TM AC");
+    QTest::newRow("like output meters") << datagram("DR");
+    QTest::newRow("like compressor meters") << datagram("CR");
+    QTest::newRow("like a MIDI packet") << datagram("IM 0001 06f0");
 }
 
 void FaultyLinkTest::reportsOfEverySize()
@@ -206,13 +206,13 @@ void FaultyLinkTest::flood()
     QElapsedTimer lasting;
     lasting.start();
     int sent = 0;
-    QByteArray report = hex("544d4143 00000000");
+    QByteArray report = datagram("TM AC 00000000");
     while (!lasting.hasExpired(floodMs)) {
         qToBigEndian(quint16(++sent), report.data() + 4);
         QVERIFY(line.peer.send(report));
         line.module.setSnareStyle(1);
         // Sending does not depend on receiving.
-        QCOMPARE(line.peer.next(), hex("494d0003 0bb96337 0bb96204 0bb90601"));
+        QCOMPARE(line.peer.next(), datagram("IM 0003 0bb96337 0bb96204 0bb90601"));
         QTest::qWait(goodEventMs);
     }
     flood.stop();
@@ -230,7 +230,7 @@ void FaultyLinkTest::flood()
     QVERIFY(line.worksAgain());
     log.clear();
     const SignalRecorder recorder(&line.module);
-    QVERIFY(line.peer.send(hex("544d4143 ffff0000")));
+    QVERIFY(line.peer.send(datagram("TM AC ffff0000")));
     QVERIFY(line.peer.settle(&line.module));
     QCOMPARE(recorder.texts(), texts({"tempoChanged()"}));
     // The kernel drops what does not fit, and the module warns of it at most once a second.

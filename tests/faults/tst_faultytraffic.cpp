@@ -3,7 +3,7 @@
 
 #include "faultyline.h"
 
-#include "support/hex.h"
+#include "support/datagram.h"
 #include "support/logcatcher.h"
 #include "support/privatenetworktest.h"
 #include "support/processresources.h"
@@ -49,14 +49,14 @@ bool isPlausible(int lost, int sent, int percent)
 
 QByteArray tempoReport(int tempo)
 {
-    QByteArray report = hex("544d4143 00000000");
+    QByteArray report = datagram("TM AC 00000000");
     qToBigEndian(quint16(tempo), report.data() + 4);
     return report;
 }
 
 QByteArray meterReport(int value)
 {
-    QByteArray report = hex("4452");
+    QByteArray report = datagram("DR");
     for (int i = 0; i < 18; ++i)
         report += QByteArray(1, '\0') + QByteArray(1, char(value));
     return report;
@@ -124,7 +124,7 @@ void FaultyTrafficTest::parametersGetLost()
     int arrived = 0;
     int last = -1;
     const auto take = [&](const QByteArray &datagram) {
-        QCOMPARE(datagram.left(15), hex("494d0003 0bb9633b 0bb96200 0bb906"));
+        QCOMPARE(datagram.left(15), testsupport::datagram("IM 0003 0bb9633b 0bb96200 0bb906"));
         QCOMPARE(datagram.size(), 16);
         // The distance from the previous value. It is large for a late or repeated datagram.
         const int value = uchar(datagram.at(15));
@@ -169,7 +169,7 @@ void FaultyTrafficTest::reportsGetLost()
     for (int i = 0; i < storm; ++i) {
         QVERIFY(line.peer.send(tempoReport(i + 1)));
         QVERIFY(line.peer.send(meterReport(1 + i % (meterValues - 1))));
-        QVERIFY(line.peer.send(hex("494d4143 99096426")));
+        QVERIFY(line.peer.send(datagram("IM AC 99096426")));
         if (i % burst == burst - 1)
             QTRY_COMPARE_WITH_TIMEOUT(waitingBytes(line.peer.modulePort()), qint64(0), patienceMs);
     }

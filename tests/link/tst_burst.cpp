@@ -1,7 +1,7 @@
 // Datagrams sent faster than the module reads them.
 
 #include "support/connectedmodule.h"
-#include "support/hex.h"
+#include "support/datagram.h"
 #include "support/logcatcher.h"
 
 #include <QTest>
@@ -20,7 +20,7 @@ constexpr int burstSize = 2000;
 
 QByteArray numberedEvent(int number)
 {
-    QByteArray datagram = hex("41424143 00000000");
+    QByteArray datagram = testsupport::datagram("AB AC 00000000");
     qToBigEndian<quint16>(quint16(number), datagram.data() + 4);
     qToBigEndian<quint16>(quint16(65535 - number), datagram.data() + 6);
     return datagram;

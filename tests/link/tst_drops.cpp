@@ -1,8 +1,8 @@
 // Datagrams that the kernel drops because the module's receive buffer is full.
 
 #include "support/connectedmodule.h"
+#include "support/datagram.h"
 #include "support/dropwarnings.h"
-#include "support/hex.h"
 #include "support/logcatcher.h"
 
 #include <QDir>
@@ -114,7 +114,7 @@ void DropsTest::cleanup()
 bool DropsTest::burst()
 {
     for (int i = 0; i < burstSize; ++i) {
-        if (!m_engine->peer.send(hex("41424143 00010002")))
+        if (!m_engine->peer.send(datagram("AB AC 00010002")))
             return false;
     }
     return QTest::qWaitFor([this] { return memoryFigure(m_socket, SK_MEMINFO_RMEM_ALLOC) == 0; },
@@ -175,8 +175,8 @@ void DropsTest::receivesAsBeforeAfterDrops()
     setReceiveBuffer(m_socket, largeBufferBytes);
     m_engine->recorder.clear();
     // The kernel passes its counter along with each of these.
-    QVERIFY(
-        m_engine->deliver({hex("544D4143 00780000"), hex("41424143 00010002"), hex("544D4143 00790000")}));
+    QVERIFY(m_engine->deliver(
+        {datagram("TM AC 00780000"), datagram("AB AC 00010002"), datagram("TM AC 00790000")}));
     const QStringList expected{QStringLiteral("tempoChanged()"),
                                QStringLiteral("udpPacketArrived(16706, 1, 2)"),
                                QStringLiteral("tempoChanged()")};
@@ -189,7 +189,7 @@ void DropsTest::staysSilentWithoutDrops()
     setReceiveBuffer(m_socket, largeBufferBytes);
     const LogCatcher log;
     for (int i = 0; i < 3; ++i)
-        QVERIFY(m_engine->deliver({hex("41424143 00010002"), hex("41424143 00010003")}));
+        QVERIFY(m_engine->deliver({datagram("AB AC 00010002"), datagram("AB AC 00010003")}));
     QCOMPARE(dropsOf(m_socket), quint32(0));
     QCOMPARE(log.warnings(), QStringList());
 }

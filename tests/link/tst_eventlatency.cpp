@@ -2,8 +2,8 @@
 // same run, because a busy machine delays both.
 
 #include "link/sockettransceiver.h"
+#include "support/datagram.h"
 #include "support/enginepeer.h"
-#include "support/hex.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -144,7 +144,7 @@ void EventLatencyTest::singleEvents()
     const BlockingReceiver baseline(atBaseline);
     const QHostAddress loopback(QHostAddress::LocalHost);
 
-    const QByteArray event = hex("494d4143 99096426");
+    const QByteArray event = datagram("IM AC 99096426");
     std::vector<microseconds> linkTimes;
     std::vector<microseconds> baselineTimes;
     std::minstd_rand random(1);

@@ -3,8 +3,8 @@
 
 #include "link/rawpacket.h"
 #include "support/connectedmodule.h"
+#include "support/datagram.h"
 #include "support/fakeping.h"
-#include "support/hex.h"
 #include "support/logcatcher.h"
 #include "support/networknamespace.h"
 #include "support/privatenetworktest.h"
@@ -81,15 +81,15 @@ void FixedAddressTest::everythingGoesToTheEngine()
     QCOMPARE(calls, texts({"-c 1 172.20.21.22"}));
 
     module.setSnareStyle(1);
-    QCOMPARE(peer.next(), hex("494d0003 0bb96337 0bb96204 0bb90601"));
+    QCOMPARE(peer.next(), datagram("IM 0003 0bb96337 0bb96204 0bb90601"));
     QCOMPARE(peer.moduleAddress(), QHostAddress(QStringLiteral("172.20.21.1")));
     module.setLedEnabled(3, true);
-    QCOMPARE(peer.next(), hex("4c44 0003 0001"));
+    QCOMPARE(peer.next(), datagram("LD 0003 0001"));
     module.sendSysEx({1});
-    QCOMPARE(peer.next(), hex("494d0001 06f001f7"));
+    QCOMPARE(peer.next(), datagram("IM 0001 06f001f7"));
 
     const SignalRecorder recorder(&module);
-    QVERIFY(peer.send(hex("544d4143 00780000")));
+    QVERIFY(peer.send(datagram("TM AC 00780000")));
     QVERIFY(peer.settle(&module));
     QCOMPARE(recorder.texts(), texts({"tempoChanged()"}));
     QVERIFY(peer.nothingSentBy(&module));
@@ -194,7 +194,7 @@ void FixedAddressTest::successfulBind()
     // The module receives at the address, which shows that it has bound it.
     EnginePeer sender(engineHost(), 0);
     QVERIFY2(sender.isOpen(), qPrintable(sender.errorString()));
-    QVERIFY(sender.sendTo(hex("544d4143 00780000"), engineHost(), EnginePeer::enginePort));
+    QVERIFY(sender.sendTo(datagram("TM AC 00780000"), engineHost(), EnginePeer::enginePort));
     QTRY_COMPARE_WITH_TIMEOUT(recorder.texts(), texts({"tempoChanged()"}), patienceMs);
 
     log.clear();

@@ -2,9 +2,9 @@
 // its end, so threads are counted with QTRY_COMPARE.
 
 #include "support/connectedmodule.h"
+#include "support/datagram.h"
 #include "support/dropwarnings.h"
 #include "support/eventstream.h"
-#include "support/hex.h"
 #include "support/logcatcher.h"
 #include "support/processresources.h"
 
@@ -67,8 +67,8 @@ void LifecycleTest::createdUsedAndDestroyed()
         QConnectQmlPlugin module;
         if (!peer.connectTo(&module))
             return false;
-        peer.send(hex("544d4143 00780000"));
-        peer.send(hex("494d4143 f7050000"));
+        peer.send(datagram("TM AC 00780000"));
+        peer.send(datagram("IM AC f7050000"));
         return peer.settle(&module) && module.property("tempo").toInt() == 120;
     };
     for (int i = 0; i < 20; ++i)

@@ -4,7 +4,7 @@
 
 #include "link/sockettransceiver.h"
 #include "support/connectedmodule.h"
-#include "support/hex.h"
+#include "support/datagram.h"
 #include "support/logcatcher.h"
 #include "support/texts.h"
 
@@ -17,7 +17,7 @@ namespace {
 // The datagram of a MIDI event: tags "IM" and "AC", then the event as it is sent.
 QByteArray midi(const QString &event)
 {
-    return hex("494d4143") + QByteArray::fromHex(event.toLatin1());
+    return datagram("IM AC") + QByteArray::fromHex(event.toLatin1());
 }
 
 QList<QByteArray> stream(const QStringList &events)
@@ -258,15 +258,15 @@ void MidiStreamTest::otherDatagramsBetweenParts_data()
 {
     QTest::addColumn<QByteArray>("other");
 
-    QTest::newRow("acknowledgement") << hex("41424143 00010002");
-    QTest::newRow("switch that reads as an end") << hex("53574143 f7050000");
-    QTest::newRow("tempo that reads as a part") << hex("544d4143 b90b0063");
-    QTest::newRow("wrong tag") << hex("494d4144 f7050000");
-    QTest::newRow("compressor meters") << hex("4352 0000 f7f7 f7f7 f7f7 f7f7 f7f7 f7f7");
-    QTest::newRow("output meters") << hex("4452") + QByteArray(36, '\xF7');
-    QTest::newRow("event cut short") << hex("494d4143 f70500");
-    QTest::newRow("event with one byte more") << hex("494d4143 f7050000 00");
-    QTest::newRow("two events in one datagram") << hex("494d4143 f7050000 f7050000");
+    QTest::newRow("acknowledgement") << datagram("AB AC 00010002");
+    QTest::newRow("switch that reads as an end") << datagram("SW AC f7050000");
+    QTest::newRow("tempo that reads as a part") << datagram("TM AC b90b0063");
+    QTest::newRow("wrong tag") << datagram("IM AD f7050000");
+    QTest::newRow("compressor meters") << datagram("CR 0000 f7f7 f7f7 f7f7 f7f7 f7f7 f7f7");
+    QTest::newRow("output meters") << datagram("DR") + QByteArray(36, '\xF7');
+    QTest::newRow("event cut short") << datagram("IM AC f70500");
+    QTest::newRow("event with one byte more") << datagram("IM AC f7050000 00");
+    QTest::newRow("two events in one datagram") << datagram("IM AC f7050000 f7050000");
     QTest::newRow("empty") << QByteArray("");
 }
 

@@ -4,6 +4,7 @@
 #include "link/nrpn.h"
 #include "link/rawpacket.h"
 #include "link/tag.h"
+#include "support/datagram.h"
 #include "support/hex.h"
 #include "support/logcatcher.h"
 
@@ -48,11 +49,11 @@ void PacketsTest::freshPacket_data()
     QTest::addColumn<int>("count");
     QTest::addColumn<QByteArray>("bytes");
 
-    QTest::newRow("no event") << 0x494D << 0 << hex("494d0000");
-    QTest::newRow("one event") << 0x494D << 1 << hex("494d0001 00000000");
-    QTest::newRow("parameter") << 0x494D << 3 << hex("494d0003 00000000 00000000 00000000");
-    QTest::newRow("power switch") << 0x5057 << 2 << hex("50570002 00000000 00000000");
-    QTest::newRow("count above a byte") << 0x494D << 258 << hex("494d0102") + QByteArray(258 * 4, '\0');
+    QTest::newRow("no event") << 0x494D << 0 << datagram("IM 0000");
+    QTest::newRow("one event") << 0x494D << 1 << datagram("IM 0001 00000000");
+    QTest::newRow("parameter") << 0x494D << 3 << datagram("IM 0003 00000000 00000000 00000000");
+    QTest::newRow("power switch") << 0x5057 << 2 << datagram("PW 0002 00000000 00000000");
+    QTest::newRow("count above a byte") << 0x494D << 258 << datagram("IM 0102") + QByteArray(258 * 4, '\0');
     QTest::newRow("largest count") << 0xFFFF << 65535 << hex("ffffffff") + QByteArray(65535 * 4, '\0');
 }
 
@@ -70,11 +71,11 @@ void PacketsTest::eventsAtTheirPositions()
     MIDI_PACKET packet(0x494D, 3);
     packet.setData(2, midiEvent(0x0B, 0xB9, 0x06, 0x3F));
     packet.setData(0, midiEvent(0x0B, 0xB9, 0x63, 0x38));
-    QCOMPARE(packet.bytes(), hex("494d0003 0bb96338 00000000 0bb9063f"));
+    QCOMPARE(packet.bytes(), datagram("IM 0003 0bb96338 00000000 0bb9063f"));
     packet.setData(1, midiEvent(0x0B, 0xB9, 0x62, 0x08));
-    QCOMPARE(packet.bytes(), hex("494d0003 0bb96338 0bb96208 0bb9063f"));
+    QCOMPARE(packet.bytes(), datagram("IM 0003 0bb96338 0bb96208 0bb9063f"));
     packet.setData(1, midiEvent(0xFF, 0x80, 0x00, 0x7F));
-    QCOMPARE(packet.bytes(), hex("494d0003 0bb96338 ff80007f 0bb9063f"));
+    QCOMPARE(packet.bytes(), datagram("IM 0003 0bb96338 ff80007f 0bb9063f"));
 }
 
 void PacketsTest::eventBeyondTheCount_data()
@@ -106,7 +107,7 @@ void PacketsTest::negativePositionIsIgnored()
 {
     MIDI_PACKET packet(0x494D, 1);
     packet.setData(-1, midiEvent(0x0B, 0xB9, 0x07, 0x64));
-    QCOMPARE(packet.bytes(), hex("494d0001 00000000"));
+    QCOMPARE(packet.bytes(), datagram("IM 0001 00000000"));
 }
 
 void PacketsTest::packetIsAValue()
@@ -114,8 +115,8 @@ void PacketsTest::packetIsAValue()
     MIDI_PACKET first(0x494D, 1);
     const MIDI_PACKET second = first;
     first.setData(0, midiEvent(1, 2, 3, 4));
-    QCOMPARE(second.bytes(), hex("494d0001 00000000"));
-    QCOMPARE(first.bytes(), hex("494d0001 01020304"));
+    QCOMPARE(second.bytes(), datagram("IM 0001 00000000"));
+    QCOMPARE(first.bytes(), datagram("IM 0001 01020304"));
 }
 
 void PacketsTest::dumpedText()
@@ -133,13 +134,13 @@ void PacketsTest::statusByte_data()
     QTest::addColumn<int>("channel");
     QTest::addColumn<QByteArray>("bytes");
 
-    QTest::newRow("channel 0") << 0x00 << hex("494d0001 0bb00764");
-    QTest::newRow("channel 9") << 0x09 << hex("494d0001 0bb90764");
-    QTest::newRow("channel 15") << 0x0F << hex("494d0001 0bbf0764");
-    QTest::newRow("not masked") << 0x10 << hex("494d0001 0bc00764");
-    QTest::newRow("last before the wrap") << 0x4F << hex("494d0001 0bff0764");
-    QTest::newRow("wrapped to zero") << 0x50 << hex("494d0001 0b000764");
-    QTest::newRow("largest") << 0xFF << hex("494d0001 0baf0764");
+    QTest::newRow("channel 0") << 0x00 << datagram("IM 0001 0bb00764");
+    QTest::newRow("channel 9") << 0x09 << datagram("IM 0001 0bb90764");
+    QTest::newRow("channel 15") << 0x0F << datagram("IM 0001 0bbf0764");
+    QTest::newRow("not masked") << 0x10 << datagram("IM 0001 0bc00764");
+    QTest::newRow("last before the wrap") << 0x4F << datagram("IM 0001 0bff0764");
+    QTest::newRow("wrapped to zero") << 0x50 << datagram("IM 0001 0b000764");
+    QTest::newRow("largest") << 0xFF << datagram("IM 0001 0baf0764");
 }
 
 void PacketsTest::statusByte()
@@ -153,20 +154,21 @@ void PacketsTest::statusByte()
 void PacketsTest::threeEvents()
 {
     QCOMPARE(zelta::nrpnPacket({0x38, 0x08}, quint8(0x3F), 9).bytes(),
-             hex("494d0003 0bb96338 0bb96208 0bb9063f"));
+             datagram("IM 0003 0bb96338 0bb96208 0bb9063f"));
     QCOMPARE(zelta::nrpnPacket({0xFF, 0x80}, quint8(0xC8), 0x50).bytes(),
-             hex("494d0003 0b0063ff 0b006280 0b0006c8"));
+             datagram("IM 0003 0b0063ff 0b006280 0b0006c8"));
 }
 
 void PacketsTest::fourEvents()
 {
     QCOMPARE(zelta::nrpnPacket({0x37, 0x0F}, zelta::DataEntry{0x02, 0x05}, 9).bytes(),
-             hex("494d0004 0bb96337 0bb9620f 0bb92605 0bb90602"));
+             datagram("IM 0004 0bb96337 0bb9620f 0bb92605 0bb90602"));
 }
 
 void PacketsTest::singleEvent()
 {
-    QCOMPARE(zelta::singleEventPacket(midiEvent(0x09, 0x99, 0x26, 0x7F)).bytes(), hex("494d0001 0999267f"));
+    QCOMPARE(zelta::singleEventPacket(midiEvent(0x09, 0x99, 0x26, 0x7F)).bytes(),
+             datagram("IM 0001 0999267f"));
 }
 
 void PacketsTest::rawPacketLayout()

@@ -2,7 +2,7 @@
 
 #include "link/sockettransceiver.h"
 #include "support/connectedmodule.h"
-#include "support/hex.h"
+#include "support/datagram.h"
 #include "support/logcatcher.h"
 #include "support/processresources.h"
 #include "support/texts.h"
@@ -111,10 +111,10 @@ void ThreadsTest::moduleSignalsInTheGuiThread()
     connect(&engine.module, &QConnectQmlPlugin::testCommand, &engine.module, note, Qt::DirectConnection);
     connect(&engine.module, &QConnectQmlPlugin::sysEx, &engine.module, note, Qt::DirectConnection);
     connect(&engine.module, &QConnectQmlPlugin::noteChanged, &engine.module, note, Qt::DirectConnection);
-    QVERIFY(engine.deliver({hex("544d4143 00780000"), hex("4352 0000") + QByteArray(12, '\x01'),
-                            hex("4452") + QByteArray(36, '\x01'), hex("494d4143 b90b1263"),
-                            hex("494d4143 b90b3462"), hex("494d4143 b90b5606"), hex("494d4143 f7050000"),
-                            hex("494d4143 99096426")}));
+    QVERIFY(engine.deliver({datagram("TM AC 00780000"), datagram("CR 0000") + QByteArray(12, '\x01'),
+                            datagram("DR") + QByteArray(36, '\x01'), datagram("IM AC b90b1263"),
+                            datagram("IM AC b90b3462"), datagram("IM AC b90b5606"),
+                            datagram("IM AC f7050000"), datagram("IM AC 99096426")}));
     QCOMPARE(inGuiThread, 6);
     QCOMPARE(elsewhere, 0);
 }
@@ -146,7 +146,7 @@ void ThreadsTest::firstSendFromAnotherThread()
     sender.join();
     QCOMPARE(written.load(), qint64(5));
     QCOMPARE(peer.next(), QByteArray("first"));
-    QVERIFY(peer.send(hex("41424143 00010002")));
+    QVERIFY(peer.send(datagram("AB AC 00010002")));
     QTRY_COMPARE_WITH_TIMEOUT(recorder.count("sockUdpPacketArrived"), 1, patienceMs);
 }
 
@@ -170,7 +170,7 @@ void ThreadsTest::sendsFromTwoThreads()
         if (datagram.startsWith("thread ")) {
             QCOMPARE(datagram, QByteArray("thread ") + QByteArray::number(fromThread++));
         } else {
-            QByteArray expected = hex("494d0003 0bb96337 0bb96205 0bb90600");
+            QByteArray expected = testsupport::datagram("IM 0003 0bb96337 0bb96205 0bb90600");
             expected[15] = char(fromGui++ & 0x7F);
             QCOMPARE(datagram, expected);
         }
@@ -194,7 +194,7 @@ void ThreadsTest::everyModuleHasAPortOfItsOwn()
 
     const SignalRecorder firstRecorder(&first);
     const SignalRecorder secondRecorder(&second);
-    QVERIFY(peer.send(hex("544d4143 00780000")));
+    QVERIFY(peer.send(datagram("TM AC 00780000")));
     QVERIFY(peer.settle(&second));
     QCOMPARE(secondRecorder.texts(), texts({"tempoChanged()"}));
     QCOMPARE(second.property("tempo").toInt(), 120);
@@ -212,7 +212,7 @@ void ThreadsTest::newModuleAfterTheOld()
     for (int i = 0; i < 3; ++i) {
         QConnectQmlPlugin module;
         QVERIFY(peer.connectTo(&module));
-        QVERIFY(peer.send(hex("544d4143 00780000")));
+        QVERIFY(peer.send(datagram("TM AC 00780000")));
         QVERIFY(peer.settle(&module));
         QCOMPARE(module.property("tempo").toInt(), 120);
     }
@@ -235,7 +235,7 @@ void ThreadsTest::engineRestarts()
     QVERIFY2(peer->isOpen(), qPrintable(peer->errorString()));
     QVERIFY(peer->connectTo(&module));
     QCOMPARE(peer->modulePort(), port);
-    QVERIFY(peer->send(hex("544d4143 00780000")));
+    QVERIFY(peer->send(datagram("TM AC 00780000")));
     QVERIFY(peer->settle(&module));
     QCOMPARE(module.property("tempo").toInt(), 120);
     QCOMPARE(log.warnings(), QStringList());
@@ -268,7 +268,7 @@ void ThreadsTest::socketIsOpenUntilTheReceiveThreadHasEnded()
             }
         },
         Qt::DirectConnection);
-    QVERIFY(peer.send(hex("41424143 00010002")));
+    QVERIFY(peer.send(datagram("AB AC 00010002")));
     QTRY_VERIFY_WITH_TIMEOUT(handlerRuns.load(), patienceMs);
     link.reset();
     QVERIFY(!closed);

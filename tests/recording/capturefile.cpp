@@ -1,5 +1,6 @@
 #include "recording/capturefile.h"
 
+#include "support/datagram.h"
 #include "support/hex.h"
 
 #include <QFile>
@@ -7,6 +8,7 @@
 
 #include <pcap/pcap.h>
 
+using testsupport::datagram;
 using testsupport::hex;
 
 namespace {
@@ -29,7 +31,7 @@ QByteArray ipPacket(bool isFromEngine, const QByteArray &datagram)
     const QByteArray engine = hex("AC141516");
     const QByteArray module = hex("AC141501");
     packet += isFromEngine ? engine + module : module + engine;
-    packet += isFromEngine ? hex("4D55 9C40 0000 0000") : hex("9C40 4D55 0000 0000");
+    packet += isFromEngine ? testsupport::datagram("MU 9C40 0000 0000") : hex("9C40 4D55 0000 0000");
     packet += datagram;
     packet = withWord(packet, 2, quint16(packet.size()));
     return withWord(packet, 24, quint16(packet.size() - 20));

@@ -3,6 +3,7 @@
 #include "simulator/comparison.h"
 #include "simulator/recording.h"
 #include "simulator/sequencediff.h"
+#include "support/datagram.h"
 #include "support/hex.h"
 
 #include <QRegularExpression>
@@ -13,6 +14,7 @@
 
 using simulated::Comparison;
 using simulated::Recording;
+using testsupport::datagram;
 using testsupport::hex;
 
 namespace {
@@ -20,7 +22,7 @@ namespace {
 // A parameter of the master section, for example its out level, 07.
 QByteArray parameter(quint8 number, quint8 value)
 {
-    QByteArray bytes = hex("494D 0003 0BB96338 0BB96200 0BB90600");
+    QByteArray bytes = datagram("IM 0003 0BB96338 0BB96200 0BB90600");
     bytes[11] = char(number);
     bytes[15] = char(value);
     return bytes;
@@ -33,7 +35,7 @@ QByteArray level(quint8 value)
 
 QByteArray led(quint8 number, bool on)
 {
-    QByteArray bytes = hex("4C44 0000 0000");
+    QByteArray bytes = datagram("LD 0000 0000");
     bytes[3] = char(number);
     bytes[5] = on ? 1 : 0;
     return bytes;
@@ -41,26 +43,25 @@ QByteArray led(quint8 number, bool on)
 
 QByteArray query()
 {
-    return hex("534E 0000");
+    return datagram("SN 0000");
 }
 
 // A sound bank of three packets with two words each. The last chunk holds three bytes and a padding byte.
 QByteArray start()
 {
-    return hex("4453 5342 0000000B");
+    return datagram("DS SB 0000000B");
 }
 
 QByteArray data(int number)
 {
-    static constexpr const char *packets[] = {"4443 5342 00000000 0002 01020304",
-                                              "4443 5342 00000001 0002 05060708",
-                                              "4443 5342 00000002 0002 090A0B00"};
-    return hex(packets[number]);
+    static constexpr const char *packets[] = {"DC SB 00000000 0002 01020304", "DC SB 00000001 0002 05060708",
+                                              "DC SB 00000002 0002 090A0B00"};
+    return datagram(packets[number]);
 }
 
 QByteArray end()
 {
-    return hex("4445 5342 00001A1F");
+    return datagram("DE SB 00001A1F");
 }
 
 using Datagrams = QList<QByteArray>;
@@ -102,7 +103,7 @@ Recording ComparisonTest::recordingOf(const Datagrams &sent)
     for (const QByteArray &datagram : sent)
         capture.addDatagram(false, datagram, ns += 1000000);
     // Without this a recording of a silent module would be empty.
-    capture.addDatagram(true, hex("4254 4143 0001 0000"), ns);
+    capture.addDatagram(true, datagram("BT AC 0001 0000"), ns);
     capture.finish();
     Recording recording;
     QString problem;
@@ -168,29 +169,29 @@ void ComparisonTest::finds_data()
     row("file between settings", Datagrams{level(1)} + bank() + Datagrams{level(2)},
         {start(), data(0), level(1), data(1), level(2), data(2), end()}, none);
     row("file, packets repeated", bank(),
-        {start(), data(0), data(1), data(0), data(1), data(2), hex("4445 5342 0000350C")}, none);
+        {start(), data(0), data(1), data(0), data(1), data(2), datagram("DE SB 0000350C")}, none);
     row("file, packets recorded twice", {start(), data(0), data(1), data(0), data(1), data(2), end()}, bank(),
         none);
     row("file, changed byte", bank(),
-        {start(), data(0), hex("4443 5342 00000001 0002 05060709"), data(2), end()}, file);
+        {start(), data(0), datagram("DC SB 00000001 0002 05060709"), data(2), end()}, file);
     row("file, changed number", bank(),
-        {start(), data(0), hex("4443 5342 00000007 0002 05060708"), data(2), end()}, file);
+        {start(), data(0), datagram("DC SB 00000007 0002 05060708"), data(2), end()}, file);
     row("file, packet missing", bank(), {start(), data(0), data(2), end()}, file);
-    row("file, packet more", bank(), bank().mid(0, 4) + Datagrams{hex("4443 5342 00000003 0001 0102"), end()},
-        file);
+    row("file, packet more", bank(),
+        bank().mid(0, 4) + Datagrams{datagram("DC SB 00000003 0001 0102"), end()}, file);
     row("file, without its end", bank(), bank().mid(0, 4), file);
     row("file, without its start", bank(), bank().mid(1), {0, 0, 1, 0, 0});
-    row("file, checksum", bank(), bank().mid(0, 4) + Datagrams{hex("4445 5342 00001A20")}, file);
-    row("file, size", bank(), Datagrams{hex("4453 5342 0000000C")} + bank().mid(1), changed);
+    row("file, checksum", bank(), bank().mid(0, 4) + Datagrams{datagram("DE SB 00001A20")}, file);
+    row("file, size", bank(), Datagrams{datagram("DS SB 0000000C")} + bank().mid(1), changed);
     row("file missing", bank(), {}, missing);
     row("file sent twice", bank(), bank() + bank(), extra);
     row("file, another content", bank(),
-        {hex("4453 5442 00000002"), hex("4443 5442 00000000 0001 0102"), hex("4445 5442 00000102")},
+        {datagram("DS TB 00000002"), datagram("DC TB 00000000 0001 0102"), datagram("DE TB 00000102")},
         {1, 1, 0, 0, 0});
     row("refused file, ended later", {start(), data(0)}, {start(), data(0), data(1)}, none);
     row("refused file, ended earlier", {start(), data(0), data(1)}, {start(), data(0)}, none);
     row("refused file, changed byte", {start(), data(0), data(1)},
-        {start(), hex("4443 5342 00000000 0002 01020305")}, file);
+        {start(), datagram("DC SB 00000000 0002 01020305")}, file);
 }
 
 void ComparisonTest::finds()
@@ -210,7 +211,7 @@ void ComparisonTest::describesDifferences()
     const Comparison::Report report =
         compare(Datagrams{led(1, true), level(1), level(2), level(3), led(9, true)} + bank(),
                 Datagrams{level(1), led(1, true), level(5), led(9, true), led(8, false), start(), data(0),
-                          hex("4443 5342 00000001 0002 FF060708"), data(2), end()});
+                          datagram("DC SB 00000001 0002 FF060708"), data(2), end()});
     QStringList lines;
     for (QString line : report.lines) {
         // The time of a received datagram is its real one.

@@ -3,7 +3,7 @@
 #include "recording/capturefile.h"
 #include "recording/filesizelimit.h"
 #include "simulator/recording.h"
-#include "support/hex.h"
+#include "support/datagram.h"
 #include "support/patience.h"
 
 #include <QFile>
@@ -17,7 +17,7 @@
 #include <csignal>
 
 using simulated::Recording;
-using testsupport::hex;
+using testsupport::datagram;
 using testsupport::patienceMs;
 
 namespace {
@@ -26,12 +26,12 @@ constexpr qint64 nsPerMs = 1000000;
 
 QByteArray strike()
 {
-    return hex("494D 4143 9909 6426");
+    return datagram("IM AC 9909 6426");
 }
 
 QByteArray setting()
 {
-    return hex("494D 0003 0BB96338 0BB96207 0BB90664");
+    return datagram("IM 0003 0BB96338 0BB96207 0BB90664");
 }
 
 } // namespace
@@ -151,7 +151,7 @@ QString ProgramTest::writeCapture(const char *name)
     CaptureFile capture(path(name), DLT_LINUX_SLL2);
     capture.addDatagram(false, setting());
     capture.addDatagram(true, strike(), 20 * nsPerMs);
-    capture.addDatagram(false, hex("4C44 0001 0001"), 30 * nsPerMs);
+    capture.addDatagram(false, datagram("LD 0001 0001"), 30 * nsPerMs);
     return capture.finish() ? path(name) : QString();
 }
 
@@ -215,12 +215,12 @@ void ProgramTest::reportsADiskThatFillsUp()
         m_process.setReadChannel(QProcess::StandardOutput);
     }
     // It still answers, and reports the failure in its exit status.
-    send(hex("534E 0000"));
+    send(datagram("SN 0000"));
     QByteArray latest;
     do {
         latest = receive();
-    } while (latest != hex("534E 4143 0001 0000") && latest != "nothing");
-    QCOMPARE(latest, hex("534E 4143 0001 0000"));
+    } while (latest != datagram("SN AC 0001 0000") && latest != "nothing");
+    QCOMPARE(latest, datagram("SN AC 0001 0000"));
     m_process.write("quit\n");
     QCOMPARE(finish(), 2);
     QCOMPARE(m_errors, "zelta-engine-sim: recording " + file.toLocal8Bit() + " ended: File too large\n");
@@ -246,8 +246,8 @@ void ProgramTest::replaysWhatItRecordedOnAnotherPort()
     QByteArray latest;
     do {
         latest = receive();
-    } while (latest != hex("4254 4143 0007 0000") && latest != "nothing");
-    QCOMPARE(latest, hex("4254 4143 0007 0000"));
+    } while (latest != datagram("BT AC 0007 0000") && latest != "nothing");
+    QCOMPARE(latest, datagram("BT AC 0007 0000"));
     QCOMPARE(finish(), 0);
     QVERIFY(m_output.contains("\ncomparison: no difference\n"));
 }
@@ -257,9 +257,9 @@ void ProgramTest::sendsNothingButTheRecording()
 {
     QVERIFY(start({QStringLiteral("--replay"), writeCapture("replay.pcap"), QStringLiteral("--compare")}));
     send(setting());
-    send(hex("534E 0000"));
+    send(datagram("SN 0000"));
     QCOMPARE(receive(), strike());
-    send(hex("4C44 0001 0001"));
+    send(datagram("LD 0001 0001"));
     QCOMPARE(finish(), 4);
     QVERIFY(m_output.contains("\nsummary sent-datagrams 1\n"));
     QVERIFY(m_output.contains("\nsummary replayed-datagrams 1\n"));
@@ -295,10 +295,10 @@ void ProgramTest::findsDifferences_data()
                         const QByteArray &line) {
         QTest::newRow(name) << answers << status << line;
     };
-    row("none", {hex("4C44 0001 0001")}, 0, "comparison: no difference");
-    row("changed", {hex("4C44 0001 0000")}, 4,
+    row("none", {datagram("LD 0001 0001")}, 0, "comparison: no difference");
+    row("changed", {datagram("LD 0001 0000")}, 4,
         "difference: changed at 0.030 s: LED 1 off, recorded LED 1 on");
-    row("extra", {hex("4C44 0001 0001"), hex("4C44 0002 0001")}, 4, ": LED 2 on\n");
+    row("extra", {datagram("LD 0001 0001"), datagram("LD 0002 0001")}, 4, ": LED 2 on\n");
     row("missing", {}, 4, "difference: missing at 0.030 s: LED 1 on");
 }
 
@@ -323,7 +323,7 @@ void ProgramTest::waitsForTheModuleAtTheEnd()
 {
     CaptureFile capture(path("end.pcap"), DLT_RAW);
     capture.addDatagram(false, setting());
-    capture.addDatagram(false, hex("4C44 0001 0001"), 1 * nsPerMs);
+    capture.addDatagram(false, datagram("LD 0001 0001"), 1 * nsPerMs);
     capture.addDatagram(true, strike(), 2 * nsPerMs);
     QVERIFY(capture.finish());
     QVERIFY(start({QStringLiteral("--replay"), path("end.pcap"), QStringLiteral("--compare")}));
@@ -331,8 +331,8 @@ void ProgramTest::waitsForTheModuleAtTheEnd()
     QCOMPARE(receive(), strike());
     m_process.write("after 100 summary\n");
     QVERIFY(waitForLine("summary sent-datagrams 1"));
-    send(hex("4C44 0001 0001"));
-    send(hex("4C44 0002 0001"));
+    send(datagram("LD 0001 0001"));
+    send(datagram("LD 0002 0001"));
     QCOMPARE(finish(), 4);
     QVERIFY2(m_output.contains("\nsummary missing 0\nsummary extra 1\n"), m_output.constData());
 }

@@ -1,6 +1,7 @@
 // Reading captures: link types and formats, and files that are refused.
 #include "recording/capturefile.h"
 #include "simulator/recording.h"
+#include "support/datagram.h"
 #include "support/hex.h"
 
 #include <QFile>
@@ -10,6 +11,7 @@
 #include <pcap/pcap.h>
 
 using simulated::Recording;
+using testsupport::datagram;
 using testsupport::hex;
 
 namespace {
@@ -19,12 +21,12 @@ constexpr qint64 nsPerMs = 1000000;
 // Master out level 100 to the engine, and a strike of the snare from it.
 QByteArray setting()
 {
-    return hex("494D 0003 0BB96338 0BB96207 0BB90664");
+    return datagram("IM 0003 0BB96338 0BB96207 0BB90664");
 }
 
 QByteArray strike()
 {
-    return hex("494D 4143 9909 6426");
+    return datagram("IM AC 9909 6426");
 }
 
 QByteArray ethernet(const char *types, const QByteArray &packet)

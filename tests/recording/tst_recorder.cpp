@@ -2,6 +2,7 @@
 #include "recording/filesizelimit.h"
 #include "simulator/recording.h"
 #include "simulator/soundengine.h"
+#include "support/datagram.h"
 #include "support/hex.h"
 #include "support/patience.h"
 
@@ -15,6 +16,7 @@
 #include <csignal>
 
 using simulated::Recording;
+using testsupport::datagram;
 using testsupport::hex;
 using testsupport::patienceMs;
 
@@ -128,7 +130,7 @@ void RecorderTest::writesBothDirections()
     QVERIFY2(m_engine->startRecording(m_file, &m_problem), qPrintable(m_problem));
     const auto before = quint64(QDateTime::currentMSecsSinceEpoch());
     // A request, which the engine answers.
-    QVERIFY(send(hex("534E 0000")));
+    QVERIFY(send(datagram("SN 0000")));
     QVERIFY(m_engine->strike(38, 100));
     const auto after = quint64(QDateTime::currentMSecsSinceEpoch());
 
@@ -136,11 +138,11 @@ void RecorderTest::writesBothDirections()
     QVERIFY2(recording.load(m_file, &m_problem, m_engine->port()), qPrintable(m_problem));
     QCOMPARE(recording.size(), 3);
     QVERIFY(!recording.isFromEngine(0));
-    QCOMPARE(recording.datagram(0), hex("534E 0000"));
+    QCOMPARE(recording.datagram(0), datagram("SN 0000"));
     QVERIFY(recording.isFromEngine(1));
-    QCOMPARE(recording.datagram(1), hex("534E 4143 0001 0000"));
+    QCOMPARE(recording.datagram(1), datagram("SN AC 0001 0000"));
     QVERIFY(recording.isFromEngine(2));
-    QCOMPARE(recording.datagram(2), hex("494D 4143 9909 6426"));
+    QCOMPARE(recording.datagram(2), datagram("IM AC 9909 6426"));
 
     const QVector<RecordedPacket> packets = packetsOf(m_file);
     QCOMPARE(packets.size(), 3);
@@ -152,8 +154,8 @@ void RecorderTest::writesBothDirections()
 void RecorderTest::writesCorrectPackets_data()
 {
     QTest::addColumn<QByteArray>("datagram");
-    QTest::newRow("strike") << hex("494D 4143 9909 6426");
-    QTest::newRow("odd size") << hex("494D 41");
+    QTest::newRow("strike") << datagram("IM AC 9909 6426");
+    QTest::newRow("odd size") << datagram("IM 41");
     QTest::newRow("empty") << QByteArray();
     QTest::newRow("high bytes") << QByteArray(1400, '\xFF');
     QTest::newRow("the largest datagram") << QByteArray(65507, '\x5A');
@@ -213,7 +215,7 @@ void RecorderTest::recordsWhatAFailureModeDrops()
     QVERIFY2(m_engine->startRecording(m_file, &m_problem), qPrintable(m_problem));
     QVERIFY(m_engine->setFailure(QStringLiteral("drop=2")));
     for (int i = 0; i < 40; ++i)
-        m_module->writeDatagram(hex("4C44 0001 0001"), m_engine->address(), m_engine->port());
+        m_module->writeDatagram(datagram("LD 0001 0001"), m_engine->address(), m_engine->port());
     QTRY_COMPARE_WITH_TIMEOUT(m_engine->counters().datagrams + m_engine->counters().lost, quint64(40),
                               patienceMs);
     QVERIFY(m_engine->counters().lost > 0);
@@ -255,7 +257,7 @@ void RecorderTest::stopsAndStartsAgain()
     QVERIFY(m_engine->strike(38, 3));
     QCOMPARE(packetsOf(m_file).size(), 1);
     QCOMPARE(packetsOf(second).size(), 1);
-    QCOMPARE(packetsOf(second).at(0).bytes.mid(28), hex("494D 4143 9909 0226"));
+    QCOMPARE(packetsOf(second).at(0).bytes.mid(28), datagram("IM AC 9909 0226"));
 }
 
 void RecorderTest::refusesAPathThatCannotBeWritten()
@@ -301,7 +303,7 @@ void RecorderTest::endsWithAWholePacketOnAFullDisk()
     Recording recording;
     QVERIFY2(recording.load(m_file, &m_problem, m_engine->port()), qPrintable(m_problem));
     QCOMPARE(recording.size(), 2);
-    QCOMPARE(recording.datagram(1), hex("494D 4143 9909 0226"));
+    QCOMPARE(recording.datagram(1), datagram("IM AC 9909 0226"));
     // The disk has space again, but the recording does not go on with a gap.
     QVERIFY(m_engine->strike(38, 5));
     QCOMPARE(packetsOf(m_file).size(), 2);

@@ -5,6 +5,7 @@
 #include "simulator/scenarioplayer.h"
 #include "simulator/scenariowriter.h"
 #include "simulator/soundengine.h"
+#include "support/datagram.h"
 #include "support/hex.h"
 #include "support/logcatcher.h"
 #include "support/patience.h"
@@ -18,6 +19,7 @@
 #include <pcap/pcap.h>
 
 using namespace simulated;
+using testsupport::datagram;
 using testsupport::hex;
 using testsupport::patienceMs;
 
@@ -27,14 +29,14 @@ constexpr qint64 nsPerMs = 1000000;
 
 QByteArray strike(int velocity)
 {
-    QByteArray bytes = hex("494D 4143 9909 0026");
+    QByteArray bytes = datagram("IM AC 9909 0026");
     bytes[6] = char(velocity);
     return bytes;
 }
 
 QByteArray setting()
 {
-    return hex("494D 0003 0BB96338 0BB96207 0BB90664");
+    return datagram("IM 0003 0BB96338 0BB96207 0BB90664");
 }
 
 } // namespace
@@ -285,13 +287,13 @@ void ReplayTest::loops()
 void ReplayTest::doesNotAnswer()
 {
     m_engine->setLive(true);
-    const QList<QByteArray> requests{hex("534E 0000"),                            // sound bank version
-                                     hex("494D 0003 0BB9633B 0BB9621F 0BB90600"), // output meters
-                                     hex("494D 0003 0BB9633D 0BB9620F 0BB90600"), // memory
-                                     hex("494D 0004 0BB96337 0BB96264 0BB92600 0BB90630"), // tempo
-                                     hex("4453 5342 00000002"),                            // a file
-                                     hex("4443 5342 00000005 0001 0102"),                  // with a gap
-                                     hex("4445 5342 00000102")};
+    const QList<QByteArray> requests{datagram("SN 0000"),                            // sound bank version
+                                     datagram("IM 0003 0BB9633B 0BB9621F 0BB90600"), // output meters
+                                     datagram("IM 0003 0BB9633D 0BB9620F 0BB90600"), // memory
+                                     datagram("IM 0004 0BB96337 0BB96264 0BB92600 0BB90630"), // tempo
+                                     datagram("DS SB 00000002"),                              // a file
+                                     datagram("DC SB 00000005 0001 0102"),                    // with a gap
+                                     datagram("DE SB 00000102")};
     QSignalSpy received(m_engine.get(), &SoundEngine::datagramReceived);
     for (const QByteArray &request : requests)
         m_module->writeDatagram(request, m_engine->address(), m_engine->port());
@@ -309,35 +311,35 @@ void ReplayTest::writesAScenario_data()
     const auto row = [](const char *line, const QList<QByteArray> &datagrams) {
         QTest::newRow(line) << datagrams << QString::fromLatin1(line);
     };
-    row("strike snare 100", {hex("494D 4143 9909 6426")});
-    row("strike 60 1", {hex("494D 4143 9909 013C")});
-    row("choke crash1 127", {hex("494D 4143 A90A 7F31")});
-    row("hihat 64", {hex("494D 4143 B90B 4004")});
-    row("controller 7 90", {hex("494D 4143 B90B 5A07")});
-    row("program 12", {hex("494D 4143 C90C 000C")});
-    row("switch headphone 1", {hex("5357 4143 4850 0001")});
-    row("event SW 0x4850 0x0002", {hex("5357 4143 4850 0002")});
-    row("pot 2 +", {hex("434F 4143 0002 0001")});
-    row("pot 3 -", {hex("434F 4143 0003 0000")});
-    row("event CO 0x0004 0x0000", {hex("434F 4143 0004 0000")});
-    row("tempo 120", {hex("544D 4143 0078 0000")});
-    row("event TM 0x0078 0x0001", {hex("544D 4143 0078 0001")});
-    row("beat 3", {hex("4254 4143 0003 0000")});
-    row("flash 512 256", {hex("4652 4143 0200 0100")});
-    row("event DE 0x5342 0x0000", {hex("4445 4143 5342 0000")});
+    row("strike snare 100", {datagram("IM AC 9909 6426")});
+    row("strike 60 1", {datagram("IM AC 9909 013C")});
+    row("choke crash1 127", {datagram("IM AC A90A 7F31")});
+    row("hihat 64", {datagram("IM AC B90B 4004")});
+    row("controller 7 90", {datagram("IM AC B90B 5A07")});
+    row("program 12", {datagram("IM AC C90C 000C")});
+    row("switch headphone 1", {datagram("SW AC 4850 0001")});
+    row("event SW 0x4850 0x0002", {datagram("SW AC 4850 0002")});
+    row("pot 2 +", {datagram("CO AC 0002 0001")});
+    row("pot 3 -", {datagram("CO AC 0003 0000")});
+    row("event CO 0x0004 0x0000", {datagram("CO AC 0004 0000")});
+    row("tempo 120", {datagram("TM AC 0078 0000")});
+    row("event TM 0x0078 0x0001", {datagram("TM AC 0078 0001")});
+    row("beat 3", {datagram("BT AC 0003 0000")});
+    row("flash 512 256", {datagram("FR AC 0200 0100")});
+    row("event DE 0x5342 0x0000", {datagram("DE AC 5342 0000")});
     row("event 0x2341 0x0000 0x0000", {hex("2341 4143 0000 0000")});
     row("event 0x0102 0xffff 0x0000", {hex("0102 4143 FFFF 0000")});
-    row("event IM 0x9908 0x0026", {hex("494D 4143 9908 0026")});
-    row("event IM 0x9909 0x8026", {hex("494D 4143 9909 8026")});
-    row("meters 1 2 0 4", {hex("4452 0001 0002 0000 0004") + QByteArray(28, '\0')});
-    row("meters 0", {hex("4452") + QByteArray(36, '\0')});
-    row("comp monitor 60 58 20", {hex("4352 0001 003C 003A 0014") + QByteArray(6, '\0')});
-    row("comp 9 0", {hex("4352 0009") + QByteArray(12, '\0')});
+    row("event IM 0x9908 0x0026", {datagram("IM AC 9908 0026")});
+    row("event IM 0x9909 0x8026", {datagram("IM AC 9909 8026")});
+    row("meters 1 2 0 4", {datagram("DR 0001 0002 0000 0004") + QByteArray(28, '\0')});
+    row("meters 0", {datagram("DR") + QByteArray(36, '\0')});
+    row("comp monitor 60 58 20", {datagram("CR 0001 003C 003A 0014") + QByteArray(6, '\0')});
+    row("comp 9 0", {datagram("CR 0009") + QByteArray(12, '\0')});
     row("testcommand 12 34 56",
-        {hex("494D 4143 B90B 1263"), hex("494D 4143 B90B 3462"), hex("494D 4143 B90B 5606")});
-    row("sysex F0 7E 7F 06 01 F7", {hex("494D 4143 F004 7F7E"), hex("494D 4143 0607 F701")});
+        {datagram("IM AC B90B 1263"), datagram("IM AC B90B 3462"), datagram("IM AC B90B 5606")});
+    row("sysex F0 7E 7F 06 01 F7", {datagram("IM AC F004 7F7E"), datagram("IM AC 0607 F701")});
     row("send 01 02 03", {hex("010203")});
-    row("send 44 52 00 01", {hex("4452 0001")});
+    row("send 44 52 00 01", {datagram("DR 0001")});
 }
 
 void ReplayTest::writesAScenario()
@@ -372,11 +374,11 @@ void ReplayTest::writesAScenario()
 void ReplayTest::scenarioSendsTheSame()
 {
     const QList<QByteArray> sent{
-        hex("494D 4143 B90B 1263"), hex("494D 4143 B90B 3462"), strike(1), hex("494D 4143 B90B 5606"),
-        hex("494D 4143 B90B 1263"), hex("494D 4143 F004 7F7E"), strike(2), hex("494D 4143 0607 F701"),
-        hex("494D 4143 F004 7F7E"),
+        datagram("IM AC B90B 1263"), datagram("IM AC B90B 3462"), strike(1), datagram("IM AC B90B 5606"),
+        datagram("IM AC B90B 1263"), datagram("IM AC F004 7F7E"), strike(2), datagram("IM AC 0607 F701"),
+        datagram("IM AC F004 7F7E"),
         // An end event that is filled up with other bytes than zeros.
-        hex("494D 4143 F705 0101"), hex("494D 4143 F704 7F7E"), QByteArray(2000, 'x')};
+        datagram("IM AC F705 0101"), datagram("IM AC F704 7F7E"), QByteArray(2000, 'x')};
     for (const QByteArray &datagram : sent)
         add(true, datagram, 10);
     load();

@@ -1,5 +1,6 @@
 // tshark and the dissector read recordings: every line shows the message, and all checksums are correct.
 #include "simulator/soundengine.h"
+#include "support/datagram.h"
 #include "support/hex.h"
 #include "support/patience.h"
 #include "wireshark/dissection.h"
@@ -9,6 +10,7 @@
 #include <QTest>
 #include <QUdpSocket>
 
+using testsupport::datagram;
 using testsupport::hex;
 using testsupport::patienceMs;
 
@@ -47,7 +49,7 @@ void TsharkTest::readsARecording()
     QUdpSocket module;
     QVERIFY(module.bind(QHostAddress(QStringLiteral("127.20.40.21")), 0));
     QSignalSpy received(&engine, &SoundEngine::datagramReceived);
-    module.writeDatagram(hex("494D 0003 0BB96338 0BB96207 0BB90664"), engine.address(), engine.port());
+    module.writeDatagram(datagram("IM 0003 0BB96338 0BB96207 0BB90664"), engine.address(), engine.port());
     QVERIFY(received.wait(patienceMs));
     QVERIFY(engine.strike(38, 100));
     QVERIFY(engine.sendSysEx(hex("F07E7F0601F7")));

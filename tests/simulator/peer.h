@@ -2,12 +2,14 @@
 #pragma once
 
 #include "simulator/soundengine.h"
+#include "support/datagram.h"
 #include "support/hex.h"
 
 #include <QDeadlineTimer>
 #include <QTest>
 #include <QUdpSocket>
 
+using testsupport::datagram;
 using testsupport::hex;
 
 /// The module's side of the wire: one socket, in the engine's thread.
@@ -42,7 +44,7 @@ public:
             return false;
         return waitFor([&] { return arrived() > before; });
     }
-    bool send(const char *hexText) { return send(hex(hexText)); }
+    bool send(const char *hexText) { return send(datagram(hexText)); }
 
     // Sends all datagrams before the engine reads the first one.
     bool sendAtOnce(const QList<QByteArray> &datagrams)

@@ -1,6 +1,7 @@
 // One run of the program zelta-engine-sim, with a socket that stands in for the module.
 #pragma once
 
+#include "support/datagram.h"
 #include "support/hex.h"
 
 #include <QProcess>
@@ -8,6 +9,7 @@
 
 #include <memory>
 
+using testsupport::datagram;
 using testsupport::hex;
 
 /// Base of tests of the program. Every wait has a limit.

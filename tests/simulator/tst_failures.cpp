@@ -46,12 +46,12 @@ namespace {
 
 QByteArray version()
 {
-    return hex("564E4143 0001 0000");
+    return datagram("VN AC 0001 0000");
 }
 
 QByteArray success()
 {
-    return hex("44454143 0000 0000");
+    return datagram("DE AC 0000 0000");
 }
 
 } // namespace
@@ -126,49 +126,49 @@ void FailuresTest::happens_data()
     const auto row = [](const char *failure, const QList<QByteArray> &replies) {
         QTest::newRow(failure) << QString::fromLatin1(failure) << replies;
     };
-    row("resend=5", {version(), hex("44434143 0005 00BE"), success()});
-    row("resend-twice=5", {version(), hex("44434143 0005 00BE"), hex("44434143 0005 00BE"), success()});
-    row("resend-before-start", {version(), hex("44434143 0000 00BE"), success()});
-    row("resend-past-end=5", {version(), hex("44434143 0078 00BE"), success()});
-    row("unknown-low-byte=5", {version(), hex("44434143 0005 0042"), success()});
-    row("refuse-e0=5", {version(), hex("44434143 0005 00E0"), hex("44454143 0000 00E0")});
-    row("memory-full-e1=5", {version(), hex("44434143 0005 00E1"), hex("44454143 0000 00E1")});
-    row("memory-full-e2=5", {version(), hex("44434143 0005 00E2"), hex("44454143 0000 00E2")});
-    row("memory-full-e3=5", {version(), hex("44434143 0005 00E3"), hex("44454143 0000 00E3")});
-    row("refuse-e4=5", {version(), hex("44434143 0005 00E4"), hex("44454143 0000 00E4")});
-    row("refuse-e5=5", {version(), hex("44434143 0005 00E5"), hex("44454143 0000 00E5")});
-    row("refuse-e6=5", {version(), hex("44434143 0005 00E6"), hex("44454143 0000 00E6")});
-    row("refuse-e7=5", {version(), hex("44434143 0005 00E7"), hex("44454143 0000 00E7")});
-    row("refuse-e8=5", {version(), hex("44434143 0005 00E8"), hex("44454143 0000 00E8")});
-    row("refuse-e9=5", {version(), hex("44434143 0005 00E9"), hex("44454143 0000 00E9")});
-    row("refuse-ea=5", {version(), hex("44434143 0005 00EA"), hex("44454143 0000 00EA")});
-    row("refuse-eb=5", {version(), hex("44434143 0005 00EB"), hex("44454143 0000 00EB")});
-    row("refuse-ec=5", {version(), hex("44434143 0005 00EC"), hex("44454143 0000 00EC")});
-    row("refuse-ed=5", {version(), hex("44434143 0005 00ED"), hex("44454143 0000 00ED")});
-    row("refuse-ee=5", {version(), hex("44434143 0005 00EE"), hex("44454143 0000 00EE")});
-    row("refuse-ef=5", {version(), hex("44434143 0005 00EF"), hex("44454143 0000 00EF")});
-    row("bad-checksum", {version(), hex("44454143 0000 0001")});
+    row("resend=5", {version(), datagram("DC AC 0005 00BE"), success()});
+    row("resend-twice=5", {version(), datagram("DC AC 0005 00BE"), datagram("DC AC 0005 00BE"), success()});
+    row("resend-before-start", {version(), datagram("DC AC 0000 00BE"), success()});
+    row("resend-past-end=5", {version(), datagram("DC AC 0078 00BE"), success()});
+    row("unknown-low-byte=5", {version(), datagram("DC AC 0005 0042"), success()});
+    row("refuse-e0=5", {version(), datagram("DC AC 0005 00E0"), datagram("DE AC 0000 00E0")});
+    row("memory-full-e1=5", {version(), datagram("DC AC 0005 00E1"), datagram("DE AC 0000 00E1")});
+    row("memory-full-e2=5", {version(), datagram("DC AC 0005 00E2"), datagram("DE AC 0000 00E2")});
+    row("memory-full-e3=5", {version(), datagram("DC AC 0005 00E3"), datagram("DE AC 0000 00E3")});
+    row("refuse-e4=5", {version(), datagram("DC AC 0005 00E4"), datagram("DE AC 0000 00E4")});
+    row("refuse-e5=5", {version(), datagram("DC AC 0005 00E5"), datagram("DE AC 0000 00E5")});
+    row("refuse-e6=5", {version(), datagram("DC AC 0005 00E6"), datagram("DE AC 0000 00E6")});
+    row("refuse-e7=5", {version(), datagram("DC AC 0005 00E7"), datagram("DE AC 0000 00E7")});
+    row("refuse-e8=5", {version(), datagram("DC AC 0005 00E8"), datagram("DE AC 0000 00E8")});
+    row("refuse-e9=5", {version(), datagram("DC AC 0005 00E9"), datagram("DE AC 0000 00E9")});
+    row("refuse-ea=5", {version(), datagram("DC AC 0005 00EA"), datagram("DE AC 0000 00EA")});
+    row("refuse-eb=5", {version(), datagram("DC AC 0005 00EB"), datagram("DE AC 0000 00EB")});
+    row("refuse-ec=5", {version(), datagram("DC AC 0005 00EC"), datagram("DE AC 0000 00EC")});
+    row("refuse-ed=5", {version(), datagram("DC AC 0005 00ED"), datagram("DE AC 0000 00ED")});
+    row("refuse-ee=5", {version(), datagram("DC AC 0005 00EE"), datagram("DE AC 0000 00EE")});
+    row("refuse-ef=5", {version(), datagram("DC AC 0005 00EF"), datagram("DE AC 0000 00EF")});
+    row("bad-checksum", {version(), datagram("DE AC 0000 0001")});
     row("no-end-ack", {version()});
     row("no-query-reply", {success()});
     row("late-query-reply=60000", {success()});
-    row("wrong-query-reply", {hex("54564143 0000 0064"), success()});
-    row("stray-acks=5", {hex("44434143 0000 0000"), version(), hex("44434143 FFFF FF00"), success(),
-                         hex("5A5A4143 0000 0000"), success()});
+    row("wrong-query-reply", {datagram("TV AC 0000 0064"), success()});
+    row("stray-acks=5", {datagram("DC AC 0000 0000"), version(), datagram("DC AC FFFF FF00"), success(),
+                         datagram("ZZ AC 0000 0000"), success()});
     row("vanish=5", {version()});
     row("vanish-and-return=5", {version()});
     row("drop=1", {});
     row("duplicate=1", {version(), version(), success(), success()});
     row("reorder=1000", {version(), success()}); // seed 1 selects none of these
-    row("lose-once=5", {version(), hex("44434143 0005 00BE"), hex("44454143 0000 0002")});
+    row("lose-once=5", {version(), datagram("DC AC 0005 00BE"), datagram("DE AC 0000 0002")});
     row("duplicate-once=5", {version(), success()});
-    row("delay-once=5", {version(), hex("44434143 0005 00BE"), hex("44454143 0000 0002")});
+    row("delay-once=5", {version(), datagram("DC AC 0005 00BE"), datagram("DE AC 0000 0002")});
 }
 
 void FailuresTest::happens()
 {
     QFETCH(QString, failure);
     QVERIFY(m_engine->setFailure(failure));
-    QVERIFY(m_peer->send("564E0000"));
+    QVERIFY(m_peer->send("VN 0000"));
     Sender sender(m_peer.get(), "TB", noise(512 * 20));
     QVERIFY(sender.start());
     QVERIFY(sender.dataAtOnce(0, 19)); // a delayed packet waits up to 50 ms for the next one
@@ -185,7 +185,7 @@ void FailuresTest::happensAtThePacketNamed()
     QVERIFY(sender.dataFromTo(0, 299));
     QCOMPARE(m_peer->take(), QList<QByteArray>());
     QVERIFY(sender.data(300));
-    QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 012C 00E2")});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{datagram("DC AC 012C 00E2")});
     // Later packets are no violation and are not refused again.
     QVERIFY(sender.data(301));
     QCOMPARE(m_peer->take(), QList<QByteArray>());
@@ -202,7 +202,7 @@ void FailuresTest::happensOncePerTransfer()
         QVERIFY(sender.dataFromTo(0, 3));
         QVERIFY(sender.dataFromTo(2, 5));
         QVERIFY(sender.end());
-        const QList<QByteArray> replies = {hex("44434143 0002 00BE"), success()};
+        const QList<QByteArray> replies = {datagram("DC AC 0002 00BE"), success()};
         QCOMPARE(m_peer->take(), replies);
         QVERIFY(m_engine->receivedFiles().constLast().data == file);
     }
@@ -217,17 +217,17 @@ void FailuresTest::twoModesOfOneTransfer_data()
     const auto row = [](const char *failures, const QList<QByteArray> &replies) {
         QTest::newRow(failures) << QString::fromLatin1(failures).split(QLatin1Char(' ')) << replies;
     };
-    row("resend=4 resend=8", {hex("44434143 0004 00BE"), hex("44434143 0008 00BE"), success()});
-    row("resend=8 resend=4", {hex("44434143 0004 00BE"), hex("44434143 0008 00BE"), success()});
-    row("resend=4 unknown-low-byte=8", {hex("44434143 0004 00BE"), hex("44434143 0008 0042"), success()});
-    row("refuse-e0=8 refuse-e5=4", {hex("44434143 0004 00E5"), hex("44454143 0000 00E5")});
-    row("refuse-e0=4 refuse-e5=8", {hex("44434143 0004 00E0"), hex("44454143 0000 00E0")});
-    row("resend=4,8", {hex("44434143 0004 00BE"), hex("44434143 0008 00BE"), success()});
+    row("resend=4 resend=8", {datagram("DC AC 0004 00BE"), datagram("DC AC 0008 00BE"), success()});
+    row("resend=8 resend=4", {datagram("DC AC 0004 00BE"), datagram("DC AC 0008 00BE"), success()});
+    row("resend=4 unknown-low-byte=8", {datagram("DC AC 0004 00BE"), datagram("DC AC 0008 0042"), success()});
+    row("refuse-e0=8 refuse-e5=4", {datagram("DC AC 0004 00E5"), datagram("DE AC 0000 00E5")});
+    row("refuse-e0=4 refuse-e5=8", {datagram("DC AC 0004 00E0"), datagram("DE AC 0000 00E0")});
+    row("resend=4,8", {datagram("DC AC 0004 00BE"), datagram("DC AC 0008 00BE"), success()});
     row("resend=12,4 resend=8",
-        {hex("44434143 0004 00BE"), hex("44434143 0008 00BE"), hex("44434143 000C 00BE"), success()});
-    row("refuse-e0=8,4", {hex("44434143 0004 00E0"), hex("44454143 0000 00E0")});
-    row("lose-once=4,8", {hex("44434143 0004 00BE"), hex("44454143 0000 0002")});
-    row("lose-once=4 lose-once=8", {hex("44434143 0004 00BE"), hex("44454143 0000 0002")});
+        {datagram("DC AC 0004 00BE"), datagram("DC AC 0008 00BE"), datagram("DC AC 000C 00BE"), success()});
+    row("refuse-e0=8,4", {datagram("DC AC 0004 00E0"), datagram("DE AC 0000 00E0")});
+    row("lose-once=4,8", {datagram("DC AC 0004 00BE"), datagram("DE AC 0000 0002")});
+    row("lose-once=4 lose-once=8", {datagram("DC AC 0004 00BE"), datagram("DE AC 0000 0002")});
 }
 
 void FailuresTest::twoModesOfOneTransfer()
@@ -248,10 +248,10 @@ void FailuresTest::twoModesOfOneTransfer()
 void FailuresTest::endsWhenCleared()
 {
     QVERIFY(m_engine->setFailure(QStringLiteral("no-query-reply")));
-    QVERIFY(m_peer->send("564E0000"));
+    QVERIFY(m_peer->send("VN 0000"));
     QCOMPARE(m_peer->take(), QList<QByteArray>());
     m_engine->clearFailures();
-    QVERIFY(m_peer->send("564E0000"));
+    QVERIFY(m_peer->send("VN 0000"));
     QCOMPARE(m_peer->take(), QList<QByteArray>{version()});
 }
 
@@ -260,7 +260,7 @@ void FailuresTest::answersLate()
     QVERIFY(m_engine->setFailure(QStringLiteral("late-query-reply=300")));
     QElapsedTimer time;
     time.start();
-    QVERIFY(m_peer->send("564E0000"));
+    QVERIFY(m_peer->send("VN 0000"));
     QCOMPARE(m_peer->take(), QList<QByteArray>());
     QTRY_COMPARE(m_peer->received, QList<QByteArray>{version()});
     QVERIFY(time.elapsed() >= 290);
@@ -275,10 +275,10 @@ void FailuresTest::vanishesForGood()
     QVERIFY(m_engine->strike(38, 100));
     QVERIFY(sender.data(1));
     QVERIFY(!m_engine->strike(38, 100));
-    QVERIFY(m_peer->send("564E0000"));
+    QVERIFY(m_peer->send("VN 0000"));
     QCOMPARE(m_engine->counters().lost, quint64(2));
     QCOMPARE(m_engine->counters().datagrams, quint64(2));
-    QTRY_COMPARE(m_peer->received, QList<QByteArray>{hex("494D4143 9909 6426")});
+    QTRY_COMPARE(m_peer->received, QList<QByteArray>{datagram("IM AC 9909 6426")});
 }
 
 void FailuresTest::vanishesAndReturns()
@@ -289,7 +289,7 @@ void FailuresTest::vanishesAndReturns()
     QVERIFY(sender.start());
     QVERIFY(sender.dataFromTo(0, 26));
     QCOMPARE(m_engine->counters().lost, quint64(20));
-    QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 0005 00BE")});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{datagram("DC AC 0005 00BE")});
     QVERIFY(sender.dataFromTo(5, 29));
     QVERIFY(sender.end());
     QCOMPARE(m_peer->take(), QList<QByteArray>{success()});
@@ -305,7 +305,7 @@ void FailuresTest::losesOneOfEveryN()
         engine.setSeed(seed);
         engine.setFailure(QStringLiteral("drop=10"));
         for (int i = 0; i < 100; ++i)
-            peer.send(hex("494D0003 0BB96341 0BB962") + char(i) + hex("0BB90601"));
+            peer.send(datagram("IM 0003 0BB96341 0BB962") + char(i) + hex("0BB90601"));
         QVector<int> lost;
         for (int i = 0; i < 100; ++i) {
             if (engine.parameter(0x41, quint8(i)) < 0)
@@ -325,7 +325,7 @@ void FailuresTest::doublesOneOfEveryN()
 {
     QVERIFY(m_engine->setFailure(QStringLiteral("duplicate=10")));
     for (int i = 0; i < 100; ++i)
-        QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90664"));
+        QVERIFY(m_peer->send("IM 0003 0BB96338 0BB96207 0BB90664"));
     QCOMPARE(m_engine->counters().datagrams, quint64(110));
     QCOMPARE(m_engine->counters().lost, quint64(0));
 }
@@ -335,7 +335,7 @@ void FailuresTest::swapsOneOfEveryN()
     QVERIFY(m_engine->setFailure(QStringLiteral("reorder=10")));
     QSignalSpy values(m_engine.get(), &SoundEngine::parameterReceived);
     for (int i = 0; i < 100; ++i)
-        m_peer->post(hex("494D0003 0BB96341 0BB962") + char(i) + hex("0BB90601"));
+        m_peer->post(datagram("IM 0003 0BB96341 0BB962") + char(i) + hex("0BB90601"));
     // A delayed last datagram is released, too.
     QTRY_COMPARE(values.size(), 100);
     int swaps = 0;

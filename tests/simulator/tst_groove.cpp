@@ -126,7 +126,7 @@ void GrooveTest::playsAtTheMetronomesTempo()
     SoundEngine engine;
     QVERIFY(Peer::listen(&engine));
     Peer peer(&engine);
-    QVERIFY(peer.send("494D0004 0BB96337 0BB96264 0BB92600 0BB9066E")); // 240 bpm: a beat every 250 ms
+    QVERIFY(peer.send("IM 0004 0BB96337 0BB96264 0BB92600 0BB9066E")); // 240 bpm: a beat every 250 ms
     peer.take();
     QElapsedTimer time;
     time.start();
@@ -145,9 +145,9 @@ void GrooveTest::playsAtTheMetronomesTempo()
         if (isBeat(datagram))
             sent.append(datagram);
     }
-    const QList<QByteArray> expected = {hex("42544143 0001 0000"), hex("42544143 0002 0000"),
-                                        hex("42544143 0003 0000"), hex("42544143 0004 0000"),
-                                        hex("42544143 0001 0000")};
+    const QList<QByteArray> expected = {datagram("BT AC 0001 0000"), datagram("BT AC 0002 0000"),
+                                        datagram("BT AC 0003 0000"), datagram("BT AC 0004 0000"),
+                                        datagram("BT AC 0001 0000")};
     QCOMPARE(sent.mid(0, 5), expected);
     QVERIFY(engine.counters().padHits > 5);
     QCOMPARE(engine.counters().outputMeters, quint64(0));

@@ -36,7 +36,7 @@ void KitTest::plays()
                map, QStringLiteral("--verbose"), QStringLiteral("--verbose")}));
     QVERIFY(waitForLine("midi-in " + QFile::encodeName(fifo) + ": waiting for a writer\n"));
     type("meters off\nwait-for strike snare\nprint struck\n");
-    send(hex("494D0003 0BB96338 0BB96207 0BB90664"));
+    send(datagram("IM 0003 0BB96338 0BB96207 0BB90664"));
     QVERIFY(waitForLine("sent: tempo 120\n"));
     QFile kit(fifo);
     QVERIFY(kit.open(QIODevice::WriteOnly));

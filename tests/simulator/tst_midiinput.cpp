@@ -134,20 +134,20 @@ void MidiInputTest::plays_data()
     const auto row = [](const char *name, const char *bytes, const QList<QByteArray> &datagrams) {
         QTest::newRow(name) << hex(bytes) << datagrams;
     };
-    row("strike", "99 26 64", {hex("494D4143 9909 6426")});
-    row("strike on another channel", "90 26 64", {hex("494D4143 9909 6426")});
+    row("strike", "99 26 64", {datagram("IM AC 9909 6426")});
+    row("strike on another channel", "90 26 64", {datagram("IM AC 9909 6426")});
     row("velocity 0", "99 26 00", {});
     row("note off", "89 26 40", {});
-    row("choke", "A9 31 7F", {hex("494D4143 A90A 7F31")});
-    row("release of a choke", "A9 31 00", {hex("494D4143 A90A 0031")});
-    row("pedal", "B9 04 40", {hex("494D4143 B90B 4004")});
+    row("choke", "A9 31 7F", {datagram("IM AC A90A 7F31")});
+    row("release of a choke", "A9 31 00", {datagram("IM AC A90A 0031")});
+    row("pedal", "B9 04 40", {datagram("IM AC B90B 4004")});
     row("other controllers", "B9 07 40 63 12 62 34 06 56", {});
-    row("program change", "C9 05", {hex("494D4143 C90C 0005")});
+    row("program change", "C9 05", {datagram("IM AC C90C 0005")});
     row("channel pressure, pitch bend", "D9 05 E9 00 40", {});
     row("SysEx", "F0 7E 7F 06 01 F7", {});
     row("a bar", "99 24 70 FE 26 50 24 00 26 00 B9 04 7F F8 99 2E 40",
-        {hex("494D4143 9909 7024"), hex("494D4143 9909 5026"), hex("494D4143 B90B 7F04"),
-         hex("494D4143 9909 402E")});
+        {datagram("IM AC 9909 7024"), datagram("IM AC 9909 5026"), datagram("IM AC B90B 7F04"),
+         datagram("IM AC 9909 402E")});
 }
 
 void MidiInputTest::plays()
@@ -158,7 +158,7 @@ void MidiInputTest::plays()
     const int writer = ::open(QFile::encodeName(m_fifo).constData(), O_WRONLY | O_CLOEXEC);
     QVERIFY(writer >= 0);
     write(writer, bytes + hex("99 00 01")); // a strike that ends each row
-    const QByteArray last = hex("494D4143 9909 0100");
+    const QByteArray last = datagram("IM AC 9909 0100");
     QTRY_VERIFY_WITH_TIMEOUT(m_peer->received.contains(last), patience);
     QFETCH(QList<QByteArray>, datagrams);
     datagrams.append(last);
@@ -177,8 +177,8 @@ void MidiInputTest::mapsNotes()
     const int writer = ::open(QFile::encodeName(m_fifo).constData(), O_WRONLY | O_CLOEXEC);
     QVERIFY(writer >= 0);
     write(writer, hex("99 3C 64 3D 64 24 64 A9 3D 7F 3E 7F"));
-    const QList<QByteArray> expected{hex("494D4143 9909 6426"), hex("494D4143 9909 6424"),
-                                     hex("494D4143 A90A 7F31")};
+    const QList<QByteArray> expected{datagram("IM AC 9909 6426"), datagram("IM AC 9909 6424"),
+                                     datagram("IM AC A90A 7F31")};
     QTRY_COMPARE_WITH_TIMEOUT(m_peer->received, expected, patience);
     ::close(writer);
 }

@@ -8,8 +8,6 @@
 
 #include <csignal>
 
-using testsupport::hex;
-
 class ProgramTest : public QObject, private ProgramRun
 {
     Q_OBJECT
@@ -149,11 +147,11 @@ void ProgramTest::listsEveryFailure()
 void ProgramTest::printsMessages()
 {
     QVERIFY(start({QStringLiteral("--verbose"), QStringLiteral("--no-groove")}));
-    send(hex("494D0003 0BB96321 0BB96226 0BB9063F"));
-    send(hex("494D0004 0BB96337 0BB96264 0BB92600 0BB90632"));
-    send(hex("494D0004 0BB96338 0BB9620E 0BB92668 0BB90607"));
-    send(hex("494D0003 0BB9630D 0BB96222 0BB90605"));
-    send(hex("4C44 0003 0001"));
+    send(datagram("IM 0003 0BB96321 0BB96226 0BB9063F"));
+    send(datagram("IM 0004 0BB96337 0BB96264 0BB92600 0BB90632"));
+    send(datagram("IM 0004 0BB96338 0BB9620E 0BB92668 0BB90607"));
+    send(datagram("IM 0003 0BB9630D 0BB96222 0BB90605"));
+    send(datagram("LD 0003 0001"));
     QVERIFY(waitForLine("LED 3 on\n"));
     const QByteArray expected = "module 127.0.0.1:" + QByteArray::number(m_socket->localPort()) +
                                 "\n"
@@ -174,7 +172,7 @@ void ProgramTest::printsMessages()
 void ProgramTest::printsNoMessagesWithoutVerbose()
 {
     QVERIFY(start({QStringLiteral("--no-groove")}));
-    send(hex("494D0003 0BB96321 0BB96226 0BB9063F"));
+    send(datagram("IM 0003 0BB96321 0BB96226 0BB9063F"));
     QVERIFY(waitForLine("module 127.0.0.1:"));
     m_process.terminate();
     QVERIFY(finish());
@@ -189,11 +187,11 @@ void ProgramTest::runsCommandsOfStandardInput()
     QVERIFY(waitForLine("quit"));
     type("strike snare\n");
     QVERIFY(waitForLine("not sent: no module is known yet\n"));
-    send(hex("494D0003 0BB96338 0BB96207 0BB90664"));
+    send(datagram("IM 0003 0BB96338 0BB96207 0BB90664"));
     QVERIFY(waitForLine("module 127.0.0.1:"));
-    QCOMPARE(receive(), hex("544D4143 0078 0000")); // the engine sends the tempo to a new module
+    QCOMPARE(receive(), datagram("TM AC 0078 0000")); // the engine sends the tempo to a new module
     type("strike snare 100\r\n");
-    QCOMPARE(receive(), hex("494D4143 9909 6426"));
+    QCOMPARE(receive(), datagram("IM AC 9909 6426"));
     // A wrong line gives one message and has no effect.
     type("dance\n\n# a comment\nparam 0x38 0x07\n");
     QVERIFY(waitForLine("mixer master out level 100\n"));
@@ -212,10 +210,10 @@ void ProgramTest::playsTypedSteps()
     type("meters off\nprint silent\n");
     QVERIFY(waitForLine("silent\n"));
     type("wait-for module\nafter 50 strike snare 100\nat 1 beat 2\nafter\nmodule\n");
-    send(hex("494D0003 0BB96338 0BB96207 0BB90664"));
-    QCOMPARE(receive(), hex("544D4143 0078 0000"));
-    QCOMPARE(receive(), hex("494D4143 9909 6426"));
-    QCOMPARE(receive(), hex("42544143 0002 0000"));
+    send(datagram("IM 0003 0BB96338 0BB96207 0BB90664"));
+    QCOMPARE(receive(), datagram("TM AC 0078 0000"));
+    QCOMPARE(receive(), datagram("IM AC 9909 6426"));
+    QCOMPARE(receive(), datagram("BT AC 0002 0000"));
     QVERIFY(waitForLine("module 127.0.0.1:"));
     type("quit\n");
     QVERIFY(finish());
@@ -245,7 +243,7 @@ void ProgramTest::waitsForTypedStrikes()
     file.write("wait-for module\nstrike kick\nprint ready\nwait-for strike snare\nprint struck\nquit\n");
     file.close();
     QVERIFY(start({QStringLiteral("--scenario"), file.fileName()}));
-    send(hex("494D0003 0BB96338 0BB96207 0BB90664"));
+    send(datagram("IM 0003 0BB96338 0BB96207 0BB90664"));
     QVERIFY(waitForLine("ready\n"));
     type("strike snare\n");
     QVERIFY(finish());
@@ -270,7 +268,7 @@ void ProgramTest::outlivesStandardInput()
     type("module"); // without a line end
     m_process.closeWriteChannel();
     QVERIFY(waitForLine("no module is known yet\n"));
-    send(hex("494D0003 0BB96338 0BB96207 0BB90664"));
+    send(datagram("IM 0003 0BB96338 0BB96207 0BB90664"));
     QVERIFY(waitForLine("mixer master out level 100\n"));
     m_process.terminate();
     QVERIFY(finish());
@@ -280,7 +278,7 @@ void ProgramTest::outlivesStandardInput()
     m_process.setStandardInputFile(QProcess::nullDevice());
     QVERIFY(start({QStringLiteral("--no-groove"), QStringLiteral("--verbose")}));
     m_process.setStandardInputFile(QString());
-    send(hex("494D0003 0BB96338 0BB96207 0BB90663"));
+    send(datagram("IM 0003 0BB96338 0BB96207 0BB90663"));
     QVERIFY(waitForLine("mixer master out level 99\n"));
     m_process.terminate();
     QVERIFY(finish());
@@ -315,7 +313,7 @@ void ProgramTest::endsAfterItsDuration()
 void ProgramTest::countsViolationsInItsExit()
 {
     QVERIFY(start({QStringLiteral("--no-groove")}));
-    send(hex("494D0003 0BB06338 0BB06207 0BB00664"));
+    send(datagram("IM 0003 0BB06338 0BB06207 0BB00664"));
     QVERIFY(waitForLine("violation: status 0xb0, not 0xb9 on channel 10: 49 4D 00 03 0B B0 63 38"));
     m_process.terminate();
     QVERIFY(finish());
@@ -333,11 +331,11 @@ void ProgramTest::playsAScenario()
         "after 50 beat 2\nparam 0x38 0x07\nquit\n");
     file.close();
     QVERIFY(start({QStringLiteral("--scenario"), file.fileName()}));
-    send(hex("494D0003 0BB96338 0BB96207 0BB90663"));
-    send(hex("494D0003 0BB96338 0BB96207 0BB90664"));
-    QCOMPARE(receive(), hex("544D4143 0078 0000"));
-    QCOMPARE(receive(), hex("494D4143 9909 5A26"));
-    QCOMPARE(receive(), hex("42544143 0002 0000"));
+    send(datagram("IM 0003 0BB96338 0BB96207 0BB90663"));
+    send(datagram("IM 0003 0BB96338 0BB96207 0BB90664"));
+    QCOMPARE(receive(), datagram("TM AC 0078 0000"));
+    QCOMPARE(receive(), datagram("IM AC 9909 5A26"));
+    QCOMPARE(receive(), datagram("BT AC 0002 0000"));
     QVERIFY(finish());
     QCOMPARE(m_process.exitCode(), 0);
     QVERIFY(m_output.contains("mixer master out level 100\n"));
@@ -414,9 +412,9 @@ void ProgramTest::storesFiles()
 {
     const QTemporaryDir directory;
     QVERIFY(start({QStringLiteral("--store"), directory.path(), QStringLiteral("--no-groove")}));
-    send(hex("4453 5442 00000003"));
-    send(hex("4443 5442 00000000 0002 01020300"));
-    send(hex("4445 5442 00000402"));
+    send(datagram("DS TB 00000003"));
+    send(datagram("DC TB 00000000 0002 01020300"));
+    send(datagram("DE TB 00000402"));
     QVERIFY(waitForLine("file TB 3 bytes whole "));
     QFile file(directory.filePath(QStringLiteral("001-TB.bin")));
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -438,7 +436,7 @@ void ProgramTest::playsByDefaultAndTheSameForTheSameSeed()
             const QByteArray datagram = receive();
             if (datagram.size() == 7)
                 break;
-            if (datagram.startsWith(hex("494D4143 9909")))
+            if (datagram.startsWith(testsupport::datagram("IM AC 9909")))
                 strikes.append(datagram.mid(6));
         }
         m_process.kill();

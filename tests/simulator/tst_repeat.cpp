@@ -97,11 +97,11 @@ void RepeatTest::waitsInEveryRound()
         scenario.parse(QStringLiteral("repeat 2\nwait-for param 0x38 7\nbeat 1\nend\nbeat 2\n"), &problem));
     ScenarioPlayer player(scenario, &engine);
     player.start();
-    QVERIFY(peer.send("494D0003 0BB96338 0BB96207 0BB90664"));
-    QTRY_COMPARE(peer.received, QList<QByteArray>{hex("42544143 0001 0000")});
-    QCOMPARE(peer.take(), QList<QByteArray>{hex("42544143 0001 0000")});
-    QVERIFY(peer.send("494D0003 0BB96338 0BB96207 0BB90664"));
-    const QList<QByteArray> rest{hex("42544143 0001 0000"), hex("42544143 0002 0000")};
+    QVERIFY(peer.send("IM 0003 0BB96338 0BB96207 0BB90664"));
+    QTRY_COMPARE(peer.received, QList<QByteArray>{datagram("BT AC 0001 0000")});
+    QCOMPARE(peer.take(), QList<QByteArray>{datagram("BT AC 0001 0000")});
+    QVERIFY(peer.send("IM 0003 0BB96338 0BB96207 0BB90664"));
+    const QList<QByteArray> rest{datagram("BT AC 0001 0000"), datagram("BT AC 0002 0000")};
     QTRY_COMPARE(peer.received, rest);
 }
 

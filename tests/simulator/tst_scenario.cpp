@@ -65,42 +65,42 @@ void ScenarioTest::sends_data()
     const auto row = [](const char *line, const QList<QByteArray> &datagrams) {
         QTest::newRow(line) << QString::fromLatin1(line) << datagrams;
     };
-    row("strike snare 100", {hex("494D4143 9909 6426")});
-    row("strike 38", {hex("494D4143 9909 6426")});
-    row("strike 0x26 1", {hex("494D4143 9909 0126")});
-    row("strike ride-bell 5 # ping", {hex("494D4143 9909 0535")});
-    row("choke crash1", {hex("494D4143 A90A 7F31")});
-    row("choke 57 10", {hex("494D4143 A90A 0A39")});
-    row("hihat 64", {hex("494D4143 B90B 4004")});
-    row("controller 1 2", {hex("494D4143 B90B 0201")});
-    row("program 5", {hex("494D4143 C90C 0005")});
-    row("switch power 1", {hex("53574143 5057 0001")});
-    row("switch foot1 1", {hex("53574143 4631 0001")});
-    row("switch foot2 1", {hex("53574143 4632 0001")});
-    row("switch aux3 1", {hex("53574143 4133 0001")});
-    row("switch aux4 1", {hex("53574143 4134 0001")});
-    row("switch headphone 1", {hex("53574143 4850 0001")});
-    row("switch mixin 1", {hex("53574143 4D49 0001")});
-    row("switch home 0", {hex("53574143 484D 0000")});
-    row("switch ZZ 65535", {hex("53574143 5A5A FFFF")});
-    row("pot 0 +", {hex("434F4143 0000 0001")});
-    row("pot 3 -", {hex("434F4143 0003 0000")});
-    row("tempo 120", {hex("544D4143 0078 0000")});
-    row("tempo 0", {hex("544D4143 0000 0000")});
-    row("beat 1", {hex("42544143 0001 0000")});
+    row("strike snare 100", {datagram("IM AC 9909 6426")});
+    row("strike 38", {datagram("IM AC 9909 6426")});
+    row("strike 0x26 1", {datagram("IM AC 9909 0126")});
+    row("strike ride-bell 5 # ping", {datagram("IM AC 9909 0535")});
+    row("choke crash1", {datagram("IM AC A90A 7F31")});
+    row("choke 57 10", {datagram("IM AC A90A 0A39")});
+    row("hihat 64", {datagram("IM AC B90B 4004")});
+    row("controller 1 2", {datagram("IM AC B90B 0201")});
+    row("program 5", {datagram("IM AC C90C 0005")});
+    row("switch power 1", {datagram("SW AC 5057 0001")});
+    row("switch foot1 1", {datagram("SW AC 4631 0001")});
+    row("switch foot2 1", {datagram("SW AC 4632 0001")});
+    row("switch aux3 1", {datagram("SW AC 4133 0001")});
+    row("switch aux4 1", {datagram("SW AC 4134 0001")});
+    row("switch headphone 1", {datagram("SW AC 4850 0001")});
+    row("switch mixin 1", {datagram("SW AC 4D49 0001")});
+    row("switch home 0", {datagram("SW AC 484D 0000")});
+    row("switch ZZ 65535", {datagram("SW AC 5A5A FFFF")});
+    row("pot 0 +", {datagram("CO AC 0000 0001")});
+    row("pot 3 -", {datagram("CO AC 0003 0000")});
+    row("tempo 120", {datagram("TM AC 0078 0000")});
+    row("tempo 0", {datagram("TM AC 0000 0000")});
+    row("beat 1", {datagram("BT AC 0001 0000")});
     row("meters 70 0x23",
-        {hex("4452 0046 0023 0000000000000000 0000000000000000 0000000000000000 0000000000000000")});
-    row("comp master 10 20 30 40 50 60", {hex("4352 0000 000A 0014 001E 0028 0032 003C")});
-    row("comp monitor 10", {hex("4352 0001 000A 0000 0000 0000 0000 0000")});
-    row("comp headphone 10", {hex("4352 0002 000A 0000 0000 0000 0000 0000")});
-    row("comp pad 10", {hex("4352 0003 000A 0000 0000 0000 0000 0000")});
-    row("comp 7 10", {hex("4352 0007 000A 0000 0000 0000 0000 0000")});
-    row("flash 1 2", {hex("46524143 0001 0002")});
+        {datagram("DR 0046 0023 0000000000000000 0000000000000000 0000000000000000 0000000000000000")});
+    row("comp master 10 20 30 40 50 60", {datagram("CR 0000 000A 0014 001E 0028 0032 003C")});
+    row("comp monitor 10", {datagram("CR 0001 000A 0000 0000 0000 0000 0000")});
+    row("comp headphone 10", {datagram("CR 0002 000A 0000 0000 0000 0000 0000")});
+    row("comp pad 10", {datagram("CR 0003 000A 0000 0000 0000 0000 0000")});
+    row("comp 7 10", {datagram("CR 0007 000A 0000 0000 0000 0000 0000")});
+    row("flash 1 2", {datagram("FR AC 0001 0002")});
     row("testcommand 12 34 56",
-        {hex("494D4143 B90B 1263"), hex("494D4143 B90B 3462"), hex("494D4143 B90B 5606")});
-    row("sysex F0 7E F7", {hex("494D4143 F007 F77E")});
-    row("event AB 0x0102 772", {hex("41424143 0102 0304")});
-    row("event SW PW 1", {hex("53574143 5057 0001")});
+        {datagram("IM AC B90B 1263"), datagram("IM AC B90B 3462"), datagram("IM AC B90B 5606")});
+    row("sysex F0 7E F7", {datagram("IM AC F007 F77E")});
+    row("event AB 0x0102 772", {datagram("AB AC 0102 0304")});
+    row("event SW PW 1", {datagram("SW AC 5057 0001")});
     row("send 01 02 ff", {hex("0102FF")});
     row("send 0102FF", {hex("0102FF")});
 }
@@ -128,7 +128,7 @@ void ScenarioTest::strikesEverything()
     const auto taken = m_peer->take();
     QVector<int> notes;
     for (const QByteArray &datagram : taken) {
-        QCOMPARE(datagram.left(7), hex("494D4143 9909 40"));
+        QCOMPARE(datagram.left(7), testsupport::datagram("IM AC 9909 40"));
         notes.append(datagram.at(7));
     }
     std::sort(notes.begin(), notes.end());
@@ -147,8 +147,8 @@ void ScenarioTest::shows()
                                                                            : QStringList(problem);
     };
     QCOMPARE(run("param 0x38 0x07"), QStringList(QStringLiteral("never received")));
-    QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90664"));
-    QVERIFY(m_peer->send("494D0004 0BB96325 0BB96226 0BB92668 0BB90607"));
+    QVERIFY(m_peer->send("IM 0003 0BB96338 0BB96207 0BB90664"));
+    QVERIFY(m_peer->send("IM 0004 0BB96325 0BB96226 0BB92668 0BB90607"));
     QCOMPARE(run("param 0x38 0x07"), QStringList(QStringLiteral("mixer master out level 100")));
     QCOMPARE(run("param 56 7"), QStringList(QStringLiteral("mixer master out level 100")));
     QCOMPARE(run("params"), QStringList({QStringLiteral("pad 38 EQ mid frequency 1000"),
@@ -160,9 +160,9 @@ void ScenarioTest::shows()
     QVERIFY(run("summary").contains(QStringLiteral("summary received-parameters 2")));
     QVERIFY(run("summary").contains(QStringLiteral("summary violations 1")));
     QCOMPARE(run("files"), QStringList());
-    QVERIFY(m_peer->send("4453 5442 00000003"));
-    QVERIFY(m_peer->send("4443 5442 00000000 0002 01020300"));
-    QVERIFY(m_peer->send("4445 5442 00000402"));
+    QVERIFY(m_peer->send("DS TB 00000003"));
+    QVERIFY(m_peer->send("DC TB 00000000 0002 01020300"));
+    QVERIFY(m_peer->send("DE TB 00000402"));
     QCOMPARE(run("files"),
              QStringList(QStringLiteral(
                  "file TB 3 bytes whole packets 1 repeated 0 gaps 0 resend-requests 0 status 0x0000")));
@@ -176,22 +176,22 @@ void ScenarioTest::shows()
     m_peer->take();
     run("version zelta 1 5");
     run("hihat-raw 521");
-    QVERIFY(m_peer->send("564E0000"));
-    QVERIFY(m_peer->send("484C0000"));
-    const QList<QByteArray> answers = {hex("564E4143 0001 0005"), hex("484C4143 0209 0000")};
+    QVERIFY(m_peer->send("VN 0000"));
+    QVERIFY(m_peer->send("HL 0000"));
+    const QList<QByteArray> answers = {datagram("VN AC 0001 0005"), datagram("HL AC 0209 0000")};
     QCOMPARE(m_peer->take(), answers);
     run("fail no-query-reply");
-    QVERIFY(m_peer->send("564E0000"));
+    QVERIFY(m_peer->send("VN 0000"));
     QCOMPARE(m_peer->take(), QList<QByteArray>());
     run("fail none");
-    QVERIFY(m_peer->send("564E0000"));
+    QVERIFY(m_peer->send("VN 0000"));
     QCOMPARE(m_peer->take().size(), 1);
     // One mode is removed, another one stays.
     run("fail no-query-reply");
     run("fail bad-checksum");
     run("fail no-query-reply");
     run("fail no-query-reply off");
-    QVERIFY(m_peer->send("564E0000"));
+    QVERIFY(m_peer->send("VN 0000"));
     QCOMPARE(m_peer->take().size(), 1);
     QCOMPARE(m_engine->failures().active().size(), 1);
     QCOMPARE(m_engine->failures().active().constFirst().name, QStringLiteral("bad-checksum"));
@@ -311,7 +311,7 @@ void ScenarioTest::saysWhyNothingIsSent()
 
     Peer peer(&engine);
     QVERIFY(engine.setFailure(QStringLiteral("vanish=0")));
-    QVERIFY(peer.send("4443 5442 00000000 0001 0000"));
+    QVERIFY(peer.send("DC TB 00000000 0001 0000"));
     QCOMPARE(command.run(engine).lines,
              QStringList(QStringLiteral("not sent: a failure mode has made the engine vanish")));
 }
@@ -380,8 +380,8 @@ void ScenarioTest::playsInTime()
     QVERIFY(time.elapsed() >= 290);
     QTRY_COMPARE(finished.size(), 1);
     QVERIFY(time.elapsed() >= 340);
-    const QList<QByteArray> expected = {hex("42544143 0001 0000"), hex("42544143 0002 0000"),
-                                        hex("42544143 0003 0000"), hex("42544143 0004 0000")};
+    const QList<QByteArray> expected = {datagram("BT AC 0001 0000"), datagram("BT AC 0002 0000"),
+                                        datagram("BT AC 0003 0000"), datagram("BT AC 0004 0000")};
     QCOMPARE(m_peer->take(), expected);
 }
 
@@ -393,13 +393,13 @@ void ScenarioTest::waitsForParameters()
         QStringLiteral("wait-for param 0x38 7\nbeat 1\nwait-for param 0x38 7 50\nbeat 2\n"), &problem));
     ScenarioPlayer player(scenario, m_engine.get());
     player.start();
-    QVERIFY(m_peer->send("494D0003 0BB96339 0BB96207 0BB90664"));
+    QVERIFY(m_peer->send("IM 0003 0BB96339 0BB96207 0BB90664"));
     QCOMPARE(m_peer->take(), QList<QByteArray>());
-    QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90664"));
+    QVERIFY(m_peer->send("IM 0003 0BB96338 0BB96207 0BB90664"));
     // Arrives before the second wait begins, and satisfies it.
-    QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90632"));
+    QVERIFY(m_peer->send("IM 0003 0BB96338 0BB96207 0BB90632"));
     QTRY_COMPARE(m_peer->received.size(), 2);
-    const QList<QByteArray> expected = {hex("42544143 0001 0000"), hex("42544143 0002 0000")};
+    const QList<QByteArray> expected = {datagram("BT AC 0001 0000"), datagram("BT AC 0002 0000")};
     QCOMPARE(m_peer->take(), expected);
 }
 
@@ -411,13 +411,13 @@ void ScenarioTest::satisfiesOneWaitWithOneParameter()
                            &problem));
     ScenarioPlayer player(scenario, m_engine.get());
     player.start();
-    QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90664"));
-    QTRY_COMPARE(m_peer->received, QList<QByteArray>{hex("42544143 0001 0000")});
+    QVERIFY(m_peer->send("IM 0003 0BB96338 0BB96207 0BB90664"));
+    QTRY_COMPARE(m_peer->received, QList<QByteArray>{datagram("BT AC 0001 0000")});
     // Other parameters do not satisfy it.
-    QVERIFY(m_peer->send("494D0003 0BB96339 0BB96207 0BB90664"));
-    QCOMPARE(m_peer->take(), QList<QByteArray>{hex("42544143 0001 0000")});
-    QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90664"));
-    QTRY_COMPARE(m_peer->received, QList<QByteArray>{hex("42544143 0002 0000")});
+    QVERIFY(m_peer->send("IM 0003 0BB96339 0BB96207 0BB90664"));
+    QCOMPARE(m_peer->take(), QList<QByteArray>{datagram("BT AC 0001 0000")});
+    QVERIFY(m_peer->send("IM 0003 0BB96338 0BB96207 0BB90664"));
+    QTRY_COMPARE(m_peer->received, QList<QByteArray>{datagram("BT AC 0002 0000")});
 }
 
 // The program also uses players without a scenario, and may run for days.
@@ -445,11 +445,11 @@ void ScenarioTest::waitsForATransfer()
     QVERIFY(scenario.parse(QStringLiteral("wait-for transfer within 20000\nbeat 1\n"), &problem));
     ScenarioPlayer player(scenario, m_engine.get());
     player.start();
-    QVERIFY(m_peer->send("4453 5442 00000000"));
+    QVERIFY(m_peer->send("DS TB 00000000"));
     QCOMPARE(m_peer->take(), QList<QByteArray>());
-    QVERIFY(m_peer->send("4445 5442 00000000"));
+    QVERIFY(m_peer->send("DE TB 00000000"));
     QTRY_COMPARE(m_peer->received.size(), 2);
-    QCOMPARE(m_peer->received.last(), hex("42544143 0001 0000"));
+    QCOMPARE(m_peer->received.last(), datagram("BT AC 0001 0000"));
 }
 
 void ScenarioTest::failsWhenAWaitRunsOut()
@@ -474,7 +474,7 @@ void ScenarioTest::proceedsAfterAFailedWait()
     ScenarioPlayer player(scenario, m_engine.get());
     connect(&player, &ScenarioPlayer::failed, &player, &ScenarioPlayer::proceed);
     player.start();
-    QTRY_COMPARE(m_peer->received, QList<QByteArray>{hex("42544143 0001 0000")});
+    QTRY_COMPARE(m_peer->received, QList<QByteArray>{datagram("BT AC 0001 0000")});
 }
 
 void ScenarioTest::reportsCommandsThatAreNotSent()
@@ -506,13 +506,13 @@ void ScenarioTest::playsAppendedSteps()
     player.start();
     append("wait-for param 0x38 7");
     append("beat 2");
-    QTRY_COMPARE(m_peer->received, QList<QByteArray>{hex("42544143 0001 0000")});
-    QVERIFY(m_peer->send("494D0003 0BB96338 0BB96207 0BB90664"));
+    QTRY_COMPARE(m_peer->received, QList<QByteArray>{datagram("BT AC 0001 0000")});
+    QVERIFY(m_peer->send("IM 0003 0BB96338 0BB96207 0BB90664"));
     QTRY_COMPARE(m_peer->received.size(), 2);
     append("beat 3"); // after the last step
     QTRY_COMPARE(m_peer->received.size(), 3);
-    QCOMPARE(m_peer->received.at(1), hex("42544143 0002 0000"));
-    QCOMPARE(m_peer->received.at(2), hex("42544143 0003 0000"));
+    QCOMPARE(m_peer->received.at(1), datagram("BT AC 0002 0000"));
+    QCOMPARE(m_peer->received.at(2), datagram("BT AC 0003 0000"));
 }
 
 QTEST_GUILESS_MAIN(ScenarioTest)

@@ -45,17 +45,17 @@ namespace {
 
 QByteArray success()
 {
-    return hex("44454143 0000 0000");
+    return datagram("DE AC 0000 0000");
 }
 
 QByteArray checksumError()
 {
-    return hex("44454143 0000 0001");
+    return datagram("DE AC 0000 0001");
 }
 
 QByteArray incomplete()
 {
-    return hex("44454143 0000 0002");
+    return datagram("DE AC 0000 0002");
 }
 
 } // namespace
@@ -109,9 +109,9 @@ void TransfersTest::takesEveryKindAndSize()
 void TransfersTest::takesExactlyTheseBytes()
 {
     // Three bytes 01 02 03, padded to two words: 0x0102 + 0x0300 = 0x0402.
-    QVERIFY(m_peer->send("4453 5442 00000003"));
-    QVERIFY(m_peer->send("4443 5442 00000000 0002 01020300"));
-    QVERIFY(m_peer->send("4445 5442 00000402"));
+    QVERIFY(m_peer->send("DS TB 00000003"));
+    QVERIFY(m_peer->send("DC TB 00000000 0002 01020300"));
+    QVERIFY(m_peer->send("DE TB 00000402"));
     QCOMPARE(m_peer->take(), QList<QByteArray>{success()});
     QCOMPARE(last().data, hex("01 02 03"));
     QCOMPARE(m_engine->violations(), QStringList());
@@ -221,12 +221,12 @@ void TransfersTest::asksOnceForEachGap()
     QVERIFY(sender.dataFromTo(0, 4));
     sender.count(5);
     QVERIFY(sender.dataFromTo(6, 9));
-    QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 0005 00BE")});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{datagram("DC AC 0005 00BE")});
     QVERIFY(sender.dataFromTo(5, 11));
     sender.count(12);
     sender.count(13);
     QVERIFY(sender.dataFromTo(14, 16));
-    QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 000C 00BE")});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{datagram("DC AC 000C 00BE")});
     QVERIFY(sender.dataFromTo(12, 19));
     QVERIFY(sender.end());
     QCOMPARE(m_peer->take(), QList<QByteArray>{success()});
@@ -244,14 +244,14 @@ void TransfersTest::asksAgainWhenThePacketIsLostAgain()
     QVERIFY(sender.dataFromTo(0, 1));
     sender.count(2);
     QVERIFY(sender.dataFromTo(3, 5));
-    QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 0002 00BE")});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{datagram("DC AC 0002 00BE")});
     // The module pauses before a resend, so a packet out of order after a pause starts the resend.
     QElapsedTimer pause;
     pause.start();
     QTRY_VERIFY(pause.hasExpired(1100));
     sender.count(2);
     QVERIFY(sender.dataFromTo(3, 4));
-    QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 0002 00BE")});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{datagram("DC AC 0002 00BE")});
     QVERIFY(sender.dataFromTo(2, 9));
     QVERIFY(sender.end());
     QCOMPARE(m_peer->take(), QList<QByteArray>{success()});
@@ -273,7 +273,7 @@ void TransfersTest::asksWithTwentyFourBits()
     }
     QTRY_COMPARE(m_engine->counters().datagrams, before + quint64(missing));
     QVERIFY(m_peer->send(sender.packet(missing + 1)));
-    QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 0005 01BE")});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{datagram("DC AC 0005 01BE")});
 }
 
 void TransfersTest::countsLostPacketsInTheChecksum()
@@ -288,7 +288,7 @@ void TransfersTest::countsLostPacketsInTheChecksum()
     QVERIFY(sender.data(5));
     sender.count(6);
     QVERIFY(sender.data(7));
-    QCOMPARE(m_peer->take(), QList<QByteArray>{hex("44434143 0003 00BE")});
+    QCOMPARE(m_peer->take(), QList<QByteArray>{datagram("DC AC 0003 00BE")});
     QVERIFY(sender.dataFromTo(3, 12));
     QVERIFY(sender.end());
     QCOMPARE(m_peer->take(), QList<QByteArray>{success()});
@@ -330,34 +330,35 @@ void TransfersTest::countsViolations_data()
     QTest::addColumn<QList<QByteArray>>("datagrams");
     QTest::addColumn<QString>("violation");
     QTest::addColumn<QByteArray>("status");
-    const QByteArray start = hex("4453 5442 00000003");
-    const QByteArray data = hex("4443 5442 00000000 0002 01020300");
-    const QByteArray end = hex("4445 5442 00000402");
+    const QByteArray start = datagram("DS TB 00000003");
+    const QByteArray data = datagram("DC TB 00000000 0002 01020300");
+    const QByteArray end = datagram("DE TB 00000402");
     const auto row = [](const char *name, const QList<QByteArray> &datagrams, const char *violation,
                         const QByteArray &status) {
         QTest::newRow(name) << datagrams << QString::fromLatin1(violation) << status;
     };
-    row("padding", {start, hex("4443 5442 00000000 0002 010203FF"), hex("4445 5442 00000501")},
+    row("padding", {start, datagram("DC TB 00000000 0002 010203FF"), datagram("DE TB 00000501")},
         "data packet 0 is padded with a byte other than zero", success());
-    row("too short", {start, hex("4443 5442 00000000 0001 0102"), hex("4445 5442 00000102")},
+    row("too short", {start, datagram("DC TB 00000000 0001 0102"), datagram("DE TB 00000102")},
         "data packet 0 carries 2 bytes instead of 4", incomplete());
-    row("too long", {start, hex("4443 5442 00000000 0003 010203000000"), hex("4445 5442 00000402")},
+    row("too long", {start, datagram("DC TB 00000000 0003 010203000000"), datagram("DE TB 00000402")},
         "data packet 0 carries 6 bytes instead of 4", incomplete());
-    row("past the end", {start, data, hex("4443 5442 00000001 0001 0000"), end},
+    row("past the end", {start, data, datagram("DC TB 00000001 0001 0000"), end},
         "data packet 1 of a file of 1 packets", incomplete());
     row("repeated", {start, data, data, end}, "data packet 0 sent again without a resend request", success());
-    row("other content", {start, hex("4443 5446 00000000 0002 01020300"), data, end},
+    row("other content", {start, datagram("DC TF 00000000 0002 01020300"), data, end},
         "TF data packet within a transfer of TB", success());
-    row("other end", {start, data, hex("4445 5446 00000402")}, "TF end packet without its start",
-        hex("44454143 0000 0003"));
+    row("other end", {start, data, datagram("DE TF 00000402")}, "TF end packet without its start",
+        datagram("DE AC 0000 0003"));
     row("end repeated", {start, data, end, end}, "TB end packet sent again", success());
-    row("wrong checksum", {start, data, hex("4445 5442 00000403")}, "checksum 0x00000403 does not match",
+    row("wrong checksum", {start, data, datagram("DE TB 00000403")}, "checksum 0x00000403 does not match",
         checksumError());
     row("firmware with a checksum",
-        {hex("4453 4657 00000003"), hex("4443 4657 00000000 0002 01020300"), hex("4445 4657 00000402")},
+        {datagram("DS FW 00000003"), datagram("DC FW 00000000 0002 01020300"), datagram("DE FW 00000402")},
         "FW end packet with a checksum", success());
     row("bluetooth firmware with a checksum",
-        {hex("4453 4246 00000003 0001"), hex("4443 4246 00000000 0002 01020300"), hex("4445 4246 00000402")},
+        {datagram("DS BF 00000003 0001"), datagram("DC BF 00000000 0002 01020300"),
+         datagram("DE BF 00000402")},
         "BF end packet with a checksum", success());
 }
 
@@ -378,7 +379,7 @@ void TransfersTest::toleratesTheEmptyPacketOfAnAbort()
     Sender sender(m_peer.get(), "TB", noise(1200));
     QVERIFY(sender.start());
     QVERIFY(sender.data(0));
-    QVERIFY(m_peer->send("4443 5442 00000001 0000"));
+    QVERIFY(m_peer->send("DC TB 00000001 0000"));
     QCOMPARE(m_engine->violations(), QStringList());
     QCOMPARE(m_peer->take(), QList<QByteArray>());
     QVERIFY(m_engine->receivedFiles().isEmpty());

@@ -74,10 +74,10 @@ void VerbosityTest::printsAtEachLevel()
     QVERIFY(start(QStringList{QStringLiteral("--no-groove")} + arguments));
     type("meters off\n violations\n");
     QVERIFY(waitForLine("violations 0\n")); // from here on the engine only answers
-    send(hex("494D0003 0BB96338 0BB96207 0BB90664"));
-    QCOMPARE(receive(), hex("544D4143 0078 0000"));
-    send(hex("564E0000"));
-    QCOMPARE(receive(), hex("564E4143 0001 0000"));
+    send(datagram("IM 0003 0BB96338 0BB96207 0BB90664"));
+    QCOMPARE(receive(), datagram("TM AC 0078 0000"));
+    send(datagram("VN 0000"));
+    QCOMPARE(receive(), datagram("VN AC 0001 0000"));
     send(hex("0102"));
     QVERIFY(waitForLine("violation: "));
     type("strike snare 100\nmeters 70 35\nmeters off\ntestcommand 12 34 56\nprint done\n");
@@ -115,12 +115,12 @@ void VerbosityTest::printsOneLineForAFile()
                    QStringLiteral("--verbosity"), level}));
     type("meters off\n violations\n");
     QVERIFY(waitForLine("violations 0\n"));
-    send(hex("4453 5442 00000003"));
-    QCOMPARE(receive(), hex("544D4143 0078 0000"));
-    send(hex("4443 5442 00000000 0002 01020300"));
-    QCOMPARE(receive(), hex("44434143 0000 00BE"));
-    send(hex("4445 5442 00000402"));
-    QCOMPARE(receive(), hex("44454143 0000 0000"));
+    send(datagram("DS TB 00000003"));
+    QCOMPARE(receive(), datagram("TM AC 0078 0000"));
+    send(datagram("DC TB 00000000 0002 01020300"));
+    QCOMPARE(receive(), datagram("DC AC 0000 00BE"));
+    send(datagram("DE TB 00000402"));
+    QCOMPARE(receive(), datagram("DE AC 0000 0000"));
     m_process.terminate();
     QVERIFY(finish());
     QTEST(linesAfterTheModule(), "lines");
@@ -130,7 +130,7 @@ void VerbosityTest::stampsEveryLine()
 {
     QVERIFY(start({QStringLiteral("--timestamps"), QStringLiteral("--verbose"), QStringLiteral("--verbose"),
                    QStringLiteral("--no-groove")}));
-    send(hex("494D0003 0BB96338 0BB96207 0BB90664"));
+    send(datagram("IM 0003 0BB96338 0BB96207 0BB90664"));
     QVERIFY(waitForLine(" sent: tempo 120\n"));
     QVERIFY(waitForLine(" mixer master out level 100\n"));
     type("help\nquit\n");

@@ -27,7 +27,7 @@ private:
     bool hasBeat(int number)
     {
         m_taken += m_peer->take();
-        return m_taken.contains(hex("42544143 00") + char(number) + hex("0000"));
+        return m_taken.contains(datagram("BT AC 00") + char(number) + hex("0000"));
     }
     // The scenarios end with beat 9.
     bool hasPassed() { return hasBeat(9); }
@@ -84,16 +84,16 @@ void WaitsTest::waits_data()
     QTest::addColumn<QByteArray>("other");
     QTest::addColumn<QByteArray>("sent");
     const auto row = [](const char *wait, const char *other, const char *sent) {
-        QTest::newRow(wait) << QByteArray(wait) << hex(other) << hex(sent);
+        QTest::newRow(wait) << QByteArray(wait) << datagram(other) << datagram(sent);
     };
-    row("strike", "494D4143 A90A 7F31", "494D4143 9909 6426");
-    row("strike snare", "494D4143 9909 6428", "494D4143 9909 0126");
-    row("strike 0x26", "494D4143 9909 2628", "494D4143 9909 0126");
-    row("switch", "434F4143 4631 0001", "53574143 4631 0001");
-    row("switch foot1", "53574143 4632 0001", "53574143 4631 0000");
-    row("switch foot1 1", "53574143 4631 0000", "53574143 4631 0001");
-    row("switch ZZ 300", "53574143 5A5A 012D", "53574143 5A5A 012C");
-    row("switch 0x4631 2", "53574143 4631 0001", "53574143 4631 0002");
+    row("strike", "IM AC A90A 7F31", "IM AC 9909 6426");
+    row("strike snare", "IM AC 9909 6428", "IM AC 9909 0126");
+    row("strike 0x26", "IM AC 9909 2628", "IM AC 9909 0126");
+    row("switch", "CO AC 4631 0001", "SW AC 4631 0001");
+    row("switch foot1", "SW AC 4632 0001", "SW AC 4631 0000");
+    row("switch foot1 1", "SW AC 4631 0000", "SW AC 4631 0001");
+    row("switch ZZ 300", "SW AC 5A5A 012D", "SW AC 5A5A 012C");
+    row("switch 0x4631 2", "SW AC 4631 0001", "SW AC 4631 0002");
 }
 
 void WaitsTest::waits()
@@ -166,7 +166,7 @@ void WaitsTest::seesTheGroove()
 void WaitsTest::ignoresWhatIsNotSent()
 {
     QVERIFY(m_engine->setFailure(QStringLiteral("vanish=0")));
-    QVERIFY(m_peer->send("4443 5442 00000000 0001 0000"));
+    QVERIFY(m_peer->send("DC TB 00000000 0001 0000"));
     play("wait-for strike\nbeat 9\n");
     QVERIFY(!m_engine->strike(38, 100));
     m_engine->clearFailures();

@@ -79,24 +79,22 @@ void ConversationsTest::requestsAndAnswers_data()
     const auto row = [&rows](const char *name, const char *request, const char *answer) {
         rows.append({name, QByteArray::fromHex(request), QByteArray::fromHex(answer)});
     };
-    row("sound engine version", "564E0000", "564E 4143 0001 0004");
-    row("trigger board version", "54560000", "5456 4143 0001 0004");
-    row("sound bank version", "534E0000", "534E 4143 0001 0004");
-    row("trigger bank version", "544E0000", "544E 4143 0001 0004");
-    row("hi-hat raw value", "484C0000", "484C 4143 0200 0000");
-    row("master compressor", "494D0003 0BB96338 0BB9621F 0BB90600",
-        "4352 0000 0007 000E 0015 001C 0023 002A");
-    row("monitor compressor", "494D0003 0BB96339 0BB9621F 0BB90600",
-        "4352 0001 0007 000E 0015 001C 0023 002A");
-    row("headphone compressor", "494D0003 0BB9633A 0BB9621F 0BB90600",
-        "4352 0002 0007 000E 0015 001C 0023 002A");
-    row("pad compressor", "494D0003 0BB9632F 0BB96226 0BB90600", "4352 0003 0007 000E 0015 001C 0023 002A");
-    row("output meters", "494D0003 0BB9633B 0BB9621F 0BB90600",
-        "4452 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000");
-    row("sound bank slot", "494D0003 0BB9633D 0BB96200 0BB90603", "4953 4143 0003 0001");
-    row("wave slot", "494D0003 0BB9633D 0BB96201 0BB90603", "4957 4143 0003 0001");
-    row("memory", "494D0003 0BB9633D 0BB9620F 0BB90600", "4652 4143 0001 0002");
-    row("end of a file", "44455342 00000000", "4445 4143 0000 0000");
+    row("sound engine version", "VN 0000", "VN AC 0001 0004");
+    row("trigger board version", "TV 0000", "TV AC 0001 0004");
+    row("sound bank version", "SN 0000", "SN AC 0001 0004");
+    row("trigger bank version", "TN 0000", "TN AC 0001 0004");
+    row("hi-hat raw value", "HL 0000", "HL AC 0200 0000");
+    row("master compressor", "IM 0003 0BB96338 0BB9621F 0BB90600", "CR 0000 0007 000E 0015 001C 0023 002A");
+    row("monitor compressor", "IM 0003 0BB96339 0BB9621F 0BB90600", "CR 0001 0007 000E 0015 001C 0023 002A");
+    row("headphone compressor", "IM 0003 0BB9633A 0BB9621F 0BB90600",
+        "CR 0002 0007 000E 0015 001C 0023 002A");
+    row("pad compressor", "IM 0003 0BB9632F 0BB96226 0BB90600", "CR 0003 0007 000E 0015 001C 0023 002A");
+    row("output meters", "IM 0003 0BB9633B 0BB9621F 0BB90600",
+        "DR 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000 0000");
+    row("sound bank slot", "IM 0003 0BB9633D 0BB96200 0BB90603", "IS AC 0003 0001");
+    row("wave slot", "IM 0003 0BB9633D 0BB96201 0BB90603", "IW AC 0003 0001");
+    row("memory", "IM 0003 0BB9633D 0BB9620F 0BB90600", "FR AC 0001 0002");
+    row("end of a file", "DE SB 00000000", "DE AC 0000 0000");
 
     Capture capture(path());
     for (int i = 0; i < rows.size(); ++i) {

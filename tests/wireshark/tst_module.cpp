@@ -40,11 +40,11 @@ struct Sent
     QByteArray datagram;
 };
 
-constexpr char level[] = "494D0003 0BB96338 0BB96207 0BB90664";
-constexpr char tempo[] = "494D0004 0BB96337 0BB96264 0BB92640 0BB90632";
-constexpr char curve[] = "5443 0102 0000 0010 0020 0030 0040 0050 0060 0070 007F";
-constexpr char fileStart[] = "44534957 00000010 0007 6B69636B2E77617600";
-constexpr char fileData[] = "44435342 0000000C 0002 01020304";
+constexpr char level[] = "IM 0003 0BB96338 0BB96207 0BB90664";
+constexpr char tempo[] = "IM 0004 0BB96337 0BB96264 0BB92640 0BB90632";
+constexpr char curve[] = "TC 0102 0000 0010 0020 0030 0040 0050 0060 0070 007F";
+constexpr char fileStart[] = "DS IW 00000010 0007 6B69636B2E77617600";
+constexpr char fileData[] = "DC SB 0000000C 0002 01020304";
 
 constexpr FieldRow fieldRows[] = {
     {"parameter number", level, "zelta.nrpn.number", "0x3807"},
@@ -63,19 +63,19 @@ constexpr FieldRow fieldRows[] = {
     {"value with two bytes, high", tempo, "zelta.nrpn.value", "50"},
     {"value with two bytes, low", tempo, "zelta.nrpn.low", "64"},
     {"tempo as shown", tempo, "zelta.nrpn.shown", "121"},
-    {"note", "494D0001 09993C64", "zelta.note.number", "60"},
-    {"velocity", "494D0001 09993C64", "zelta.note.velocity", "100"},
-    {"controller", "494D0001 0BB90764", "zelta.controller.number", "7"},
-    {"controller value", "494D0001 0BB90764", "zelta.controller.value", "100"},
-    {"program", "494D0001 0CC90500", "zelta.program", "5"},
-    {"SysEx", "494D0002 04F07E7F 070601F7", "zelta.sysex.message", "f07e7f0601f7"},
-    {"LED", "4C44 0003 0001", "zelta.led.number", "3"},
-    {"LED state", "4C44 0003 0001", "zelta.led.state", "1"},
+    {"note", "IM 0001 09993C64", "zelta.note.number", "60"},
+    {"velocity", "IM 0001 09993C64", "zelta.note.velocity", "100"},
+    {"controller", "IM 0001 0BB90764", "zelta.controller.number", "7"},
+    {"controller value", "IM 0001 0BB90764", "zelta.controller.value", "100"},
+    {"program", "IM 0001 0CC90500", "zelta.program", "5"},
+    {"SysEx", "IM 0002 04F07E7F 070601F7", "zelta.sysex.message", "f07e7f0601f7"},
+    {"LED", "LD 0003 0001", "zelta.led.number", "3"},
+    {"LED state", "LD 0003 0001", "zelta.led.state", "1"},
     {"curve", curve, "zelta.curve.id", "258"},
     {"curve points", curve, "zelta.curve.point", "0|16|32|48|64|80|96|112|127"},
-    {"bluetooth name", "424E 4B6974 0000000000000000000000000000000000000000000000000000000000",
+    {"bluetooth name", "BN 4B6974 0000000000000000000000000000000000000000000000000000000000",
      "zelta.bluetooth.name", "Kit"},
-    {"query", "564E0000", "zelta.query", "VN"},
+    {"query", "VN 0000", "zelta.query", "VN"},
     {"content", fileStart, "zelta.transfer.content", "IW"},
     {"file size", fileStart, "zelta.transfer.size", "16"},
     {"slot", fileStart, "zelta.transfer.slot", "7"},
@@ -83,7 +83,7 @@ constexpr FieldRow fieldRows[] = {
     {"packet", fileData, "zelta.transfer.packet", "12"},
     {"words", fileData, "zelta.transfer.words", "2"},
     {"chunk", fileData, "zelta.transfer.chunk", "01020304"},
-    {"checksum", "44455342 00000402", "zelta.transfer.checksum", "0x00000402"},
+    {"checksum", "DE SB 00000402", "zelta.transfer.checksum", "0x00000402"},
 };
 
 } // namespace
