@@ -56,7 +56,7 @@ QString Module::place(const QString &importDir)
     addFolder(&engine, importDir);
     const QStringList folders = engine.importPathList();
     for (const QString &folder : folders) {
-        const QString place = folder + QStringLiteral("/ZeltaConnect");
+        QString place = folder + QStringLiteral("/ZeltaConnect");
         if (QFileInfo::exists(place + QStringLiteral("/qmldir")))
             return place;
     }
