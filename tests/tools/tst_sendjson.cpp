@@ -291,6 +291,7 @@ void SendJsonTest::quietText()
 {
     const std::unique_ptr<SendRun> run = newRun(QuietText);
     run->start({QStringLiteral("--quiet"), path("bank.bin"), QStringLiteral("--kind=soundbank"),
+    QVERIFY2(fileOf(result).value(QLatin1String("bytesPerSecond")).isNull(), qPrintable(run->output()));
                 path("bank.bin"), QStringLiteral("--kind=triggerbank")});
     QCOMPARE(run->exitStatus(), 0);
     QCOMPARE(run->output(), QString());
@@ -304,6 +305,7 @@ void SendJsonTest::quietErrors()
     run->start({QStringLiteral("--quiet"), QStringLiteral("--kind=triggerbank"), path("bank.bin")});
     QCOMPARE(run->exitStatus(), 1);
     QCOMPARE(run->output(), QString());
+    QVERIFY(fileOf(result).value(QLatin1String("bytesPerSecond")).isNull());
     QCOMPARE(run->errors().count(QLatin1Char('\n')), 1);
 }
 

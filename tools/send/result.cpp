@@ -21,7 +21,8 @@ FileResult resultOf(const Job &job)
 
 qint64 rateOf(const FileResult &file)
 {
-    return file.seconds > 0.0 ? qRound64(double(file.bytes) / file.seconds) : -1;
+    const bool isSent = file.state == FileResult::State::Sent;
+    return isSent && file.seconds > 0.0 ? qRound64(double(file.bytes) / file.seconds) : -1;
 }
 
 QString stateName(FileResult::State state)

@@ -46,6 +46,6 @@ struct Result
 
 /// The result of a file that has not been sent yet, with what its contents show.
 FileResult resultOf(const Job &job);
-/// The average in bytes a second; -1 when nothing was sent.
+/// The average in bytes a second; -1 unless the file was sent.
 qint64 rateOf(const FileResult &file);
 QString stateName(FileResult::State state);
