@@ -30,10 +30,12 @@ private Q_SLOTS:
     void keepsGoingWithoutFile();
     void restOfASetIsNotSent();
     void timeUpEndsTheRun();
-    void nothingIsSentIfAFileIsMissing();
+    void nothingIsSentIfAFileIsBad_data();
+    void nothingIsSentIfAFileIsBad();
     void dryRunSendsNothing();
     void dryRunOfBadFiles_data();
     void dryRunOfBadFiles();
+    void dryRunAnnouncesWhatIsSent();
     void dryRunWithoutModule();
 
 private:
@@ -44,7 +46,19 @@ private:
 
 namespace {
 
-enum EngineNumber { Kinds = 21, List, Stop, KeepGoing, KeepGoingJson, NoFile, Set, Silent, Missing, DryRun };
+enum EngineNumber {
+    Kinds = 21,
+    List,
+    Stop,
+    KeepGoing,
+    KeepGoingJson,
+    NoFile,
+    Set,
+    Silent,
+    Bad,
+    DryRun,
+    Announced = 35
+};
 
 std::unique_ptr<SendRun> newRun(EngineNumber number, const QString &failure = QString())
 {
@@ -221,12 +235,32 @@ void ManyFilesTest::timeUpEndsTheRun()
     QCOMPARE(statesIn(run->output().toUtf8()), states);
 }
 
-void ManyFilesTest::nothingIsSentIfAFileIsMissing()
+void ManyFilesTest::nothingIsSentIfAFileIsBad_data()
 {
-    const std::unique_ptr<SendRun> run = newRun(Missing);
-    run->start({path("bank.bin"), QStringLiteral("--kind=soundbank"), path("none.bin"),
-                QStringLiteral("--kind=triggerbank")});
+    QTest::addColumn<QStringList>("badFile");
+    QTest::addColumn<QString>("error");
+    const auto row = [this](const char *name, const char *file, const char *kind, const char *error) {
+        QTest::newRow(name) << QStringList{path(file), QStringLiteral("--kind"), QString::fromLatin1(kind)}
+                            << QString::fromLatin1(error);
+    };
+    row("missing", "none.bin", "triggerbank", "no such file: ");
+    row("board firmware without a version", "bank.bin", "trigger",
+        "bank.bin: the file has no firmware version\n");
+    row("engine firmware without a version", "bank.bin", "zelta",
+        "bank.bin: the file has no firmware version\n");
+    row("version of the other firmware", "board.bin", "zelta",
+        "board.bin: the file has no firmware version; it looks like trigger-board firmware\n");
+}
+
+void ManyFilesTest::nothingIsSentIfAFileIsBad()
+{
+    QFETCH(const QStringList, badFile);
+    QFETCH(const QString, error);
+    const std::unique_ptr<SendRun> run = newRun(Bad);
+    run->start(QStringList{path("bank.bin"), QStringLiteral("--kind=soundbank")} + badFile);
     QCOMPARE(run->exitStatus(), 3);
+    QVERIFY2(run->errors().contains(error), qPrintable(run->errors()));
+    QCOMPARE(run->errors().count(QLatin1Char('\n')), 1);
     QCOMPARE(run->engine().counters().datagrams, quint64(0));
 }
 
@@ -274,6 +308,10 @@ void ManyFilesTest::dryRunOfBadFiles_data()
     QTest::newRow("half a set") << QStringList{QStringLiteral("--keep-going"), path("none.b00"),
                                                path("part.b00"), QStringLiteral("--kind=bluetooth")}
                                 << QStringLiteral("no such file") << QStringList{failed, notSent};
+    QTest::newRow("the other half of a set")
+        << QStringList{QStringLiteral("--keep-going"), path("part.b00"), path("none.b01"),
+                       QStringLiteral("--kind=bluetooth")}
+        << QStringLiteral("no such file") << QStringList{notSent, failed};
 }
 
 void ManyFilesTest::dryRunOfBadFiles()
@@ -289,6 +327,29 @@ void ManyFilesTest::dryRunOfBadFiles()
     const QString message = result.value(QLatin1String("message")).toString();
     QVERIFY2(message.contains(error), qPrintable(message));
     QCOMPARE(statesIn(run.output), states);
+}
+
+// Also where the file that fails stands behind another file of its set.
+void ManyFilesTest::dryRunAnnouncesWhatIsSent()
+{
+    const QStringList arguments = {QStringLiteral("--keep-going"),
+                                   QStringLiteral("--json"),
+                                   path("part.b00"),
+                                   path("none.b01"),
+                                   QStringLiteral("--kind=bluetooth"),
+                                   path("bank.bin"),
+                                   QStringLiteral("--kind=trigger"),
+                                   path("bank.bin"),
+                                   QStringLiteral("--kind=soundbank")};
+    const ProgramRun rehearsal = runZeltaSend(QStringList{QStringLiteral("--dry-run")} + arguments);
+    QCOMPARE(rehearsal.status, 3);
+    const std::unique_ptr<SendRun> run = newRun(Announced);
+    run->start(arguments);
+    QCOMPARE(run->exitStatus(), 3);
+    QCOMPARE(contentsOf(*run), QStringList{QStringLiteral("SB")});
+    QStringList announced = statesIn(rehearsal.output);
+    announced.replaceInStrings(QStringLiteral("would-send"), QStringLiteral("sent"));
+    QCOMPARE(statesIn(run->output().toUtf8()), announced);
 }
 
 void ManyFilesTest::dryRunWithoutModule()

@@ -1,6 +1,9 @@
 #include "filelook.h"
 
+#include "kinds.h"
+
 #include <QFile>
+#include <QFileInfo>
 #include <QtEndian>
 
 namespace {
@@ -20,9 +23,31 @@ constexpr int waveFormatOffset = 12;
 constexpr int waveFormatEnd = 36;
 constexpr uint lastBluetoothPart = 15;
 
-int engineVersion(const QByteArray &fromMagic)
+// A pipe could block the program.
+QByteArray startOf(const QString &path)
 {
-    const QByteArray rest = fromMagic.mid(engineVersionOffset);
+    QFile file(path);
+    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) ? file.read(lookedAtBytes)
+                                                                      : QByteArray();
+}
+
+int triggerVersion(const QByteArray &start)
+{
+    if (!start.startsWith(triggerMagic))
+        return -1;
+    // The module reads the missing bytes of a short header as zeros.
+    const QByteArray header = start.leftJustified(triggerHeaderBytes, '\0');
+    const quint32 major = qFromLittleEndian<quint16>(header.constData() + triggerMajorOffset);
+    const quint32 minor = qFromLittleEndian<quint16>(header.constData() + triggerMinorOffset);
+    return int(major << 16 | minor);
+}
+
+int engineVersion(const QByteArray &start)
+{
+    const int magic = start.indexOf(engineMagic);
+    if (magic < 0)
+        return -1;
+    const QByteArray rest = start.mid(magic + engineVersionOffset);
     const QByteArray version = rest.left(qMax(0, rest.indexOf(" - ")));
     const int point = version.indexOf('.');
     if (point < 0)
@@ -49,30 +74,21 @@ QString waveDetail(const QByteArray &start)
 
 FileLook lookAtFile(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const QByteArray start = file.read(lookedAtBytes);
-    if (start.startsWith(triggerMagic)) {
-        // The module reads the missing bytes of a short header as zeros.
-        const QByteArray header = start.leftJustified(triggerHeaderBytes, '\0');
-        const quint32 major = qFromLittleEndian<quint16>(header.constData() + triggerMajorOffset);
-        const quint32 minor = qFromLittleEndian<quint16>(header.constData() + triggerMinorOffset);
-        return {QStringLiteral("trigger"),
-                QStringLiteral("trigger-board firmware"),
-                int(major << 16 | minor),
-                {}};
-    }
-    const int engine = start.indexOf(engineMagic);
-    if (engine >= 0) {
-        return {QStringLiteral("zelta"),
-                QStringLiteral("sound-engine firmware"),
-                engineVersion(start.mid(engine)),
-                {}};
-    }
+    const QByteArray start = startOf(path);
+    if (start.startsWith(triggerMagic))
+        return {
+            QStringLiteral("trigger"), QStringLiteral("trigger-board firmware"), triggerVersion(start), {}};
+    if (start.contains(engineMagic))
+        return {QStringLiteral("zelta"), QStringLiteral("sound-engine firmware"), engineVersion(start), {}};
     if (start.startsWith("RIFF") && start.mid(8, 4) == "WAVE")
         return {QStringLiteral("import-wave"), QStringLiteral("a WAV file"), -1, waveDetail(start)};
     return {};
+}
+
+int firmwareVersion(const QString &path, const Kind &kind)
+{
+    const QByteArray start = startOf(path);
+    return qstrcmp(kind.option, "trigger") == 0 ? triggerVersion(start) : engineVersion(start);
 }
 
 bool isNamedAsBluetooth(const QString &path)

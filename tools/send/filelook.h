@@ -2,6 +2,8 @@
 
 #include <QString>
 
+struct Kind;
+
 /// What the beginning of a file shows about its kind.
 struct FileLook
 {
@@ -13,6 +15,10 @@ struct FileLook
 
 /// Recognises firmware of the sound engine and the trigger board, and WAV files.
 FileLook lookAtFile(const QString &path);
+
+/// The version that the module finds in firmware of this kind. Below 0: none, and the module does not send
+/// it.
+int firmwareVersion(const QString &path, const Kind &kind);
 
 /// True for names of files of bluetooth firmware, which nothing in their contents marks: ".b00" to ".b15",
 /// ".ipf".

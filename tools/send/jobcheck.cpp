@@ -5,8 +5,6 @@
 #include "options.h"
 #include "reporter.h"
 
-#include <QSet>
-
 namespace {
 
 void fail(FileResult *file, const QString &problem)
@@ -29,11 +27,22 @@ QString description(const Job &job, const FileResult &file)
     return text;
 }
 
-// Firmware without a version is refused later, because only the module decides that it has none.
-bool hasNoVersion(const Job &job, const FileResult &file)
+// The module refuses such firmware too, but only after it has sent the files before it.
+QString versionProblem(const Job &job)
 {
-    return job.kind->isFirmware &&
-           (file.fileVersion < 0 || file.looksLike != QLatin1String(job.kind->option));
+    if (!job.kind->isFirmware || firmwareVersion(job.path, *job.kind) >= 0)
+        return {};
+    const QString problem = QStringLiteral("%1: the file has no firmware version").arg(job.path);
+    const FileLook look = lookAtFile(job.path);
+    return look.kind.isEmpty() || look.kind == QLatin1String(job.kind->option)
+               ? problem
+               : QStringLiteral("%1; it looks like %2").arg(problem, look.noun);
+}
+
+QString problemOf(const Job &job)
+{
+    const QString problem = fileProblem(job.path);
+    return problem.isEmpty() ? versionProblem(job) : problem;
 }
 
 } // namespace
@@ -42,8 +51,9 @@ bool checkJobs(const Options &options, Reporter &reporter, Result *result)
 {
     for (const Job &job : options.jobs)
         result->files.push_back(resultOf(job));
+    auto nextJob = options.jobs.cbegin();
     for (FileResult &file : result->files) {
-        const QString problem = fileProblem(file.path);
+        const QString problem = problemOf(*nextJob++);
         if (problem.isEmpty())
             continue;
         fail(&file, problem);
@@ -58,12 +68,27 @@ bool checkJobs(const Options &options, Reporter &reporter, Result *result)
     return true;
 }
 
+QSet<int> failedGroups(const Options &options, const Result &result)
+{
+    QSet<int> groups;
+    auto nextJob = options.jobs.cbegin();
+    for (const FileResult &file : result.files) {
+        const Job &job = *nextJob++;
+        if (file.state == FileResult::State::Failed)
+            groups.insert(job.group);
+    }
+    return groups;
+}
+
 void warnOfOtherKinds(const Options &options, Reporter &reporter, Result *result)
 {
+    const QSet<int> failed = failedGroups(options, *result);
     for (const Job &job : options.jobs) {
         const FileLook look = lookAtFile(job.path);
-        if (look.kind.isEmpty() || look.kind == QLatin1String(job.kind->option))
+        if (failed.contains(job.group) || look.kind.isEmpty() ||
+            look.kind == QLatin1String(job.kind->option)) {
             continue;
+        }
         const QString line = QStringLiteral("%1 looks like %2, but is sent as %3")
                                  .arg(job.path, look.noun, QLatin1String(job.kind->noun));
         reporter.warning(line);
@@ -73,19 +98,14 @@ void warnOfOtherKinds(const Options &options, Reporter &reporter, Result *result
 
 void rehearse(const Options &options, Reporter &reporter, Result *result)
 {
-    // Without --keep-going the first failure ends the run.
     QStringList problems;
-    QSet<int> failedGroups;
+    const QSet<int> failed = failedGroups(options, *result);
     auto nextJob = options.jobs.cbegin();
     for (FileResult &file : result->files) {
         const Job &job = *nextJob++;
-        if (file.state == FileResult::State::NotSent && hasNoVersion(job, file))
-            fail(&file, QStringLiteral("%1: the file has no firmware version").arg(file.path));
-        if (file.state == FileResult::State::Failed) {
+        if (file.state == FileResult::State::Failed)
             problems.append(file.message);
-            failedGroups.insert(job.group);
-        }
-        if (failedGroups.contains(job.group) || (!problems.isEmpty() && !options.keepGoing))
+        if (failed.contains(job.group))
             continue;
         file.state = FileResult::State::WouldSend;
         file.status = ExitStatus::Sent;

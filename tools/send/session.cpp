@@ -3,6 +3,7 @@
 #include "enginetags.h"
 #include "filelook.h"
 #include "fileproblem.h"
+#include "jobcheck.h"
 #include "reporter.h"
 
 #include <QFileInfo>
@@ -39,6 +40,7 @@ Session::Session(QObject *sender, const Options &options, Reporter &reporter, Re
     , m_timeUp(this)
     , m_noAnswer(this)
     , m_clock(this)
+    , m_failedGroups(failedGroups(options, *result))
 {
     m_timeUp.setSingleShot(true);
     m_noAnswer.setSingleShot(true);
@@ -46,10 +48,6 @@ Session::Session(QObject *sender, const Options &options, Reporter &reporter, Re
         finish(ExitStatus::NoEngine, QStringLiteral("gave up after %1 s").arg(m_options.timeoutS));
     });
     connect(&m_clock, &QTimer::timeout, this, [this] { m_reporter.busy(m_activity); });
-    for (int i = 0; i < int(m_result.files.size()); ++i) {
-        if (m_result.files.at(size_t(i)).state == FileResult::State::Failed)
-            m_failedGroups.insert(m_options.jobs.at(i).group);
-    }
 }
 
 Session::~Session() = default;
