@@ -7,7 +7,9 @@
 #include <cerrno>
 
 #include <arpa/inet.h>
+#include <net/if.h>
 #include <netinet/in.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -51,6 +53,39 @@ QString networkMend(const EngineTarget &engine)
         .arg(QHostAddress(network | host).toString());
 }
 
+// QNetworkInterface takes a device without a carrier for down. Its address is in use all the same.
+bool isUp(const QNetworkInterface &device)
+{
+    const int descriptor = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    ifreq request{};
+    qstrncpy(request.ifr_name, device.name().toLocal8Bit().constData(), sizeof(request.ifr_name));
+    const bool isKnown = ::ioctl(descriptor, SIOCGIFFLAGS, &request) == 0;
+    ::close(descriptor);
+    return isKnown && (request.ifr_flags & IFF_UP) != 0;
+}
+
+QString elsewhere(const EngineTarget &engine, const QHostAddress &source)
+{
+    return QStringLiteral("datagrams to %1 leave from %2 through a gateway")
+        .arg(engine.host.toString(), source.toString());
+}
+
+// An address in the network of the engine that datagrams to it do not leave from.
+Finding unusedAddress(const EngineTarget &engine, const QHostAddress &source, const QString &address,
+                      const QNetworkInterface &device)
+{
+    if (!isUp(device)) {
+        return faultFinding(
+            ownAddressCheck,
+            QStringLiteral("the device of %1 is down; %2").arg(address, elsewhere(engine, source)),
+            QStringLiteral("bring the device up: ip link set %1 up").arg(device.name()));
+    }
+    return faultFinding(
+        ownAddressCheck, QStringLiteral("%1 is not used; %2").arg(address, elsewhere(engine, source)),
+        QStringLiteral("remove the route that leads elsewhere; see: ip route get %1, ip route show dev %2")
+            .arg(engine.host.toString(), device.name()));
+}
+
 } // namespace
 
 Finding checkRoute(const EngineTarget &engine)
@@ -68,23 +103,28 @@ Finding checkRoute(const EngineTarget &engine)
 
 Finding checkOwnAddress(const EngineTarget &engine)
 {
+    const QHostAddress source = sourceFor(engine).address;
+    Finding fault =
+        faultFinding(ownAddressCheck,
+                     QStringLiteral("this machine has no address in the network of the engine; ") +
+                         elsewhere(engine, source),
+                     networkMend(engine));
     const QList<QNetworkInterface> devices = QNetworkInterface::allInterfaces();
     for (const QNetworkInterface &device : devices) {
         const QList<QNetworkAddressEntry> entries = device.addressEntries();
         for (const QNetworkAddressEntry &entry : entries) {
-            if (entry.ip().protocol() == QAbstractSocket::IPv4Protocol &&
-                engine.host.isInSubnet(entry.ip(), entry.prefixLength())) {
-                return okFinding(ownAddressCheck, QStringLiteral("%1/%2 on %3")
-                                                      .arg(entry.ip().toString())
-                                                      .arg(entry.prefixLength())
-                                                      .arg(device.name()));
+            if (entry.ip().protocol() != QAbstractSocket::IPv4Protocol ||
+                !engine.host.isInSubnet(entry.ip(), entry.prefixLength())) {
+                continue;
             }
+            const QString address = QStringLiteral("%1/%2 on %3")
+                                        .arg(entry.ip().toString())
+                                        .arg(entry.prefixLength())
+                                        .arg(device.name());
+            if (entry.ip() == source && isUp(device))
+                return okFinding(ownAddressCheck, address);
+            fault = unusedAddress(engine, source, address, device);
         }
     }
-    return faultFinding(
-        ownAddressCheck,
-        QStringLiteral("this machine has no address in the network of %1; datagrams leave from %2 "
-                       "through a gateway")
-            .arg(engine.host.toString(), sourceFor(engine).address.toString()),
-        networkMend(engine));
+    return fault;
 }

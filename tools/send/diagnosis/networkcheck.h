@@ -9,5 +9,5 @@ constexpr char ownAddressCheck[] = "own-address";
 
 /// The system has a route to the engine. Nothing is sent.
 Finding checkRoute(const EngineTarget &engine);
-/// This machine has an address in the network of the engine. There is a route.
+/// Datagrams to the engine leave from an address in its network, of a device that is up. There is a route.
 Finding checkOwnAddress(const EngineTarget &engine);
