@@ -76,6 +76,17 @@ void UsageTest::badUsage_data()
     row("versions and a file", {QStringLiteral("--versions"), file}, "--versions sends no files");
     row("versions and a kind", {QStringLiteral("--versions"), kind("soundbank")},
         "--versions sends no files");
+    const QString timeout = QStringLiteral("--timeout=9");
+    const QString keepGoing = QStringLiteral("--keep-going");
+    row("inspection and a time-out", {QStringLiteral("--inspect"), timeout, file},
+        "--inspect takes no --timeout");
+    row("inspection that keeps going", {QStringLiteral("--inspect"), file, keepGoing},
+        "--inspect takes no --keep-going");
+    row("diagnosis and a time-out", {timeout, QStringLiteral("--diagnose")}, "--diagnose takes no --timeout");
+    row("diagnosis that keeps going", {QStringLiteral("--diagnose"), keepGoing},
+        "--diagnose takes no --keep-going");
+    row("versions that keep going", {QStringLiteral("--versions"), keepGoing},
+        "--versions takes no --keep-going");
 }
 
 void UsageTest::badUsage()

@@ -148,6 +148,20 @@ QString readAction(const CommandLine &line, Options *options)
     return {};
 }
 
+// Returns an empty text, or a message about an option that has no effect with the action.
+QString checkEffects(const CommandLine &line, Options::Action action)
+{
+    using Action = Options::Action;
+    const bool sendsFiles = action == Action::Send || action == Action::DryRun;
+    QString option;
+    if (line.parser.isSet(line.keepGoing) && !sendsFiles)
+        option = line.keepGoing.names().constFirst();
+    else if (line.parser.isSet(line.timeout) && (action == Action::Inspect || action == Action::Diagnose))
+        option = line.timeout.names().constFirst();
+    return option.isEmpty() ? QString()
+                            : QStringLiteral("--%1 takes no --%2").arg(actionName(action), option);
+}
+
 // Reads the files. Returns an empty text, or an error message.
 QString readFiles(CommandLine &line, const QStringList &arguments, Options *options)
 {
@@ -224,6 +238,8 @@ Options parseOptions(const QStringList &arguments)
         problem = readValues(line, &options);
     if (problem.isEmpty())
         problem = readAction(line, &options);
+    if (problem.isEmpty())
+        problem = checkEffects(line, options.action);
     if (problem.isEmpty())
         problem = readFiles(line, arguments, &options);
     if (!problem.isEmpty()) {
