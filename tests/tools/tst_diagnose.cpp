@@ -1,15 +1,20 @@
 // zelta-send --diagnose names exactly the fault that is planted. The network is in tst_diagnosenetwork.cpp.
 
 #include "diagnosisrun.h"
+#include "jsonkeys.h"
+#include "sendrun.h"
 #include "simulator/soundengine.h"
+#include "support/patience.h"
 #include "support/testprogram.h"
 
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
 #include <QLibrary>
 #include <QTest>
 #include <QUdpSocket>
 
+#include <csignal>
 #include <functional>
 
 #include <unistd.h>
@@ -32,6 +37,9 @@ private Q_SLOTS:
     void dropsOfOthers();
     void unreadableSockets();
     void asText();
+    void interrupted_data();
+    void interrupted();
+    void interruptedText();
 
 private:
     bool makeModule(const QTemporaryDir &folder, const QByteArray &qmldir, bool hasLibrary) const;
@@ -48,6 +56,28 @@ constexpr char goodSummary[] = "1 packets transmitted, 1 packets received, 0% pa
 // 127.20.41.31, port 19797
 constexpr char engineSocket[] = "1F29147F:4D55";
 constexpr char moduleLibrary[] = "/usr/lib/qt5/qml/ZeltaConnect/libzeltaconnectplugin.so";
+
+// An engine that does not answer queries, and a diagnosis of it that can be interrupted.
+struct LongDiagnosis
+{
+    LongDiagnosis()
+        : run(QStringLiteral("127.20.41.34"), QStringLiteral("no-query-reply"))
+    {
+        QObject::connect(&run.engine(), &SoundEngine::noted, &run.engine(), [this](const QString &line) {
+            isAsked = isAsked || line == QLatin1String("did not answer query HL");
+        });
+    }
+    void start(const QStringList &arguments)
+    {
+        run.process().setProcessEnvironment(root.environment());
+        run.start(QStringList{QStringLiteral("--diagnose")} + arguments);
+    }
+    void signal(int number) { ::kill(pid_t(run.process().processId()), number); }
+
+    SystemRoot root;
+    SendRun run;
+    bool isAsked = false;
+};
 
 } // namespace
 
@@ -317,6 +347,53 @@ void DiagnoseTest::asText()
     QVERIFY(lines.at(7).startsWith("FAULT   receive-buffer  the limit is 212992 bytes"));
     QVERIFY(lines.at(8).startsWith("        mend: put \"net.core.rmem_max = 1048576\""));
     QVERIFY(lines.at(9).startsWith("ok      catalogue       "));
+void DiagnoseTest::interrupted_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::addColumn<bool>("pingHangs");
+    QTest::addColumn<int>("checks");
+    QTest::newRow("SIGINT while the engine is asked") << SIGINT << false << 5;
+    QTest::newRow("SIGTERM while the engine is asked") << SIGTERM << false << 5;
+    QTest::newRow("SIGINT while ping runs") << SIGINT << true << 4;
+    QTest::newRow("SIGTERM while ping runs") << SIGTERM << true << 4;
+}
+
+void DiagnoseTest::interrupted()
+{
+    QFETCH(const int, signal);
+    QFETCH(const bool, pingHangs);
+    QFETCH(const int, checks);
+    LongDiagnosis diagnosis;
+    const QString started = diagnosis.root.place(QStringLiteral("/started"));
+    if (pingHangs)
+        QVERIFY(diagnosis.root.writePing(">'" + QFile::encodeName(started) + "'\nexec sleep 60\n"));
+    diagnosis.start({QStringLiteral("--json")});
+    const bool isBusy = QTest::qWaitFor(
+        [&] { return pingHangs ? QFile::exists(started) : diagnosis.isAsked; }, testsupport::patienceMs);
+    QVERIFY(isBusy);
+    diagnosis.signal(signal);
+    QCOMPARE(diagnosis.run.exitStatus(), 130);
+    const QJsonObject result = onlyObject(diagnosis.run.output().toUtf8());
+    QVERIFY2(hasDocumentedKeys(result), qPrintable(diagnosis.run.output()));
+    QCOMPARE(result.value(QLatin1String("action")).toString(), QStringLiteral("diagnose"));
+    QCOMPARE(result.value(QLatin1String("status")).toInt(), 130);
+    QCOMPARE(result.value(QLatin1String("result")).toString(), QStringLiteral("interrupted"));
+    QCOMPARE(result.value(QLatin1String("message")).toString(), QStringLiteral("interrupted"));
+    // Without the check that was running.
+    QCOMPARE(result.value(QLatin1String("checks")).toArray().size(), checks);
+}
+
+void DiagnoseTest::interruptedText()
+{
+    LongDiagnosis diagnosis;
+    diagnosis.start({});
+    QVERIFY(QTest::qWaitFor([&] { return diagnosis.isAsked; }, testsupport::patienceMs));
+    diagnosis.signal(SIGINT);
+    QCOMPARE(diagnosis.run.exitStatus(), 130);
+    QCOMPARE(diagnosis.run.errors(), QStringLiteral("zelta-send: interrupted\n"));
+    QCOMPARE(diagnosis.run.output().count(QLatin1Char('\n')), 5);
+}
+
 }
 
 QTEST_GUILESS_MAIN(DiagnoseTest)

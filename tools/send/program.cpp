@@ -117,6 +117,9 @@ void Program::runSession()
 
 void Program::diagnose()
 {
+    // A script gets its result also if the signal is sent twice, as timeout(1) does.
+    m_interruption.emplace(m_options.json ? Interruption::SecondSignal::IsRecorded
+                                          : Interruption::SecondSignal::EndsProgram);
     if (!chooseEngine())
         return;
     QLoggingCategory::setFilterRules(QStringLiteral("zeltaconnect.*.debug=false"));
@@ -127,7 +130,10 @@ void Program::diagnose()
         if (finding.state == Finding::State::Fault)
             faults.append(finding.name);
     });
-    if (!faults.isEmpty())
+    if (Interruption::isRequested()) {
+        m_result.outcome = {ExitStatus::Interrupted, QStringLiteral("interrupted")};
+    } else if (!faults.isEmpty()) {
         m_result.outcome = {ExitStatus::FaultFound,
                             QStringLiteral("faults found: ") + faults.join(QStringLiteral(", "))};
+    }
 }

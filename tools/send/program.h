@@ -1,8 +1,10 @@
 #pragma once
 
+#include "interruption.h"
 #include "result.h"
 
 #include <memory>
+#include <optional>
 
 class Module;
 class Reporter;
@@ -31,4 +33,6 @@ private:
     Reporter &m_reporter;
     Result m_result;
     std::unique_ptr<Module> m_module;
+    std::optional<Interruption>
+        m_interruption; // up to the end, so that a late signal leaves the result whole
 };

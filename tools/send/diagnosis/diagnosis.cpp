@@ -11,42 +11,48 @@
 #include "timercheck.h"
 
 #include "tools/send/enginetarget.h"
+#include "tools/send/interruption.h"
 
 void diagnoseInterface(const QString &importDir, const std::function<void(const Finding &)> &report)
 {
     const EngineTarget engine = engineTarget();
-    const auto run = [&report](const Finding &finding) {
+    const auto run = [&report](const auto &check) {
+        if (Interruption::isRequested())
+            return false;
+        const Finding finding = check();
+        if (Interruption::isRequested())
+            return false;
         report(finding);
         return finding.state == Finding::State::Ok;
     };
 
-    const bool hasModule = run(checkModule(importDir));
-    const bool hasRoute = run(checkRoute(engine));
-    const bool hasAddress =
-        run(hasRoute ? checkOwnAddress(engine)
-                     : skippedFinding(ownAddressCheck, QStringLiteral("there is no route")));
-    const bool isAlone = run(checkEngineProcess(engine));
+    const bool hasModule = run([&] { return checkModule(importDir); });
+    const bool hasRoute = run([&] { return checkRoute(engine); });
+    const bool hasAddress = run([&] {
+        return hasRoute ? checkOwnAddress(engine)
+                        : skippedFinding(ownAddressCheck, QStringLiteral("there is no route"));
+    });
+    const bool isAlone = run([&] { return checkEngineProcess(engine); });
     // The ping of the interface's search path, before the tools put theirs first.
-    const bool hasPing = run(checkPing());
+    const bool hasPing = run(checkPing);
 
-    bool answers = false;
-    if (!hasModule)
-        run(skippedFinding(engineCheck, QStringLiteral("the module cannot be loaded")));
-    else if (!isAlone)
-        run(skippedFinding(engineCheck, QStringLiteral("an answer would come from this machine")));
-    else if (!hasAddress)
-        run(skippedFinding(engineCheck, QStringLiteral("the network cannot be used")));
-    else
-        answers = run(checkEngine(importDir));
-    if (!hasPing)
-        run(skippedFinding(enginePingCheck, QStringLiteral("ping cannot be used")));
-    else if (!answers)
-        run(skippedFinding(enginePingCheck, QStringLiteral("the engine does not answer")));
-    else
-        run(checkEnginePing(engine));
+    const bool answers = run([&] {
+        if (!hasModule)
+            return skippedFinding(engineCheck, QStringLiteral("the module cannot be loaded"));
+        if (!isAlone)
+            return skippedFinding(engineCheck, QStringLiteral("an answer would come from this machine"));
+        return hasAddress ? checkEngine(importDir)
+                          : skippedFinding(engineCheck, QStringLiteral("the network cannot be used"));
+    });
+    run([&] {
+        if (!hasPing)
+            return skippedFinding(enginePingCheck, QStringLiteral("ping cannot be used"));
+        return answers ? checkEnginePing(engine)
+                       : skippedFinding(enginePingCheck, QStringLiteral("the engine does not answer"));
+    });
 
-    run(checkReceiveBuffer());
-    run(checkCatalogue());
-    run(checkDrops(engine));
-    run(checkTimers());
+    run(checkReceiveBuffer);
+    run(checkCatalogue);
+    run([&] { return checkDrops(engine); });
+    run(checkTimers);
 }

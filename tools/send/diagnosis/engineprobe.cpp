@@ -1,8 +1,16 @@
 #include "engineprobe.h"
 
 #include "tools/send/enginetags.h"
+#include "tools/send/interruption.h"
 
 #include <QTimer>
+
+namespace {
+
+// A signal does not end an event loop.
+constexpr int interruptionMs = 50;
+
+} // namespace
 
 EngineProbe::EngineProbe(QObject *module)
     : m_module(module)
@@ -14,6 +22,12 @@ EngineProbe::EngineProbe(QObject *module)
 int EngineProbe::answerMs()
 {
     QTimer::singleShot(patienceMs, &m_loop, &QEventLoop::quit);
+    QTimer interruption;
+    connect(&interruption, &QTimer::timeout, &m_loop, [this] {
+        if (Interruption::isRequested())
+            m_loop.quit();
+    });
+    interruption.start(interruptionMs);
     m_since.start();
     QMetaObject::invokeMethod(m_module, "requestHHRawValue");
     m_loop.exec();

@@ -14,7 +14,8 @@ public:
 
     explicit EngineProbe(QObject *module);
 
-    /// The time until the answer, or -1 if none arrives in time. Runs an event loop.
+    /// The time until the answer, or -1 if none arrives in time, or before an Interruption. Runs an event
+    /// loop.
     int answerMs();
 
 private Q_SLOTS:

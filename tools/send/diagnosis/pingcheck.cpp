@@ -1,6 +1,7 @@
 #include "pingcheck.h"
 
 #include "tools/send/enginetarget.h"
+#include "tools/send/interruption.h"
 
 #include <QElapsedTimer>
 #include <QProcess>
@@ -14,6 +15,8 @@ namespace {
 constexpr int moduleWaitMs = 1000;
 // Longer, to see whether ping is slow or hangs.
 constexpr int patienceMs = 4000;
+// A signal does not end the wait for a process.
+constexpr int interruptionMs = 50;
 
 struct PingRun
 {
@@ -30,7 +33,10 @@ PingRun ping(const QString &host)
     QElapsedTimer since;
     since.start();
     process.start(QStringLiteral("ping"), {QStringLiteral("-c"), QStringLiteral("1"), host});
-    run.hasEnded = process.waitForFinished(patienceMs);
+    while (!run.hasEnded && process.state() != QProcess::NotRunning && since.elapsed() < patienceMs &&
+           !Interruption::isRequested()) {
+        run.hasEnded = process.waitForFinished(interruptionMs);
+    }
     run.ms = int(since.elapsed());
     run.output = QString::fromLocal8Bit(process.readAll()).trimmed();
     if (!run.hasEnded) {
