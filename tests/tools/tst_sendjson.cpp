@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
+#include <QMap>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -32,15 +34,20 @@ private Q_SLOTS:
     void withEngine();
     void interrupted();
     void warning();
+    void log();
+    void checks();
     void textHasNoRateLines();
     void quietText();
     void quietErrors();
     void keysAreDocumented();
+    void noOtherEventIsDocumented();
 
 private:
     QString path(const char *name) const { return m_dir.filePath(QLatin1String(name)); }
 
     QTemporaryDir m_dir;
+    QByteArray m_page;
+    QMap<QString, QStringList> m_documentedEvents; ///< the keys of each
 };
 
 namespace {
@@ -48,7 +55,19 @@ namespace {
 const QString json = QStringLiteral("--json");
 
 // Engines of this program; each test has its own.
-enum EngineNumber { Sending = 1, Events, Quiet, Failing, Interrupted, Warning, Text, QuietText, QuietErrors };
+enum EngineNumber {
+    Sending = 1,
+    Events,
+    Quiet,
+    Failing,
+    Interrupted,
+    Warning,
+    Text,
+    QuietText,
+    QuietErrors,
+    Log,
+    Checks
+};
 
 std::unique_ptr<SendRun> newRun(EngineNumber number, const QString &failure = QString())
 {
@@ -60,10 +79,46 @@ QJsonObject fileOf(const QJsonObject &result, int index = 0)
     return result.value(QLatin1String("files")).toArray().at(index).toObject();
 }
 
+QStringList quotedIn(const QString &cell)
+{
+    static const QRegularExpression quoted(QStringLiteral("`([^`]+)`"));
+    QStringList names;
+    for (auto matches = quoted.globalMatch(cell); matches.hasNext();)
+        names.append(matches.next().captured(1));
+    return names;
+}
+
+// The keys of each event, in alphabetical order, from the table that begins with the column "event".
+QMap<QString, QStringList> eventsIn(const QString &page)
+{
+    QMap<QString, QStringList> events;
+    const QString table =
+        page.section(QStringLiteral("\n| `event` |"), 1).section(QStringLiteral("\n\n"), 0, 0);
+    const QStringList lines = table.split(QLatin1Char('\n')).mid(2);
+    for (const QString &line : lines) {
+        const QString cell = line.section(QLatin1Char('|'), 2, 2);
+        QStringList keys = quotedIn(cell) + QStringList{QStringLiteral("event")};
+        if (cell.contains(QLatin1String("those of a file")))
+            keys += fileKeys;
+        if (cell.contains(QLatin1String("those of a check")))
+            keys += checkKeys;
+        keys.sort();
+        const QStringList names = quotedIn(line.section(QLatin1Char('|'), 1, 1));
+        for (const QString &name : names)
+            events.insert(name, keys);
+    }
+    return events;
+}
+
 } // namespace
 
 void SendJsonTest::initTestCase()
 {
+    QFile page(QStringLiteral(SEND_PAGE));
+    QVERIFY2(page.open(QIODevice::ReadOnly), qPrintable(page.errorString()));
+    m_page = page.readAll();
+    m_documentedEvents = eventsIn(QString::fromUtf8(m_page));
+
     const auto write = [this](const char *name, const QByteArray &bytes) {
         QFile file(path(name));
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -169,33 +224,22 @@ void SendJsonTest::events()
                 QStringLiteral("--kind=trigger")});
     QCOMPARE(run->exitStatus(), 0);
     QStringList names;
-    QMap<QString, QStringList> keys;
     double sentBytes = 0.0;
     const QList<QJsonObject> events = objectLines(run->errors().toUtf8());
     for (const QJsonObject &event : events) {
         const QString name = event.value(QLatin1String("event")).toString();
         if (names.isEmpty() || name != names.constLast())
             names.append(name);
-        keys.insert(name, event.keys());
+        QCOMPARE(event.keys(), m_documentedEvents.value(name));
         if (name == QLatin1String("progress")) {
             QVERIFY(event.value(QLatin1String("bytesSent")).toDouble() > sentBytes);
             sentBytes = event.value(QLatin1String("bytesSent")).toDouble();
         }
     }
     QCOMPARE(sentBytes, 61440.0);
-    const auto list = [](const char *text) {
-        return QString::fromLatin1(text).split(QLatin1Char(' '));
-    };
     // Whether the end of small firmware is seen before its acknowledgement depends on the time.
     names.removeAll(QStringLiteral("all-sent"));
-    QCOMPARE(names, list("start progress end start new-version end"));
-    QCOMPARE(keys.value(QStringLiteral("start")), list("bytes event kind path"));
-    QCOMPARE(keys.value(QStringLiteral("progress")), list("bytes bytesSent event path seconds"));
-    QCOMPARE(keys.value(QStringLiteral("new-version")), list("event fileVersion installedVersion path"));
-    QStringList endKeys = fileKeys;
-    endKeys.insert(3, QStringLiteral("event"));
-    endKeys.sort();
-    QCOMPARE(keys.value(QStringLiteral("end")), endKeys);
+    QCOMPARE(names.join(QLatin1Char(' ')), QStringLiteral("start progress end start new-version end"));
     const QJsonObject board = fileOf(onlyObject(run->output().toUtf8()), 1);
     QCOMPARE(board.value(QLatin1String("fileVersion")).toString(), QStringLiteral("1.05"));
     QCOMPARE(board.value(QLatin1String("installedVersion")).toString(), QStringLiteral("1.04"));
@@ -247,6 +291,7 @@ void SendJsonTest::withEngine()
     QVERIFY(!result.value(QLatin1String("message")).toString().isEmpty());
     QCOMPARE(fileOf(result).value(QLatin1String("state")).toString(), QStringLiteral("failed"));
     QCOMPARE(fileOf(result).value(QLatin1String("status")).toInt(), status);
+    QVERIFY2(fileOf(result).value(QLatin1String("bytesPerSecond")).isNull(), qPrintable(run->output()));
 }
 
 void SendJsonTest::interrupted()
@@ -260,6 +305,7 @@ void SendJsonTest::interrupted()
     QVERIFY2(hasDocumentedKeys(result), qPrintable(run->output()));
     QCOMPARE(result.value(QLatin1String("result")).toString(), QStringLiteral("interrupted"));
     QCOMPARE(fileOf(result).value(QLatin1String("state")).toString(), QStringLiteral("failed"));
+    QVERIFY(fileOf(result).value(QLatin1String("bytesPerSecond")).isNull());
 }
 
 void SendJsonTest::warning()
@@ -271,8 +317,49 @@ void SendJsonTest::warning()
     QCOMPARE(warnings.size(), 1);
     QVERIFY(warnings.at(0).toString().contains(QLatin1String("looks like trigger-board firmware")));
     const QJsonObject event = objectLines(run->errors().toUtf8()).value(0);
+    QCOMPARE(event.keys(), m_documentedEvents.value(QStringLiteral("warning")));
     QCOMPARE(event.value(QLatin1String("event")).toString(), QStringLiteral("warning"));
     QCOMPARE(event.value(QLatin1String("message")), warnings.at(0));
+}
+
+void SendJsonTest::log()
+{
+    const std::unique_ptr<SendRun> run = newRun(Log);
+    run->engine().setVersion(SoundEngine::Version::TriggerBoard, 1, 5);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("zeltaconnect.transfer.info=true"));
+    run->process().setProcessEnvironment(environment);
+    run->start({json, QStringLiteral("--kind=trigger"), path("board.bin")});
+    QCOMPARE(run->exitStatus(), 5);
+    QJsonObject logged;
+    const QList<QJsonObject> events = objectLines(run->errors().toUtf8());
+    for (const QJsonObject &event : events) {
+        if (event.value(QLatin1String("event")).toString() == QLatin1String("log"))
+            logged = event;
+    }
+    QCOMPARE(logged.keys(), m_documentedEvents.value(QStringLiteral("log")));
+    QVERIFY2(logged.value(QLatin1String("message")).toString().contains(QLatin1String("is not newer")),
+             qPrintable(run->errors()));
+}
+
+// Which faults this machine has does not matter.
+void SendJsonTest::checks()
+{
+    const std::unique_ptr<SendRun> run = newRun(Checks);
+    run->start({json, QStringLiteral("--diagnose")});
+    QVERIFY(run->exitStatus() >= 0);
+    const QJsonArray checks = onlyObject(run->output().toUtf8()).value(QLatin1String("checks")).toArray();
+    QVERIFY(!checks.isEmpty());
+    QJsonArray reported;
+    const QList<QJsonObject> events = objectLines(run->errors().toUtf8());
+    for (QJsonObject event : events) {
+        if (event.value(QLatin1String("event")).toString() != QLatin1String("check"))
+            continue;
+        QCOMPARE(event.keys(), m_documentedEvents.value(QStringLiteral("check")));
+        event.remove(QStringLiteral("event"));
+        reported.append(event);
+    }
+    QCOMPARE(reported, checks);
 }
 
 void SendJsonTest::textHasNoRateLines()
@@ -291,7 +378,6 @@ void SendJsonTest::quietText()
 {
     const std::unique_ptr<SendRun> run = newRun(QuietText);
     run->start({QStringLiteral("--quiet"), path("bank.bin"), QStringLiteral("--kind=soundbank"),
-    QVERIFY2(fileOf(result).value(QLatin1String("bytesPerSecond")).isNull(), qPrintable(run->output()));
                 path("bank.bin"), QStringLiteral("--kind=triggerbank")});
     QCOMPARE(run->exitStatus(), 0);
     QCOMPARE(run->output(), QString());
@@ -305,18 +391,22 @@ void SendJsonTest::quietErrors()
     run->start({QStringLiteral("--quiet"), QStringLiteral("--kind=triggerbank"), path("bank.bin")});
     QCOMPARE(run->exitStatus(), 1);
     QCOMPARE(run->output(), QString());
-    QVERIFY(fileOf(result).value(QLatin1String("bytesPerSecond")).isNull());
     QCOMPARE(run->errors().count(QLatin1Char('\n')), 1);
 }
 
 void SendJsonTest::keysAreDocumented()
 {
-    QFile page(QStringLiteral(SEND_PAGE));
-    QVERIFY2(page.open(QIODevice::ReadOnly), qPrintable(page.errorString()));
-    const QByteArray text = page.readAll();
     const QStringList keys = resultKeys + fileKeys + checkKeys + systemKeys;
     for (const QString &key : keys)
-        QVERIFY2(text.contains('`' + key.toLatin1() + '`'), qPrintable(key));
+        QVERIFY2(m_page.contains('`' + key.toLatin1() + '`'), qPrintable(key));
+}
+
+// The events of the other tests.
+void SendJsonTest::noOtherEventIsDocumented()
+{
+    const QStringList events = m_documentedEvents.keys();
+    QCOMPARE(events.join(QLatin1Char(' ')),
+             QStringLiteral("all-sent check end log new-version progress start warning"));
 }
 
 QTEST_GUILESS_MAIN(SendJsonTest)
