@@ -203,8 +203,12 @@ void DiagnoseTest::faults()
         QSKIP("root can write to every file");
     SystemRoot root;
     QVERIFY(plant(root));
-    const DiagnosisRun run(root);
-    QCOMPARE(run.difference(fault), QString());
+    DiagnosisRun run(root);
+    // On a busy machine, ping or the engine can exceed the module's time limits, which is reported as well.
+    for (int i = 0; i < 3 && run.checks("fault").size() > 1; ++i)
+        run = DiagnosisRun(root);
+    const QString difference = run.difference(fault);
+    QVERIFY2(difference.isEmpty(), qPrintable(difference));
     QVERIFY2(run.finding(fault).contains(finding), qPrintable(run.finding(fault)));
     QVERIFY2(run.mend(fault).contains(mend), qPrintable(run.mend(fault)));
 }

@@ -33,6 +33,6 @@ private:
     Reporter &m_reporter;
     Result m_result;
     std::unique_ptr<Module> m_module;
-    std::optional<Interruption>
-        m_interruption; // up to the end, so that a late signal leaves the result whole
+    // Exists up to the end, so that a late signal leaves the result whole.
+    std::optional<Interruption> m_interruption;
 };
