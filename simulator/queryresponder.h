@@ -20,6 +20,13 @@ public:
     /// Sets the two numbers of the answer to query.
     void setAnswer(quint16 query, quint16 a, quint16 b);
 
+    struct Answer
+    {
+        quint16 a = 0;
+        quint16 b = 0;
+    };
+    Answer answer(quint16 query) const { return m_answers.value(query); }
+
     void take(quint16 query);
 
 Q_SIGNALS:
@@ -27,12 +34,6 @@ Q_SIGNALS:
     void noted(const QString &line);
 
 private:
-    struct Answer
-    {
-        quint16 a = 0;
-        quint16 b = 0;
-    };
-
     FailureSet m_failures;
     QHash<quint16, Answer> m_answers;
 };

@@ -23,6 +23,17 @@ int parameterKey(quint8 msb, quint8 lsb)
     return (msb << 8) | lsb;
 }
 
+quint16 queryFor(SoundEngine::Version which)
+{
+    switch (which) {
+    case SoundEngine::Version::SoundEngine: return Tag::EngineVersion;
+    case SoundEngine::Version::TriggerBoard: return Tag::TriggerVersion;
+    case SoundEngine::Version::SoundBank: return Tag::SoundBankVersion;
+    case SoundEngine::Version::TriggerBank: break;
+    }
+    return Tag::TriggerBankVersion;
+}
+
 // Parameters that the engine itself uses.
 constexpr quint8 generalPage = 0x37;
 constexpr quint8 masterPage = 0x38;
@@ -313,17 +324,23 @@ bool SoundEngine::sendSysEx(const QByteArray &message)
 
 void SoundEngine::setVersion(Version which, quint16 major, quint16 minor)
 {
-    switch (which) {
-    case Version::SoundEngine: m_queries->setAnswer(Tag::EngineVersion, major, minor); break;
-    case Version::TriggerBoard: m_queries->setAnswer(Tag::TriggerVersion, major, minor); break;
-    case Version::SoundBank: m_queries->setAnswer(Tag::SoundBankVersion, major, minor); break;
-    case Version::TriggerBank: m_queries->setAnswer(Tag::TriggerBankVersion, major, minor); break;
-    }
+    m_queries->setAnswer(queryFor(which), major, minor);
+}
+
+SoundEngine::Pair SoundEngine::version(Version which) const
+{
+    const QueryResponder::Answer answer = m_queries->answer(queryFor(which));
+    return {answer.a, answer.b};
 }
 
 void SoundEngine::setHiHatRaw(quint16 value)
 {
     m_queries->setAnswer(Tag::HiHatRaw, value, 0);
+}
+
+quint16 SoundEngine::hiHatRaw() const
+{
+    return m_queries->answer(Tag::HiHatRaw).a;
 }
 
 void SoundEngine::setFlashSize(quint16 high, quint16 low)

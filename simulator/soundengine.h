@@ -8,6 +8,7 @@
 
 #include <QHash>
 #include <QHostAddress>
+#include <QMap>
 #include <QObject>
 #include <QStringList>
 #include <QVector>
@@ -144,13 +145,28 @@ public:
 
     // Answers to requests.
 
+    struct Pair
+    {
+        quint16 first;
+        quint16 second;
+    };
+
     void setVersion(Version which, quint16 major, quint16 minor);
+    /// Major and minor number.
+    Pair version(Version which) const;
     void setHiHatRaw(quint16 value);
+    quint16 hiHatRaw() const;
     /// Answer to the memory request, see sendFlashSize().
     void setFlashSize(quint16 high, quint16 low);
+    /// High and low.
+    Pair flashSize() const { return {m_flashHigh, m_flashLow}; }
     /// Fixed answers to meter requests, instead of levels that follow the hits.
     void setOutputLevels(const OutputLevels &levels);
     void setCompressorLevels(Section section, const CompressorLevels &levels);
+    /// The levels that setOutputLevels() has set, or nullptr while they follow the hits.
+    const OutputLevels *fixedOutputLevels() const { return m_fixedOutputs ? &m_outputs : nullptr; }
+    /// The levels that setCompressorLevels() has set, by section.
+    const QMap<quint16, CompressorLevels> &fixedCompressorLevels() const { return m_compressors; }
     /// Returns to levels that follow the hits.
     void followHits();
     /// False while setOutputLevels() or setCompressorLevels() applies.
@@ -252,7 +268,7 @@ private:
     bool m_answering = true;
     bool m_fixedOutputs = false;
     OutputLevels m_outputs{};
-    QHash<quint16, CompressorLevels> m_compressors;
+    QMap<quint16, CompressorLevels> m_compressors;
     quint16 m_flashHigh = 512;
     quint16 m_flashLow = 256;
 
