@@ -33,6 +33,12 @@ const Zone *zoneOfNote(int note)
     return nullptr;
 }
 
+QString zoneText(int note)
+{
+    const Zone *zone = zoneOfNote(note);
+    return zone != nullptr ? QString::fromLatin1(zone->name) : QString::number(note);
+}
+
 int noteFromText(const QString &text)
 {
     for (const Zone &zone : kitZones()) {

@@ -20,6 +20,9 @@ const QVector<Zone> &kitZones();
 /// The zone with that note, or nullptr.
 const Zone *zoneOfNote(int note);
 
+/// The name of the zone with that note as commands take it, or the number of the note.
+QString zoneText(int note);
+
 /// The note of a zone's name ("snare") or of a number from 0 to 127 ("38", "0x26"); -1 for other texts.
 int noteFromText(const QString &text);
 

@@ -1,5 +1,6 @@
 #include "midiinput.h"
 
+#include "kit.h"
 #include "soundengine.h"
 
 #include <QFile>
@@ -157,24 +158,38 @@ void MidiInput::enter(State state, const QString &text)
 
 void MidiInput::play(const MidiMessage &message)
 {
+    const int note = m_map.map(message.data1);
+    bool sent = false;
+    QString command;
     switch (message.kind) {
     case MidiMessage::Kind::NoteOn:
-        if (message.data2 > 0 && m_map.map(message.data1) >= 0)
-            m_engine->strike(quint8(m_map.map(message.data1)), message.data2);
+        if (message.data2 > 0 && note >= 0) {
+            sent = m_engine->strike(quint8(note), message.data2);
+            command = QStringLiteral("strike %1 %2").arg(zoneText(note)).arg(message.data2);
+        }
         break;
     case MidiMessage::Kind::PolyPressure:
-        if (m_map.map(message.data1) >= 0)
-            m_engine->choke(quint8(m_map.map(message.data1)), message.data2);
+        if (note >= 0) {
+            sent = m_engine->choke(quint8(note), message.data2);
+            command = QStringLiteral("choke %1 %2").arg(zoneText(note)).arg(message.data2);
+        }
         break;
     case MidiMessage::Kind::Controller:
-        if (message.data1 == Midi::HiHatPedal)
-            m_engine->moveHiHat(message.data2);
+        if (message.data1 == Midi::HiHatPedal) {
+            sent = m_engine->moveHiHat(message.data2);
+            command = QStringLiteral("hihat %1").arg(message.data2);
+        }
         break;
-    case MidiMessage::Kind::Program: m_engine->sendProgram(message.data1); break;
+    case MidiMessage::Kind::Program:
+        sent = m_engine->sendProgram(message.data1);
+        command = QStringLiteral("program %1").arg(message.data1);
+        break;
     case MidiMessage::Kind::NoteOff:
     case MidiMessage::Kind::ChannelPressure:
     case MidiMessage::Kind::PitchBend: break;
     }
+    if (sent)
+        Q_EMIT played(command);
 }
 
 } // namespace simulated

@@ -40,6 +40,8 @@ Q_SIGNALS:
     /// One line whenever the state changes: "midi-in PATH: open", "midi-in PATH: waiting for a writer" for a
     /// FIFO, or the reason why it cannot be read.
     void stateChanged(const QString &line);
+    /// Something was sent to the module. command sends the same, for example "strike snare 100".
+    void played(const QString &command);
 
 private:
     enum class State { Unknown, Open, Waiting, Failed };

@@ -34,12 +34,6 @@ QString kindText(quint16 kind)
     return text.contains(QLatin1Char('#')) ? hexNumber(kind) : text;
 }
 
-QString padText(int note)
-{
-    const Zone *zone = zoneOfNote(note);
-    return zone != nullptr ? QString::fromLatin1(zone->name) : QString::number(note);
-}
-
 // The words of `count` levels. Levels that a command leaves out are 0.
 QString levelTexts(const QByteArray &datagram, int offset, int count)
 {
@@ -90,9 +84,9 @@ QString midiCommand(const MidiBytes &midi)
         return midi.codeIndex == codeIndex && midi.status == status;
     };
     if (is(0x09, Midi::NoteOn))
-        return QStringLiteral("strike %1 %2").arg(padText(midi.data1)).arg(midi.data2);
+        return QStringLiteral("strike %1 %2").arg(zoneText(midi.data1)).arg(midi.data2);
     if (is(0x0A, Midi::PolyPressure))
-        return QStringLiteral("choke %1 %2").arg(padText(midi.data1)).arg(midi.data2);
+        return QStringLiteral("choke %1 %2").arg(zoneText(midi.data1)).arg(midi.data2);
     if (is(0x0B, Midi::ControlChange) && midi.data1 == Midi::HiHatPedal)
         return QStringLiteral("hihat %1").arg(midi.data2);
     if (is(0x0B, Midi::ControlChange))
