@@ -1,5 +1,7 @@
 #include "panel.h"
 
+#include "enginestate.h"
+
 #include "simulator/commands.h"
 #include "simulator/kit.h"
 #include "simulator/standalone.h"
@@ -30,6 +32,7 @@ Panel::Panel(QObject *parent)
         ++m_violations;
         Q_EMIT violationsChanged();
     });
+    connect(&m_kit, &RealKit::played, &m_recorder, &ScenarioRecorder::record);
     // Tempo and metronome follow the module.
     connect(&m_engine, &SoundEngine::parameterReceived, this, [this, tempo = 0]() mutable {
         if (m_engine.tempo() == tempo)
@@ -88,18 +91,21 @@ bool Panel::finish(const QString &answer, bool failed)
 
 void Panel::restartRecording()
 {
-    QStringList state;
-    for (const ActiveFailure &failure : m_engine.failures().active()) {
-        QString text = QStringLiteral("fail ") + failure.name;
-        if (failure.value >= 0)
-            text += QStringLiteral("=%1").arg(failure.value);
-        state.append(text);
+    const StateCommands commands = stateCommandsFor(m_engine);
+    m_recorder.restart(commands.answers, commands.others);
+}
+
+QVariantMap Panel::answers() const
+{
+    QVariantMap all;
+    const QVector<EngineAnswer> answers = answersOf(m_engine);
+    for (const EngineAnswer &answer : answers) {
+        QVariantList numbers;
+        for (const quint16 number : answer.numbers)
+            numbers.append(number);
+        all.insert(answer.command, numbers);
     }
-    if (!m_engine.areMetersRunning())
-        state.append(QStringLiteral("meters off"));
-    if (m_engine.isGroovePlaying())
-        state.append(QStringLiteral("groove on"));
-    m_recorder.restart(state);
+    return all;
 }
 
 QString Panel::listening() const

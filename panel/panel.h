@@ -11,9 +11,10 @@
 
 #include <QObject>
 #include <QVariantList>
+#include <QVariantMap>
 
 /// A simulated sound engine with what a window shows of it. Everything that a person does is a command of the
-/// simulator: run() parses, runs and records it.
+/// simulator: run() parses, runs and records it. What a drum kit plays is recorded as commands, too.
 class Panel : public QObject
 {
     Q_OBJECT
@@ -26,6 +27,7 @@ class Panel : public QObject
     Q_PROPERTY(bool meterReports READ areMetersRunning NOTIFY stateChanged)
     Q_PROPERTY(bool followingHits READ isFollowingHits NOTIFY stateChanged)
     Q_PROPERTY(int tempo READ tempo NOTIFY stateChanged)
+    Q_PROPERTY(QVariantMap answers READ answers NOTIFY stateChanged)
     Q_PROPERTY(int violations READ violations NOTIFY violationsChanged)
     Q_PROPERTY(QVariantList levels READ levels NOTIFY levelsChanged)
     Q_PROPERTY(QVariantList zones READ zones CONSTANT)
@@ -63,6 +65,8 @@ public:
     bool areMetersRunning() const { return m_engine.areMetersRunning(); }
     bool isFollowingHits() const { return m_engine.isFollowingHits(); }
     int tempo() const { return m_engine.tempo(); }
+    /// What the engine answers when the module asks: a list of numbers for each command that sets an answer.
+    QVariantMap answers() const;
     int violations() const { return m_violations; }
     /// The output levels that were sent last; 70 is full scale.
     QVariantList levels() const { return m_levels; }

@@ -37,6 +37,7 @@ void RealKit::connectTo(const QString &path, const QString &notes)
     m_input = std::make_unique<simulated::MidiInput>(fullPath(path), m_engine);
     m_input->setNoteMap(map);
     connect(m_input.get(), &simulated::MidiInput::stateChanged, this, &RealKit::setState);
+    connect(m_input.get(), &simulated::MidiInput::played, this, &RealKit::played);
     m_input->start();
     Q_EMIT changed();
 }

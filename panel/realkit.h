@@ -32,6 +32,8 @@ public:
 
 Q_SIGNALS:
     void changed();
+    /// The kit has played the engine; command does the same.
+    void played(const QString &command);
 
 private:
     void setState(const QString &state);

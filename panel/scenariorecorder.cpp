@@ -23,8 +23,9 @@ ScenarioRecorder::ScenarioRecorder(QObject *parent)
     : QObject(parent)
 {}
 
-void ScenarioRecorder::restart(const QStringList &state)
+void ScenarioRecorder::restart(const QStringList &answers, const QStringList &state)
 {
+    m_answers = answers;
     m_state = state;
     m_steps.clear();
     Q_EMIT countChanged();
@@ -43,8 +44,9 @@ void ScenarioRecorder::record(const QString &command)
 QString ScenarioRecorder::text() const
 {
     QStringList lines = {QString::fromLatin1(firstLine()),
-                         QStringLiteral("# zelta-engine-sim --scenario FILE plays it."),
-                         QStringLiteral("wait-for module")};
+                         QStringLiteral("# zelta-engine-sim --scenario FILE plays it.")};
+    lines += m_answers;
+    lines.append(QStringLiteral("wait-for module"));
     lines += m_state;
     // Pauses instead of times since the start, because the module may appear late.
     qint64 previous = 0;
@@ -60,10 +62,11 @@ QString ScenarioRecorder::save(const QString &path) const
 {
     if (m_steps.isEmpty())
         return QStringLiteral("nothing is recorded yet");
-    if (path.trimmed().isEmpty())
+    const QString trimmed = path.trimmed();
+    if (trimmed.isEmpty())
         return QStringLiteral("the scenario needs a file name");
     const QString full =
-        path.startsWith(QLatin1String("~/")) ? QDir::homePath() + path.mid(1) : path.trimmed();
+        trimmed.startsWith(QLatin1String("~/")) ? QDir::homePath() + trimmed.mid(1) : trimmed;
     if (QFileInfo::exists(full) && !isRecordedScenario(full))
         return QStringLiteral("%1 exists and is not a recorded scenario").arg(full);
     QSaveFile file(full);

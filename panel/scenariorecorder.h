@@ -20,9 +20,9 @@ public:
     int count() const { return m_steps.size(); }
     bool isFull() const { return count() == capacity; }
 
-    /// Discards all commands. The scenario begins with state: commands that bring an engine to its present
-    /// state.
-    void restart(const QStringList &state);
+    /// Discards all commands. The scenario begins with commands that bring an engine to its present state:
+    /// answers before it waits for the module, state after that.
+    void restart(const QStringList &answers, const QStringList &state);
 
     /// Adds a command that was run now.
     void record(const QString &command);
@@ -44,6 +44,7 @@ private:
         QString command;
     };
 
+    QStringList m_answers;
     QStringList m_state;
     QVector<Step> m_steps;
     QElapsedTimer m_sinceFirst;

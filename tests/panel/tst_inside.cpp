@@ -32,6 +32,7 @@ private Q_SLOTS:
     void failureModeActsWithinATransfer();
     void allFailureModesSwitchOff();
     void numberOfAnActiveModeChanges();
+    void numberFollowsTypedCommands();
     void outputMetersAreSetByHand_data();
     void outputMetersAreSetByHand();
     void compressorMetersAreSetByHand_data();
@@ -39,6 +40,8 @@ private Q_SLOTS:
     void metersFollowTheHitsAgain();
     void answersAreSet_data();
     void answersAreSet();
+    void answersAreShown_data();
+    void answersAreShown();
     void realKitPlays();
     void kitThatCannotBeReadIsExplained();
     void transferIsShown();
@@ -156,6 +159,32 @@ void InsideTest::numberOfAnActiveModeChanges()
     QCOMPARE(active.first().value, 33);
 }
 
+void InsideTest::numberFollowsTypedCommands()
+{
+    QVERIFY(showFailure(0));
+    const QQuickItem *box = m_open->find("failure-number-resend");
+    QVERIFY(box != nullptr);
+    const auto shown = [box] {
+        return box->property("value").toInt();
+    };
+    QVERIFY(m_open->type(QStringLiteral("failure-number-resend"), "21"));
+    QVERIFY(m_open->click("failure-resend"));
+    QCOMPARE(m_open->command(), QStringLiteral("fail resend=21"));
+    QCOMPARE(shown(), 21);
+    QVERIFY(m_open->panel.run(QStringLiteral("fail resend off")));
+    QVERIFY(m_open->panel.run(QStringLiteral("fail resend=9")));
+    QCOMPARE(shown(), 9);
+    const QQuickItem *digits =
+        OpenPanel::findIn(m_open->find("failure-number-resend"), QStringLiteral("digits"));
+    QCOMPARE(digits->property("text").toString(), QStringLiteral("9"));
+    // A step of the box, and another command.
+    QVERIFY(m_open->click(QStringLiteral("failure-number-resend"), 0.95));
+    QCOMPARE(m_open->command(), QStringLiteral("fail resend=10"));
+    QVERIFY(m_open->panel.run(QStringLiteral("fail resend off")));
+    QVERIFY(m_open->panel.run(QStringLiteral("fail resend=4")));
+    QCOMPARE(shown(), 4);
+}
+
 void InsideTest::outputMetersAreSetByHand_data()
 {
     QTest::addColumn<int>("meter");
@@ -264,6 +293,89 @@ void InsideTest::answersAreSet()
     QCOMPARE(m_open->sent(), reported);
     QVERIFY(m_open->peer.send(query));
     QCOMPARE(m_open->sent(), QList<QByteArray>{answer});
+}
+
+void InsideTest::answersAreShown_data()
+{
+    QTest::addColumn<QStringList>("boxes");
+    QTest::addColumn<QVector<int>>("usual");
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QVector<int>>("changed");
+    QTest::addColumn<QByteArray>("query");
+    QTest::addColumn<QByteArray>("usualAnswer");
+    QTest::addColumn<QByteArray>("changedAnswer");
+    const QStringList version = {QStringLiteral("major"), QStringLiteral("minor")};
+    QTest::newRow("version-zelta") << version << QVector<int>{1, 0} << QStringLiteral("version zelta 2 1")
+                                   << QVector<int>{2, 1} << hex("564E0000") << hex("564E4143 0001 0000")
+                                   << hex("564E4143 0002 0001");
+    QTest::newRow("version-trigger") << version << QVector<int>{0, 100}
+                                     << QStringLiteral("version trigger 0 103") << QVector<int>{0, 103}
+                                     << hex("54560000") << hex("54564143 0000 0064")
+                                     << hex("54564143 0000 0067");
+    QTest::newRow("version-soundbank")
+        << version << QVector<int>{1, 0} << QStringLiteral("version soundbank 65535 2")
+        << QVector<int>{65535, 2} << hex("534E0000") << hex("534E4143 0001 0000")
+        << hex("534E4143 FFFF 0002");
+    QTest::newRow("version-triggerbank")
+        << version << QVector<int>{0, 100} << QStringLiteral("version triggerbank 3 0") << QVector<int>{3, 0}
+        << hex("544E0000") << hex("544E4143 0000 0064") << hex("544E4143 0003 0000");
+    QTest::newRow("hihat-raw") << QStringList{QStringLiteral("value")} << QVector<int>{512}
+                               << QStringLiteral("hihat-raw 700") << QVector<int>{700} << hex("484C0000")
+                               << hex("484C4143 0200 0000") << hex("484C4143 02BC 0000");
+    QTest::newRow("flash") << QStringList{QStringLiteral("high"), QStringLiteral("low")}
+                           << QVector<int>{512, 256} << QStringLiteral("flash 9 8") << QVector<int>{9, 8}
+                           << hex("494D0003 0BB9633D 0BB9620F 0BB90600") << hex("46524143 0200 0100")
+                           << hex("46524143 0009 0008");
+}
+
+// The boxes show what the engine answers, so a touch of the button changes nothing.
+void InsideTest::answersAreShown()
+{
+    QFETCH(QStringList, boxes);
+    QFETCH(QVector<int>, usual);
+    QFETCH(QString, command);
+    QFETCH(QVector<int>, changed);
+    QFETCH(QByteArray, query);
+    QFETCH(QByteArray, usualAnswer);
+    QFETCH(QByteArray, changedAnswer);
+    const QString name = QString::fromLatin1(QTest::currentDataTag());
+    // A new engine.
+    m_open = std::make_unique<OpenPanel>();
+    QVERIFY(m_open->isOpen());
+    QVERIFY(m_open->click("tab-answers"));
+    const auto shown = [&] {
+        QVector<int> numbers;
+        for (const QString &box : qAsConst(boxes)) {
+            QQuickItem *item = m_open->find(name + QLatin1Char('-') + box);
+            if (item == nullptr)
+                continue;
+            numbers.append(item->property("value").toInt());
+            const QQuickItem *digits = OpenPanel::findIn(item, QStringLiteral("digits"));
+            if (digits->property("text").toString() != QString::number(numbers.constLast()))
+                numbers.append(-1);
+        }
+        return numbers;
+    };
+    QCOMPARE(shown(), usual);
+    QVERIFY(m_open->click(name + QStringLiteral("-set")));
+    m_open->sent();
+    QVERIFY(m_open->peer.send(query));
+    QCOMPARE(m_open->sent(), QList<QByteArray>{usualAnswer});
+
+    QVERIFY(m_open->panel.run(command));
+    QCOMPARE(shown(), changed);
+    QVERIFY(m_open->click(name + QStringLiteral("-set")));
+    QCOMPARE(m_open->command(), command);
+    m_open->sent();
+    QVERIFY(m_open->peer.send(query));
+    QCOMPARE(m_open->sent(), QList<QByteArray>{changedAnswer});
+
+    // What is typed stays while something else happens.
+    QVERIFY(m_open->type(name + QLatin1Char('-') + boxes.first(), "77"));
+    QVERIFY(m_open->panel.run(QStringLiteral("strike snare")));
+    QVERIFY(m_open->click(name + QStringLiteral("-set")));
+    changed.first() = 77;
+    QCOMPARE(shown(), changed);
 }
 
 void InsideTest::realKitPlays()

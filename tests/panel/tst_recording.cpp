@@ -10,6 +10,8 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
+#include <sys/stat.h>
+
 class RecordingTest : public QObject
 {
     Q_OBJECT
@@ -19,7 +21,9 @@ private Q_SLOTS:
     void cleanup();
     void playedBackItGivesTheSameDatagrams();
     void beginsWithTheStateOfTheEngine();
+    void stateIsPlayedBack();
     void newRecordingIsEmpty();
+    void drumKitIsRecorded();
     void recordsWhatHadAnEffect();
     void isBounded();
     void isNotSaved_data();
@@ -123,6 +127,59 @@ void RecordingTest::beginsWithTheStateOfTheEngine()
     QCOMPARE(steps(), (QStringList{QStringLiteral("wait-for module"), QStringLiteral("fail resend=9"),
                                    QStringLiteral("fail bad-checksum"), QStringLiteral("meters off"),
                                    QStringLiteral("groove on")}));
+    for (const char *command :
+         {"fail none", "groove off", "answers off", "version trigger 2 5", "version zelta 1 0", "hihat-raw 9",
+          "flash 7 8", "meters 1 2 0 4 0", "comp pad 3", "comp monitor 0 6", "comp 9 0"})
+        QVERIFY2(m_open->panel.run(QString::fromLatin1(command)), command);
+    QVERIFY(m_open->click("scenario-new"));
+    // Version 1.0 is the usual one.
+    QCOMPARE(steps(), (QStringList{QStringLiteral("answers off"), QStringLiteral("version trigger 2 5"),
+                                   QStringLiteral("hihat-raw 9"), QStringLiteral("wait-for module"),
+                                   QStringLiteral("flash 7 8"), QStringLiteral("meters 1 2 0 4"),
+                                   QStringLiteral("comp monitor 0 6"), QStringLiteral("comp pad 3"),
+                                   QStringLiteral("comp 9 0"), QStringLiteral("meters off")}));
+}
+
+// An engine without a panel gives the same answers as the panel at the moment when the recording began.
+void RecordingTest::stateIsPlayedBack()
+{
+    for (const char *command :
+         {"version zelta 2 1", "version trigger 2 5", "version soundbank 3 3", "version triggerbank 4 4",
+          "hihat-raw 9", "flash 7 8", "meters 1 2 0 4", "comp monitor 0 6", "meters off"})
+        QVERIFY2(m_open->panel.run(QString::fromLatin1(command)), command);
+    QVERIFY(m_open->click("scenario-new"));
+    QVERIFY(m_open->panel.run(QStringLiteral("beat 1")));
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("x.scenario"));
+    QCOMPARE(m_open->panel.recorder()->save(path), QString());
+
+    simulated::Scenario scenario;
+    QString problem;
+    QVERIFY2(scenario.load(path, &problem), qPrintable(problem));
+    SoundEngine engine;
+    QVERIFY(Peer::listen(&engine));
+    simulated::playStandalone(&engine, false);
+    simulated::ScenarioPlayer player(scenario, &engine);
+    QSignalSpy finished(&player, &simulated::ScenarioPlayer::finished);
+    QSignalSpy notSent(&player, &simulated::ScenarioPlayer::notSent);
+    player.start();
+    Peer peer(&engine);
+    engine.setModule(QHostAddress(QHostAddress::LocalHost), peer.port());
+    QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 1, 60000);
+    QCOMPARE(notSent.count(), 0);
+    QCOMPARE(peer.take().constLast(), hex("42544143 0001 0000"));
+
+    m_open->sent();
+    // Versions, the hi-hat's raw value, memory, output and compressor meters.
+    for (const char *question :
+         {"564E0000", "54560000", "534E0000", "544E0000", "484C0000", "494D0003 0BB9633D 0BB9620F 0BB90600",
+          "494D0003 0BB9633B 0BB9621F 0BB90600", "494D0003 0BB96339 0BB9621F 0BB90600"}) {
+        QVERIFY2(m_open->peer.send(question), question);
+        QVERIFY2(peer.send(question), question);
+        const QList<QByteArray> answers = peer.take();
+        QCOMPARE(answers.size(), 1);
+        QCOMPARE(answers, m_open->sent());
+    }
 }
 
 void RecordingTest::newRecordingIsEmpty()
@@ -132,6 +189,33 @@ void RecordingTest::newRecordingIsEmpty()
     QVERIFY(m_open->click("scenario-new"));
     QCOMPARE(m_open->panel.recorder()->count(), 0);
     QCOMPARE(steps().filter(QStringLiteral("beat")), QStringList());
+}
+
+void RecordingTest::drumKitIsRecorded()
+{
+    QTemporaryDir folder;
+    const QString fifo = folder.filePath(QStringLiteral("kit"));
+    QCOMPARE(::mkfifo(fifo.toLocal8Bit().constData(), 0600), 0);
+    m_open->panel.kit()->connectTo(fifo);
+    QFile writer(fifo);
+    QVERIFY(writer.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+    const auto play = [&](const char *bytes, int commands) {
+        const QByteArray midi = QByteArray::fromHex(bytes);
+        const int before = m_open->panel.recorder()->count();
+        return writer.write(midi) == midi.size() && QTest::qWaitFor([&, before] {
+                   return m_open->panel.recorder()->count() == before + commands;
+               });
+    };
+    // A snare, a note without a pad, the end of a note, a choked cymbal, the pedal, another controller, a
+    // program.
+    QVERIFY(play("99 26 64  99 02 50  99 26 00  A9 31 7F  B9 04 40  B9 07 40  C9 05", 5));
+    const QRegularExpression pause(QStringLiteral("^after \\d+ "));
+    QStringList commands = steps();
+    for (QString &command : commands)
+        command.remove(pause);
+    QCOMPARE(commands, (QStringList{QStringLiteral("wait-for module"), QStringLiteral("strike snare 100"),
+                                    QStringLiteral("strike 2 80"), QStringLiteral("choke crash1 127"),
+                                    QStringLiteral("hihat 64"), QStringLiteral("program 5")}));
 }
 
 void RecordingTest::recordsWhatHadAnEffect()
@@ -146,7 +230,7 @@ void RecordingTest::recordsWhatHadAnEffect()
 void RecordingTest::isBounded()
 {
     ScenarioRecorder recorder;
-    recorder.restart({});
+    recorder.restart({}, {});
     for (int i = 0; i < ScenarioRecorder::capacity + 10; ++i)
         recorder.record(QStringLiteral("beat 1"));
     QCOMPARE(recorder.count(), int(ScenarioRecorder::capacity));
@@ -205,6 +289,11 @@ void RecordingTest::savesBelowTheHomeFolder()
     qputenv("HOME", home);
     QCOMPARE(problem, QString());
     QVERIFY(QFile::exists(folder.filePath(QStringLiteral("x.scenario"))));
+    qputenv("HOME", folder.path().toLocal8Bit());
+    const QString padded = m_open->panel.recorder()->save(QStringLiteral("  ~/y.scenario "));
+    qputenv("HOME", home);
+    QCOMPARE(padded, QString());
+    QVERIFY(QFile::exists(folder.filePath(QStringLiteral("y.scenario"))));
 }
 
 int main(int argc, char *argv[])

@@ -9,6 +9,9 @@ Templates.SpinBox {
 
     implicitWidth: 92
     implicitHeight: Theme.row
+    // The indicators, which the input must not cover.
+    leftPadding: 22
+    rightPadding: 22
     editable: true
     focusPolicy: Qt.StrongFocus
     to: 65535
@@ -17,10 +20,9 @@ Templates.SpinBox {
     valueFromText: function (text) { return parseInt(text, 10) || 0; }
     validator: IntValidator { bottom: box.from; top: box.to }
 
-    // Takes over what is typed and returns it.
-    function commit() {
-        value = valueFromText(contentItem.text);
-        return value;
+    // What is typed. The value itself is not assigned, because that would remove its binding.
+    function typed() {
+        return Math.max(from, Math.min(to, valueFromText(contentItem.text)));
     }
 
     background: Rectangle {
@@ -31,8 +33,6 @@ Templates.SpinBox {
     }
     contentItem: TextInput {
         objectName: "digits"
-        leftPadding: 22
-        rightPadding: 22
         text: box.displayText
         color: Theme.text
         selectionColor: Theme.accent
@@ -46,7 +46,7 @@ Templates.SpinBox {
         onAccepted: box.entered()
     }
     down.indicator: Rectangle {
-        width: 22
+        width: box.leftPadding
         height: box.height
         radius: Theme.radius
         color: box.down.pressed ? Theme.pressed : "transparent"
@@ -54,7 +54,7 @@ Templates.SpinBox {
     }
     up.indicator: Rectangle {
         x: box.width - width
-        width: 22
+        width: box.rightPadding
         height: box.height
         radius: Theme.radius
         color: box.up.pressed ? Theme.pressed : "transparent"

@@ -12,10 +12,9 @@ Item {
     property alias to: box.to
 
     implicitHeight: Theme.row
-    onStartChanged: box.value = start
 
     function send() {
-        panel.run(name + " " + box.commit());
+        panel.run(name + " " + box.typed());
     }
 
     Caption {

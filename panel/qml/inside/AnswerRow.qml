@@ -8,7 +8,8 @@ Item {
     property string name // the command without its numbers
     property string label
     property var labels: []
-    property var start: [0, 0]
+    // The numbers that the engine answers now.
+    readonly property var answer: panel.answers[name]
     readonly property string key: name.replace(" ", "-")
 
     width: parent.width
@@ -17,7 +18,7 @@ Item {
     function send() {
         var numbers = [];
         for (var i = 0; i < boxes.count; ++i)
-            numbers.push(boxes.itemAt(i).commit());
+            numbers.push(boxes.itemAt(i).typed());
         panel.run(name + " " + numbers.join(" "));
     }
 
@@ -35,8 +36,10 @@ Item {
             model: row.labels
             Row {
                 spacing: Theme.tight
-                function commit() {
-                    return box.commit();
+                // Changes only with this number, so that other commands leave alone what is typed.
+                readonly property int number: row.answer[index]
+                function typed() {
+                    return box.typed();
                 }
                 Caption {
                     height: Theme.row
@@ -45,7 +48,7 @@ Item {
                 NumberBox {
                     id: box
                     objectName: row.key + "-" + modelData
-                    value: row.start[index]
+                    value: number
                     onEntered: row.send()
                 }
             }

@@ -16,7 +16,7 @@ Item {
         AnswerRow { name: "version triggerbank"; label: "Trigger bank version"; labels: ["major", "minor"] }
         AnswerRow { name: "hihat-raw"; label: "Hi-hat raw value"; labels: ["value"] }
         Caption { text: "Reported at once, and when the module asks"; color: Theme.text; font.bold: true }
-        AnswerRow { name: "flash"; label: "Memory"; labels: ["high", "low"]; start: [512, 256] }
+        AnswerRow { name: "flash"; label: "Memory"; labels: ["high", "low"] }
         Caption { text: "An electronic drum kit that plays the screen"; color: Theme.text; font.bold: true }
         KitRow { width: parent.width }
     }

@@ -62,7 +62,7 @@ Item {
                     if (active)
                         mode.turnOff();
                     else
-                        mode.turnOn(box.commit());
+                        mode.turnOn(box.typed());
                 }
                 onActiveFocusChanged: {
                     if (activeFocus)
@@ -101,7 +101,7 @@ Item {
                 to: 0xFFFFFF
                 value: number
                 // A mode that is on starts again with the new number.
-                onEntered: change(commit())
+                onEntered: change(typed())
                 onValueModified: change(value)
                 function change(count) {
                     if (active && count !== number) {
