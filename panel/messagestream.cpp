@@ -1,6 +1,5 @@
 #include "messagestream.h"
 
-
 #include "simulator/soundengine.h"
 
 #include <QTime>

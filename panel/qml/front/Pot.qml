@@ -6,7 +6,6 @@ import "../style"
 Item {
     id: pot
     property int number: 0
-    property int turned: 0
 
     objectName: "pot-" + number
     implicitWidth: 110
@@ -14,7 +13,6 @@ Item {
     activeFocusOnTab: true
 
     function turn(sign) {
-        turned += sign === "+" ? 1 : -1;
         panel.run("pot " + number + " " + sign);
     }
 
