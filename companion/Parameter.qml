@@ -23,7 +23,8 @@ QtObject {
     property string unit
     readonly property string text: format(value) + (unit ? " " + unit : "")
 
-    // At least this time between two calls, in milliseconds. The latest value is always sent.
+    // At least this time between two calls, in milliseconds. The latest value is always sent: a value that waits is sent at
+    // once when the arguments change and when the object is deleted.
     property int interval: 0
 
     // What was sent last with the present arguments; undefined: nothing.
@@ -48,14 +49,18 @@ QtObject {
     }
     // Sends the value again, for example after a restart of the engine.
     function resend() {
-        send();
+        change();
     }
 
     // Restricts a number to the range and the steps.
     function nearest(number) {
-        var bounded = Math.min(to, Math.max(from, number));
         // Steps of 0.1 would otherwise appear as 0.30000000000000004.
-        return stepSize > 0 ? Math.min(to, Number((Math.round(bounded / stepSize) * stepSize).toFixed(6))) : bounded;
+        var stepped = stepSize > 0 ? Number((Math.round(bounded(number) / stepSize) * stepSize).toFixed(6)) : number;
+        // The ends of the range need not be multiples of the step.
+        return bounded(stepped);
+    }
+    function bounded(number) {
+        return Math.min(to, Math.max(from, number));
     }
     function format(number) {
         return String(Number(number.toFixed(stepSize > 0 ? 6 : 2)));

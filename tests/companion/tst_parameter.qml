@@ -66,6 +66,11 @@ TestCase {
             { tag: "rounded", value: 2.6, sent: ["level 3"] },
             { tag: "above the range", value: 900, sent: ["level 127"] },
             { tag: "below the range", set: { from: 20 }, value: 1, sent: [] },
+            { tag: "lower end is no multiple of the step", set: { from: -15, to: 15, stepSize: 4, initial: 0 }, value: -15,
+              sent: ["level -15"] },
+            { tag: "upper end is no multiple of the step", set: { from: -15, to: 15, stepSize: 4, initial: 0 }, value: 15,
+              sent: ["level 15"] },
+            { tag: "beside the lower end", set: { from: 3, stepSize: 4, initial: 127 }, value: 3, sent: ["level 4"] },
             { tag: "tenths", set: { stepSize: 0.1 }, value: 0.3000001, sent: ["level 0.3"] },
             { tag: "without steps", set: { stepSize: 0 }, value: 0.123, sent: ["level 0.123"] },
             { tag: "switch", set: { to: 1 }, value: true, sent: ["level 1"] },
@@ -95,6 +100,15 @@ TestCase {
     function test_resend() {
         parameter.set(5);
         parameter.resend();
+        compare(zelta.calls, ["level 5", "level 5"]);
+    }
+    function test_resendWaitsForTheInterval() {
+        parameter.interval = 100;
+        parameter.set(5);
+        parameter.resend();
+        parameter.resend();
+        compare(zelta.calls, ["level 5"]);
+        tryVerify(function() { return zelta.calls.length > 1; }, patience);
         compare(zelta.calls, ["level 5", "level 5"]);
     }
     function test_limitedRate() {
