@@ -54,7 +54,7 @@ QtObject {
     // An Engine or a ZeltaConnect.
     property QtObject engine: null
     property int kind: FileTransfer.NoKind
-    // A path or a file URL.
+    // A path or a file URL. The module gets the path without empty parts, "." and "..".
     property var source: ""
     // Of imports only: 0 to 65535.
     property real slot: -1

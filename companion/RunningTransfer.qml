@@ -212,15 +212,17 @@ QtObject {
         }
     }
     function takeEnd(status) {
-        // Without progress, only the time tells whether this can be the end of the file.
-        if (isOver || kind.firmware && (!isBegun || isSizeKnown && since(calledAt) < Kinds.shortestMs(kind, job.size)))
+        // Without progress, only the time shows whether this can be the end of the file. A file that has become shorter ends
+        // earlier, with an error.
+        var isEarly = kind.firmware && isSizeKnown && since(calledAt) < Kinds.shortestMs(kind, job.size);
+        if (isOver || kind.firmware && !isBegun || isEarly && status === 0)
             return;
         isEndSeen = true;
         endStatus = status;
         endAt = Date.now();
         if (isCompleted) {
             conclude();
-        } else if (kind.firmware) {
+        } else if (kind.firmware && !isEarly) {
             isAllSent = true;
             allSentAt = endAt;
             estimate.stop();

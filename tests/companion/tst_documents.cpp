@@ -24,6 +24,12 @@ public:
         // The larger ones have no blocks on disk.
         resize(QStringLiteral("bank"), QStringLiteral("bank.bin"), 5000);
         resize(QStringLiteral("odd"), odd, 5000);
+        resize(QStringLiteral("dots"), QStringLiteral("..two..dots."), 5000);
+        const QString deep = QStringLiteral("kits #1? 100%41 .");
+        if (!QDir(m_dir.path()).mkpath(deep + QStringLiteral("/folder")))
+            qFatal("no folder");
+        resize(QStringLiteral("deep"), deep + QStringLiteral("/bank.bin"), 5000);
+        m_files.insert(QStringLiteral("deepFolder"), m_dir.filePath(deep + QStringLiteral("/folder")));
         resize(QStringLiteral("empty"), QStringLiteral("empty.bin"), 0);
         resize(QStringLiteral("firmware"), QStringLiteral("firmware.bin"), 70LL * 1024 * 1024);
         resize(QStringLiteral("huge"), QStringLiteral("huge.bin"), 0x100000000LL);
@@ -32,6 +38,8 @@ public:
             qFatal("no pipe");
         m_files.insert(QStringLiteral("pipe"), pipe);
         m_files.insert(QStringLiteral("folder"), m_dir.path());
+        m_files.insert(QStringLiteral("folderName"), QDir(m_dir.path()).dirName());
+        m_files.insert(QStringLiteral("deepUrl"), urlOf(QStringLiteral("deep")));
         m_files.insert(QStringLiteral("bankUrl"), urlOf(QStringLiteral("bank")));
         m_files.insert(QStringLiteral("oddUrl"), urlOf(QStringLiteral("odd")));
     }

@@ -17,6 +17,13 @@ TransferCase {
               reason: FileTransfer.FileMissing },
             { tag: "folder", set: { source: files.folder }, reason: FileTransfer.NotAFile },
             { tag: "root folder", set: { source: "/" }, reason: FileTransfer.NotAFile },
+            { tag: "file with a slash", set: { source: files.bank + "/" }, reason: FileTransfer.NotAFile },
+            { tag: "file as a folder", set: { source: files.bank + "/." }, reason: FileTransfer.NotAFile },
+            { tag: "folder with a slash", set: { source: files.folder + "/" }, reason: FileTransfer.NotAFile },
+            { tag: "folder above", set: { source: files.folder + "/.." }, reason: FileTransfer.NotAFile },
+            { tag: "folder in one with special characters", set: { source: files.deepFolder }, reason: FileTransfer.NotAFile },
+            { tag: "no file in a folder with special characters", set: { source: files.deepFolder + "/../none.bin" },
+              reason: FileTransfer.NotAFile },
             { tag: "device", set: { source: "/dev/zero" }, reason: FileTransfer.NotAFile },
             { tag: "pipe", set: { source: files.pipe }, reason: FileTransfer.NotAFile },
             { tag: "empty file", set: { source: files.empty }, reason: FileTransfer.FileEmpty },
@@ -77,7 +84,15 @@ TransferCase {
             { tag: "upper case", source: "FILE://" + files.bank, path: files.bank },
             { tag: "path with special characters", source: files.odd, path: files.odd },
             { tag: "URL with special characters", source: files.oddUrl, path: files.odd },
-            { tag: "doubled slashes", source: files.folder + "//bank.bin", path: files.folder + "//bank.bin" }
+            { tag: "doubled slashes", source: files.folder + "//bank.bin", path: files.bank },
+            { tag: "the same folder", source: files.folder + "/./bank.bin", path: files.bank },
+            { tag: "folder above", source: files.folder + "/sub/../bank.bin", path: files.bank },
+            { tag: "above and down again", source: files.folder + "/../" + files.folderName + "/bank.bin", path: files.bank },
+            { tag: "above the root", source: "/../.." + files.bank, path: files.bank },
+            { tag: "URL of the folder above", source: "file://" + files.folder + "/sub/%2e%2E/bank.bin", path: files.bank },
+            { tag: "name with two dots", source: files.dots, path: files.dots },
+            { tag: "folder with special characters", source: files.deep, path: files.deep },
+            { tag: "URL of a folder with special characters", source: files.deepUrl, path: files.deep }
         ];
     }
     function test_sources(row) {
@@ -248,6 +263,24 @@ TransferCase {
         compare(transfer.state, FileTransfer.Sending);
         zelta.intTriggerFirmwareUpdateFinished();
         end(transfer, FileTransfer.Failed, FileTransfer.NotAcknowledged);
+    }
+    // A file that becomes shorter is sent earlier, and the engine reports an error.
+    function test_earlyErrorOfFirmware_data() {
+        return [
+            { tag: "then the end", acknowledged: false, state: FileTransfer.Failed, reason: FileTransfer.Damaged },
+            { tag: "then an acknowledgement", acknowledged: true, state: FileTransfer.Done, reason: FileTransfer.NoReason }
+        ];
+    }
+    function test_earlyErrorOfFirmware(row) {
+        transfer.kind = FileTransfer.TriggerFirmware;
+        transfer.source = row.acknowledged ? files.bank : files.firmware;
+        begin(transfer);
+        zelta.intTriggerFirmwareUpdateStarted(1, 2);
+        zelta.acknowledgeEnd(1);
+        if (row.acknowledged)
+            zelta.acknowledgeEnd(0);
+        zelta.intTriggerFirmwareUpdateFinished();
+        end(transfer, row.state, row.reason);
     }
     function test_signalsForOtherSlotsAreIgnored() {
         transfer.kind = FileTransfer.WaveImport;
