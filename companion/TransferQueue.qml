@@ -62,7 +62,7 @@ QtObject {
         else if (size === 0)
             failure = { reason: FileTransfer.FileEmpty, message: "The file " + job.path + " is empty." };
         else if (size > Kinds.largestSize)
-            failure = { reason: FileTransfer.FileTooLarge, message: "The file " + job.path + " is larger than 4 GiB." };
+            failure = { reason: FileTransfer.FileTooLarge, message: "The file " + job.path + " is 4 GiB or larger." };
         if (failure) {
             waiting.splice(waiting.indexOf(job), 1);
             end(job, FileTransfer.Failed, failure.reason, failure.message);

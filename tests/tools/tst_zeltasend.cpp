@@ -386,7 +386,7 @@ void ZeltaSendTest::badFiles_data()
     const QString huge = path("huge.b00");
     QFile hugeFile(huge);
     if (hugeFile.open(QIODevice::WriteOnly) && hugeFile.resize(0x100000000LL))
-        QTest::newRow("too large") << QStringList{huge} << QStringLiteral("larger than 4 GiB");
+        QTest::newRow("too large") << QStringList{huge} << QStringLiteral("4 GiB or larger");
 }
 
 void ZeltaSendTest::badFiles()

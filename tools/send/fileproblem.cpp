@@ -15,7 +15,7 @@ QString fileProblem(const QString &path)
     if (info.size() == 0)
         return QStringLiteral("the file is empty: %1").arg(path);
     if (info.size() > qint64(std::numeric_limits<quint32>::max()))
-        return QStringLiteral("the file is larger than 4 GiB: %1").arg(path);
+        return QStringLiteral("the file is 4 GiB or larger: %1").arg(path);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return QStringLiteral("cannot read %1: %2").arg(path, file.errorString());
