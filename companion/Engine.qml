@@ -16,7 +16,7 @@ QtObject {
     readonly property int silentFor: silentSteps * step
     // The events of the last second.
     readonly property int eventsPerSecond: recent + before
-    // The kinds of events of the last two seconds, the most frequent first, for example ["levels", "note"].
+    // The kinds of events of the last second, the most frequent first, for example ["levels", "note"].
     property var lastKinds: []
     // The position of the hi-hat pedal, 0 to 127.
     property int pedal: 0

@@ -15,7 +15,7 @@ var all = [
       packetBytes: 512, pauseMs: 7, endWaitMs: 15000 },
     { noun: "wave sample for a slot", method: "sendImportWaveSample", slotted: true,
       packetBytes: 512, pauseMs: 7, endWaitMs: 15000 },
-    { noun: "bluetooth firmware", method: "sendBtFw", set: true,
+    { noun: "bluetooth firmware", method: "sendBtFw",
       packetBytes: 512, pauseMs: 1, endWaitMs: 15000 }
 ];
 

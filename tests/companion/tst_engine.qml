@@ -58,7 +58,7 @@ TestCase {
         verify(engine.send([strike, strike, strike, strike, "BT AC 0003 0000", "BT AC 0004 0000"].join("|")));
         tryVerify(function() { return subject.lastKinds.length > 0; }, patience);
         compare(subject.lastKinds.slice(0, 2), ["note", "beat"]);
-        // They are forgotten after two seconds.
+        // They are forgotten after a second.
         tryCompare(subject, "lastKinds", [], patience);
         tryCompare(subject, "eventsPerSecond", 0, patience);
     }
