@@ -4,6 +4,8 @@
 #include "support/patience.h"
 #include "support/testprogram.h"
 
+#include <QCoreApplication>
+#include <QMouseEvent>
 #include <QQmlComponent>
 #include <QSGRendererInterface>
 #include <QSignalSpy>
@@ -64,6 +66,19 @@ QQuickItem *ShellScreen::itemNamed(QQuickItem *root, const QString &name)
             return found;
     }
     return nullptr;
+}
+
+void ShellScreen::sendMouse(QQuickItem *item, QEvent::Type type, Qt::MouseButtons held)
+{
+    const QPointF middle(item->width() / 2, item->height() / 2);
+    QMouseEvent event(type, middle, middle, middle, Qt::LeftButton, held, Qt::NoModifier);
+    QCoreApplication::sendEvent(item, &event);
+}
+
+void ShellScreen::touch(QQuickItem *item)
+{
+    sendMouse(item, QEvent::MouseButtonPress, Qt::LeftButton);
+    sendMouse(item, QEvent::MouseButtonRelease, Qt::NoButton);
 }
 
 bool ShellScreen::has(const QObject *object, const char *signature)

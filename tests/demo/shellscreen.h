@@ -35,6 +35,9 @@ public:
     static QObject *objectOf(const QObject *owner, const char *property);
     /// The first visible item with this object name, or null.
     static QQuickItem *itemNamed(QQuickItem *root, const QString &name);
+    static void sendMouse(QQuickItem *item, QEvent::Type type, Qt::MouseButtons held);
+    /// Presses and releases in the middle of the item.
+    static void touch(QQuickItem *item);
     static bool has(const QObject *object, const char *signature);
 
 private:

@@ -11,7 +11,6 @@
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
-#include <QMouseEvent>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -26,19 +25,6 @@ QString &refusal()
 {
     static QString text;
     return text;
-}
-
-void sendMouse(QQuickItem *item, QEvent::Type type, Qt::MouseButtons held)
-{
-    const QPointF middle(item->width() / 2, item->height() / 2);
-    QMouseEvent event(type, middle, middle, middle, Qt::LeftButton, held, Qt::NoModifier);
-    QCoreApplication::sendEvent(item, &event);
-}
-
-void touch(QQuickItem *item)
-{
-    sendMouse(item, QEvent::MouseButtonPress, Qt::LeftButton);
-    sendMouse(item, QEvent::MouseButtonRelease, Qt::NoButton);
 }
 
 // The part of a control that takes touches.
@@ -154,7 +140,7 @@ QQuickItem *AnswersTest::control(const QString &page, const QString &name)
 void AnswersTest::touchControl(const QString &page, const QString &name)
 {
     if (QQuickItem *item = control(page, name))
-        touch(item);
+        ShellScreen::touch(item);
 }
 
 bool AnswersTest::shows(const QString &page, const QString &text)
@@ -282,13 +268,13 @@ void AnswersTest::dangerousButtonMustBeHeld()
     QQuickItem *button = buttonWithText(m_screen.open(page), text);
     QVERIFY(button);
     m_received.clear();
-    touch(button);
+    ShellScreen::touch(button);
     QCOMPARE(receivedUntilFence(), QStringList());
 
     m_received.clear();
-    sendMouse(button, QEvent::MouseButtonPress, Qt::LeftButton);
+    ShellScreen::sendMouse(button, QEvent::MouseButtonPress, Qt::LeftButton);
     QTRY_VERIFY_WITH_TIMEOUT(m_received.contains(message), patienceMs);
-    sendMouse(button, QEvent::MouseButtonRelease, Qt::NoButton);
+    ShellScreen::sendMouse(button, QEvent::MouseButtonRelease, Qt::NoButton);
     m_received.removeAll(message);
     QCOMPARE(receivedUntilFence(), QStringList());
 }
@@ -460,11 +446,11 @@ void AnswersTest::catalogueIsReplaced()
 
     QQuickItem *button = control(programs, QStringLiteral("replaceCatalogue"));
     QVERIFY(button);
-    touch(button);
+    ShellScreen::touch(button);
     QVERIFY(!shows(programs, text));
-    sendMouse(button, QEvent::MouseButtonPress, Qt::LeftButton);
+    ShellScreen::sendMouse(button, QEvent::MouseButtonPress, Qt::LeftButton);
     QTRY_VERIFY_WITH_TIMEOUT(shows(programs, text), patienceMs);
-    sendMouse(button, QEvent::MouseButtonRelease, Qt::NoButton);
+    ShellScreen::sendMouse(button, QEvent::MouseButtonRelease, Qt::NoButton);
     QCOMPARE(contentOf(catalogue), QByteArray(!folder ? "unreadable" : source ? "new" : "old"));
     touchControl(programs, QStringLiteral("showCatalogue"));
 }

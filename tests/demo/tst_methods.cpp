@@ -221,6 +221,11 @@ void MethodsTest::everyPage()
     QVERIFY2(ShellScreen::objectOf(loader, "item"), "the page cannot be loaded");
     QVERIFY(loader->isVisible());
 
+    QObject *transfer =
+        ShellScreen::objectOf(ShellScreen::objectOf(m_screen.shell(), "transfers"), "transfer");
+    QVERIFY(transfer);
+    if (QQuickItem *path = ShellScreen::itemNamed(loader, QStringLiteral("path")))
+        path->setProperty("text", QStringLiteral("/no/such/file"));
     for (int pass = 0; pass < passes; ++pass) {
         Items items;
         collect(loader, items);
@@ -228,6 +233,8 @@ void MethodsTest::everyPage()
             if (item && item->isVisible())
                 operate(item);
         }
+        // The next pass sends a file of another kind.
+        QMetaObject::invokeMethod(transfer, "cancel");
         // A choice may replace the items of the page.
         for (const QPointer<QQuickItem> &item : qAsConst(items)) {
             if (item && item->isVisible() && isChoice(item))
@@ -258,8 +265,6 @@ void MethodsTest::everyLiteralIsCalled()
 
 void MethodsTest::everyMethodIsCalled()
 {
-    // A QML module that the screen imports may call a method for the screen.
-    const QString imported = sourcesIn(testsupport::qmlDir());
     QStringList missing;
     int count = 0;
     for (int i = m_type->methodOffset(); i < m_type->methodCount(); ++i) {
@@ -268,8 +273,7 @@ void MethodsTest::everyMethodIsCalled()
             continue;
         ++count;
         const QString name = QString::fromLatin1(method.name());
-        const QRegularExpression call(QStringLiteral("\\.%1\\(|\"%1\"").arg(name));
-        if (!m_called.contains(name) && !imported.contains(call) && !exceptions().contains(name))
+        if (!m_called.contains(name) && !exceptions().contains(name))
             missing += name;
     }
     QVERIFY(count > 200);

@@ -23,6 +23,7 @@ Card {
         id: kinds
         spacing: Theme.tight
         Picker {
+            objectName: "transferKind"
             width: 296
             text: card.chosen.name
             onMoved: card.kind = (card.kind + direction + Transfers.kinds.length) % Transfers.kinds.length

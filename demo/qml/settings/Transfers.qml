@@ -55,8 +55,8 @@ QtObject {
         transfer.kind = chosen.kind;
         transfer.source = path;
         transfer.slot = chosen.slotted ? slot : -1;
-        // The companion makes this call.
-        Device.called(chosen.method, chosen.values);
-        transfer.start();
+        // The companion makes this call when it has checked the file.
+        if (transfer.start())
+            Device.called(chosen.method, chosen.values);
     }
 }
