@@ -53,6 +53,7 @@ Item {
     }
     StatusStrip {
         id: strip
+        objectName: "status"
         anchors { left: bar.right; right: parent.right; bottom: parent.bottom }
         address: shell.engineAddress
     }

@@ -5,9 +5,12 @@
 
 #include "demo/pages.h"
 #include "support/enginepeer.h"
+#include "support/patience.h"
 
 #include <QGuiApplication>
 #include <QTest>
+
+#include <algorithm>
 
 using namespace testsupport;
 
@@ -61,6 +64,14 @@ QRectF lettersOf(const QQuickItem *text)
     return {x, y + height / 5, width, height * 3 / 5};
 }
 
+bool hasText(QQuickItem *root, const QString &text)
+{
+    QVector<QQuickItem *> items;
+    collect(root, isText, items);
+    return std::any_of(items.begin(), items.end(),
+                       [&text](const QQuickItem *item) { return item->property("text").toString() == text; });
+}
+
 QString describe(const Placed &item)
 {
     return QStringLiteral("%1 at %2,%3 %4x%5")
@@ -82,6 +93,32 @@ bool overlap(const QRectF &one, const QRectF &other)
     return shared.width() > tolerance && shared.height() > tolerance;
 }
 
+// Texts below an item that are cut, outside of it or covered, one line each.
+QStringList textProblems(QQuickItem *root)
+{
+    QStringList problems;
+    QVector<Placed> texts;
+    QVector<QQuickItem *> items;
+    collect(root, isText, items);
+    for (QQuickItem *item : qAsConst(items)) {
+        const Placed text{item->property("text").toString(), item->mapRectToItem(root, lettersOf(item))};
+        if (item->property("truncated").toBool())
+            problems += QStringLiteral("cut: ") + describe(text);
+        texts.append(text);
+    }
+    if (texts.size() <= 3)
+        problems += QStringLiteral("only %1 texts").arg(texts.size());
+    for (int i = 0; i < texts.size(); ++i) {
+        if (!contains(root->boundingRect(), texts.at(i).area))
+            problems += QStringLiteral("outside: ") + describe(texts.at(i));
+        for (int j = 0; j < i; ++j) {
+            if (overlap(texts.at(i).area, texts.at(j).area))
+                problems += describe(texts.at(j)) + QStringLiteral(" covers ") + describe(texts.at(i));
+        }
+    }
+    return problems;
+}
+
 } // namespace
 
 class LayoutTest : public QObject
@@ -92,6 +129,8 @@ private Q_SLOTS:
     void initTestCase();
     void everyPage_data();
     void everyPage();
+    void statusWithoutASignal_data();
+    void statusWithoutASignal();
     void navigationCanBeTouched_data();
     void navigationCanBeTouched();
 
@@ -138,27 +177,8 @@ void LayoutTest::everyPage()
         QMetaObject::invokeMethod(tabs, "chosen", Q_ARG(int, section));
     QVERIFY(m_screen.drawn());
 
-    QStringList problems;
-    QVector<Placed> texts;
+    QStringList problems = textProblems(loader);
     QVector<QQuickItem *> items;
-    collect(loader, isText, items);
-    for (QQuickItem *item : qAsConst(items)) {
-        const Placed text{item->property("text").toString(), item->mapRectToItem(loader, lettersOf(item))};
-        if (item->property("truncated").toBool())
-            problems += QStringLiteral("cut: ") + describe(text);
-        texts.append(text);
-    }
-    QVERIFY(texts.size() > 3);
-    for (int i = 0; i < texts.size(); ++i) {
-        if (!contains(loader->boundingRect(), texts.at(i).area))
-            problems += QStringLiteral("outside of the page: ") + describe(texts.at(i));
-        for (int j = 0; j < i; ++j) {
-            if (overlap(texts.at(i).area, texts.at(j).area))
-                problems += describe(texts.at(j)) + QStringLiteral(" covers ") + describe(texts.at(i));
-        }
-    }
-
-    items.clear();
     collect(loader, isControl, items);
     QVERIFY(items.size() > 3);
     for (QQuickItem *item : qAsConst(items)) {
@@ -167,6 +187,27 @@ void LayoutTest::everyPage()
             problems += QStringLiteral("outside of the page: ") + describe(control);
     }
     QCOMPARE(problems.join(QLatin1Char('\n')), QString());
+}
+
+void LayoutTest::statusWithoutASignal_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::newRow("1280x800") << 1280;
+    QTest::newRow("1024x600") << 1365;
+}
+
+// The longest address, and the hint what to start. The engine of this test sends nothing by itself.
+void LayoutTest::statusWithoutASignal()
+{
+    QFETCH(const int, width);
+    m_screen.resize(QSize(width, 800));
+    m_screen.shell()->setProperty("engineAddress", QStringLiteral("127.255.255.255:65535"));
+    QQuickItem *status = ShellScreen::itemNamed(m_screen.shell(), QStringLiteral("status"));
+    QVERIFY(status);
+    const QString hint = QStringLiteral("Start zelta-engine-sim, or run zelta-demo --simulate");
+    QTRY_VERIFY_WITH_TIMEOUT(hasText(status, hint), patienceMs);
+    QVERIFY(m_screen.drawn());
+    QCOMPARE(textProblems(status).join(QLatin1Char('\n')), QString());
 }
 
 void LayoutTest::navigationCanBeTouched_data()

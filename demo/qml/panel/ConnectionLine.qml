@@ -35,10 +35,18 @@ Row {
         radius: 6
         color: line.receiving ? Theme.accent : Theme.alarm
     }
-    Text {
+    Column {
         anchors.verticalCenter: parent.verticalCenter
-        text: line.text
-        color: line.receiving ? Theme.text : Theme.alarm
-        font.pixelSize: 14
+        Text {
+            text: line.text
+            color: line.receiving ? Theme.text : Theme.alarm
+            font.pixelSize: 14
+        }
+        Text {
+            visible: !line.receiving
+            text: "Start zelta-engine-sim, or run zelta-demo --simulate"
+            color: Theme.dim
+            font.pixelSize: 13
+        }
     }
 }
