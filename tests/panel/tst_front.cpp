@@ -84,7 +84,7 @@ void FrontTest::zoneIsStruck()
         QVERIFY2(m_open->click(name, across), "no such zone in the window");
         const QList<QByteArray> sent = m_open->sent();
         QCOMPARE(sent.size(), 1);
-        QCOMPARE(sent.first().left(6), hex("494D4143 9909"));
+        QCOMPARE(sent.first().left(6), datagram("IM AC 9909"));
         QCOMPARE(int(quint8(sent.first().at(7))), note);
         const int velocity = quint8(sent.first().at(6));
         QVERIFY(velocity > previous);
@@ -102,9 +102,9 @@ void FrontTest::heldZoneIsChoked_data()
 {
     QTest::addColumn<QByteArray>("choke");
     QTest::addColumn<QByteArray>("release");
-    QTest::newRow("crash1") << hex("494D4143 A90A 7F31") << hex("494D4143 A90A 0031");
-    QTest::newRow("hihat-open") << hex("494D4143 A90A 7F2E") << hex("494D4143 A90A 002E");
-    QTest::newRow("aux4-bell") << hex("494D4143 A90A 7F19") << hex("494D4143 A90A 0019");
+    QTest::newRow("crash1") << datagram("IM AC A90A 7F31") << datagram("IM AC A90A 0031");
+    QTest::newRow("hihat-open") << datagram("IM AC A90A 7F2E") << datagram("IM AC A90A 002E");
+    QTest::newRow("aux4-bell") << datagram("IM AC A90A 7F19") << datagram("IM AC A90A 0019");
 }
 
 void FrontTest::heldZoneIsChoked()
@@ -149,12 +149,12 @@ void FrontTest::buttonIsPressedAndReleased_data()
 {
     QTest::addColumn<QByteArray>("pressed");
     QTest::addColumn<QByteArray>("released");
-    QTest::newRow("power") << hex("53574143 5057 0001") << hex("53574143 5057 0000");
-    QTest::newRow("home") << hex("53574143 484D 0001") << hex("53574143 484D 0000");
-    QTest::newRow("foot1") << hex("53574143 4631 0001") << hex("53574143 4631 0000");
-    QTest::newRow("foot2") << hex("53574143 4632 0001") << hex("53574143 4632 0000");
-    QTest::newRow("aux3") << hex("53574143 4133 0001") << hex("53574143 4133 0000");
-    QTest::newRow("aux4") << hex("53574143 4134 0001") << hex("53574143 4134 0000");
+    QTest::newRow("power") << datagram("SW AC 5057 0001") << datagram("SW AC 5057 0000");
+    QTest::newRow("home") << datagram("SW AC 484D 0001") << datagram("SW AC 484D 0000");
+    QTest::newRow("foot1") << datagram("SW AC 4631 0001") << datagram("SW AC 4631 0000");
+    QTest::newRow("foot2") << datagram("SW AC 4632 0001") << datagram("SW AC 4632 0000");
+    QTest::newRow("aux3") << datagram("SW AC 4133 0001") << datagram("SW AC 4133 0000");
+    QTest::newRow("aux4") << datagram("SW AC 4134 0001") << datagram("SW AC 4134 0000");
 }
 
 void FrontTest::buttonIsPressedAndReleased()
@@ -175,8 +175,8 @@ void FrontTest::jackStaysPlugged_data()
 {
     QTest::addColumn<QByteArray>("plugged");
     QTest::addColumn<QByteArray>("free");
-    QTest::newRow("headphone") << hex("53574143 4850 0001") << hex("53574143 4850 0000");
-    QTest::newRow("mixin") << hex("53574143 4D49 0001") << hex("53574143 4D49 0000");
+    QTest::newRow("headphone") << datagram("SW AC 4850 0001") << datagram("SW AC 4850 0000");
+    QTest::newRow("mixin") << datagram("SW AC 4D49 0001") << datagram("SW AC 4D49 0000");
 }
 
 void FrontTest::jackStaysPlugged()
@@ -194,10 +194,10 @@ void FrontTest::potTurns_data()
 {
     QTest::addColumn<QByteArray>("up");
     QTest::addColumn<QByteArray>("down");
-    QTest::newRow("0") << hex("434F4143 0000 0001") << hex("434F4143 0000 0000");
-    QTest::newRow("1") << hex("434F4143 0001 0001") << hex("434F4143 0001 0000");
-    QTest::newRow("2") << hex("434F4143 0002 0001") << hex("434F4143 0002 0000");
-    QTest::newRow("3") << hex("434F4143 0003 0001") << hex("434F4143 0003 0000");
+    QTest::newRow("0") << datagram("CO AC 0000 0001") << datagram("CO AC 0000 0000");
+    QTest::newRow("1") << datagram("CO AC 0001 0001") << datagram("CO AC 0001 0000");
+    QTest::newRow("2") << datagram("CO AC 0002 0001") << datagram("CO AC 0002 0000");
+    QTest::newRow("3") << datagram("CO AC 0003 0001") << datagram("CO AC 0003 0000");
 }
 
 void FrontTest::potTurns()
@@ -228,10 +228,10 @@ void FrontTest::potTurns()
 void FrontTest::pedalMoves()
 {
     QVERIFY(m_open->click(QStringLiteral("pedal"), 1.0));
-    QCOMPARE(m_open->sent(), QList<QByteArray>{hex("494D4143 B90B 7F04")});
+    QCOMPARE(m_open->sent(), QList<QByteArray>{datagram("IM AC B90B 7F04")});
     QCOMPARE(m_open->command(), QStringLiteral("hihat 127"));
     QVERIFY(m_open->click(QStringLiteral("pedal"), 0.0));
-    QCOMPARE(m_open->sent(), QList<QByteArray>{hex("494D4143 B90B 0004")});
+    QCOMPARE(m_open->sent(), QList<QByteArray>{datagram("IM AC B90B 0004")});
 }
 
 void FrontTest::pedalFollowsTheGroove()
@@ -239,15 +239,15 @@ void FrontTest::pedalFollowsTheGroove()
     m_open->panel.engine()->moveHiHat(40);
     QCOMPARE(m_open->find("pedal")->property("value").toInt(), 40);
     // Showing the position sends nothing more.
-    QCOMPARE(m_open->sent(), QList<QByteArray>{hex("494D4143 B90B 2804")});
+    QCOMPARE(m_open->sent(), QList<QByteArray>{datagram("IM AC B90B 2804")});
 }
 
 void FrontTest::numberIsSent_data()
 {
     QTest::addColumn<QByteArray>("first");
     QTest::addColumn<QByteArray>("second");
-    QTest::newRow("tempo") << hex("544D4143 0060 0000") << hex("544D4143 0061 0000");
-    QTest::newRow("program") << hex("494D4143 C90C 0060") << hex("494D4143 C90C 0061");
+    QTest::newRow("tempo") << datagram("TM AC 0060 0000") << datagram("TM AC 0061 0000");
+    QTest::newRow("program") << datagram("IM AC C90C 0060") << datagram("IM AC C90C 0061");
 }
 
 void FrontTest::numberIsSent()

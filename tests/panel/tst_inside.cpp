@@ -123,7 +123,7 @@ void InsideTest::failureModeActsWithinATransfer()
     QVERIFY(m_open->type(QStringLiteral("failure-number-resend"), "9"));
     QVERIFY(m_open->click("failure-resend"));
     QVERIFY(sender.dataFromTo(5, 9));
-    QCOMPARE(m_open->sent(), QList<QByteArray>{hex("44434143 0009 00BE")});
+    QCOMPARE(m_open->sent(), QList<QByteArray>{datagram("DC AC 0009 00BE")});
     QVERIFY(m_open->click("failure-resend"));
     int bad = 0;
     while (QLatin1String(failureModes().at(bad).name) != QLatin1String("bad-checksum"))
@@ -134,7 +134,7 @@ void InsideTest::failureModeActsWithinATransfer()
     // After the request, the sender repeats packet 9.
     QVERIFY(sender.dataFromTo(9, 19));
     QVERIFY(sender.end());
-    QCOMPARE(m_open->sent(), QList<QByteArray>{hex("44454143 0000 0000")});
+    QCOMPARE(m_open->sent(), QList<QByteArray>{datagram("DE AC 0000 0000")});
 }
 
 void InsideTest::allFailureModesSwitchOff()
@@ -268,14 +268,14 @@ void InsideTest::answersAreSet_data()
     QTest::addColumn<QByteArray>("query");
     QTest::addColumn<QByteArray>("answer");
     const QStringList version = {QStringLiteral("major"), QStringLiteral("minor")};
-    QTest::newRow("version-zelta") << version << hex("564E0000") << hex("564E4143 0007 0007");
-    QTest::newRow("version-trigger") << version << hex("54560000") << hex("54564143 0007 0007");
-    QTest::newRow("version-soundbank") << version << hex("534E0000") << hex("534E4143 0007 0007");
-    QTest::newRow("version-triggerbank") << version << hex("544E0000") << hex("544E4143 0007 0007");
-    QTest::newRow("hihat-raw") << QStringList{QStringLiteral("value")} << hex("484C0000")
-                               << hex("484C4143 0007 0000");
+    QTest::newRow("version-zelta") << version << datagram("VN 0000") << datagram("VN AC 0007 0007");
+    QTest::newRow("version-trigger") << version << datagram("TV 0000") << datagram("TV AC 0007 0007");
+    QTest::newRow("version-soundbank") << version << datagram("SN 0000") << datagram("SN AC 0007 0007");
+    QTest::newRow("version-triggerbank") << version << datagram("TN 0000") << datagram("TN AC 0007 0007");
+    QTest::newRow("hihat-raw") << QStringList{QStringLiteral("value")} << datagram("HL 0000")
+                               << datagram("HL AC 0007 0000");
     QTest::newRow("flash") << QStringList{QStringLiteral("high"), QStringLiteral("low")}
-                           << hex("494D0003 0BB9633D 0BB9620F 0BB90600") << hex("46524143 0007 0007");
+                           << datagram("IM 0003 0BB9633D 0BB9620F 0BB90600") << datagram("FR AC 0007 0007");
 }
 
 void InsideTest::answersAreSet()
@@ -306,26 +306,26 @@ void InsideTest::answersAreShown_data()
     QTest::addColumn<QByteArray>("changedAnswer");
     const QStringList version = {QStringLiteral("major"), QStringLiteral("minor")};
     QTest::newRow("version-zelta") << version << QVector<int>{1, 0} << QStringLiteral("version zelta 2 1")
-                                   << QVector<int>{2, 1} << hex("564E0000") << hex("564E4143 0001 0000")
-                                   << hex("564E4143 0002 0001");
+                                   << QVector<int>{2, 1} << datagram("VN 0000") << datagram("VN AC 0001 0000")
+                                   << datagram("VN AC 0002 0001");
     QTest::newRow("version-trigger") << version << QVector<int>{0, 100}
                                      << QStringLiteral("version trigger 0 103") << QVector<int>{0, 103}
-                                     << hex("54560000") << hex("54564143 0000 0064")
-                                     << hex("54564143 0000 0067");
+                                     << datagram("TV 0000") << datagram("TV AC 0000 0064")
+                                     << datagram("TV AC 0000 0067");
     QTest::newRow("version-soundbank")
         << version << QVector<int>{1, 0} << QStringLiteral("version soundbank 65535 2")
-        << QVector<int>{65535, 2} << hex("534E0000") << hex("534E4143 0001 0000")
-        << hex("534E4143 FFFF 0002");
+        << QVector<int>{65535, 2} << datagram("SN 0000") << datagram("SN AC 0001 0000")
+        << datagram("SN AC FFFF 0002");
     QTest::newRow("version-triggerbank")
         << version << QVector<int>{0, 100} << QStringLiteral("version triggerbank 3 0") << QVector<int>{3, 0}
-        << hex("544E0000") << hex("544E4143 0000 0064") << hex("544E4143 0003 0000");
+        << datagram("TN 0000") << datagram("TN AC 0000 0064") << datagram("TN AC 0003 0000");
     QTest::newRow("hihat-raw") << QStringList{QStringLiteral("value")} << QVector<int>{512}
-                               << QStringLiteral("hihat-raw 700") << QVector<int>{700} << hex("484C0000")
-                               << hex("484C4143 0200 0000") << hex("484C4143 02BC 0000");
+                               << QStringLiteral("hihat-raw 700") << QVector<int>{700} << datagram("HL 0000")
+                               << datagram("HL AC 0200 0000") << datagram("HL AC 02BC 0000");
     QTest::newRow("flash") << QStringList{QStringLiteral("high"), QStringLiteral("low")}
                            << QVector<int>{512, 256} << QStringLiteral("flash 9 8") << QVector<int>{9, 8}
-                           << hex("494D0003 0BB9633D 0BB9620F 0BB90600") << hex("46524143 0200 0100")
-                           << hex("46524143 0009 0008");
+                           << datagram("IM 0003 0BB9633D 0BB9620F 0BB90600") << datagram("FR AC 0200 0100")
+                           << datagram("FR AC 0009 0008");
 }
 
 // The boxes show what the engine answers, so a touch of the button changes nothing.
@@ -398,7 +398,7 @@ void InsideTest::realKitPlays()
     QCOMPARE(writer.write(QByteArray::fromHex("99 26 64 23 50")), qint64(5));
     QList<QByteArray> sent;
     QTRY_VERIFY_WITH_TIMEOUT((sent += m_open->sent()).size() >= 2, patience);
-    QCOMPARE(sent, (QList<QByteArray>{hex("494D4143 9909 6426"), hex("494D4143 9909 5024")}));
+    QCOMPARE(sent, (QList<QByteArray>{datagram("IM AC 9909 6426"), datagram("IM AC 9909 5024")}));
     QVERIFY(m_open->find("kit-state")->property("text").toString().contains(fifo));
     QVERIFY(m_open->click("kit-connect"));
     QVERIFY(!m_open->panel.kit()->isConnected());

@@ -126,14 +126,14 @@ void KeyboardTest::arrowsReachEveryZone()
 
     pads->setProperty("current", QStringLiteral("snare"));
     QTest::keyClick(m_open->window(), Qt::Key_Space);
-    QCOMPARE(m_open->sent(), QList<QByteArray>{hex("494D4143 9909 6426")});
+    QCOMPARE(m_open->sent(), QList<QByteArray>{datagram("IM AC 9909 6426")});
     QTest::keyClick(m_open->window(), Qt::Key_Down);
     QTest::keyClick(m_open->window(), Qt::Key_Return);
-    QCOMPARE(m_open->sent(), QList<QByteArray>{hex("494D4143 9909 6425")});
+    QCOMPARE(m_open->sent(), QList<QByteArray>{datagram("IM AC 9909 6425")});
     QTest::keyClick(m_open->window(), Qt::Key_Down);
     QTest::keyClick(m_open->window(), Qt::Key_Down);
     QTest::keyClick(m_open->window(), Qt::Key_Space);
-    QCOMPARE(m_open->sent(), QList<QByteArray>{hex("494D4143 9909 6424")});
+    QCOMPARE(m_open->sent(), QList<QByteArray>{datagram("IM AC 9909 6424")});
 }
 
 void KeyboardTest::digitsSetTheVelocity()
@@ -142,8 +142,8 @@ void KeyboardTest::digitsSetTheVelocity()
     QTest::keyClick(m_open->window(), Qt::Key_1);
     QTest::keyClick(m_open->window(), Qt::Key_5);
     QTest::keyClick(m_open->window(), Qt::Key_9);
-    const QList<QByteArray> expected = {hex("494D4143 9909 0E26"), hex("494D4143 9909 4726"),
-                                        hex("494D4143 9909 7F26")};
+    const QList<QByteArray> expected = {datagram("IM AC 9909 0E26"), datagram("IM AC 9909 4726"),
+                                        datagram("IM AC 9909 7F26")};
     QCOMPARE(m_open->sent(), expected);
 }
 
@@ -154,8 +154,8 @@ void KeyboardTest::heldKeyChokes()
     QTest::keyPress(m_open->window(), Qt::Key_Space);
     QTRY_COMPARE_WITH_TIMEOUT(m_open->command(), QStringLiteral("choke ride-edge 127"), 30000);
     QTest::keyRelease(m_open->window(), Qt::Key_Space);
-    const QList<QByteArray> expected = {hex("494D4143 9909 643B"), hex("494D4143 A90A 7F3B"),
-                                        hex("494D4143 A90A 003B")};
+    const QList<QByteArray> expected = {datagram("IM AC 9909 643B"), datagram("IM AC A90A 7F3B"),
+                                        datagram("IM AC A90A 003B")};
     QCOMPARE(m_open->sent(), expected);
 }
 
@@ -174,16 +174,16 @@ void KeyboardTest::controlsWorkByKey_data()
     QTest::addColumn<int>("key");
     QTest::addColumn<QByteArray>("datagram");
     const auto row = [](const char *name, int key, const char *bytes) {
-        QTest::newRow(name) << key << hex(bytes);
+        QTest::newRow(name) << key << datagram(bytes);
     };
-    row("pot-0", Qt::Key_Up, "434F4143 0000 0001");
-    row("pot-3", Qt::Key_Left, "434F4143 0003 0000");
-    row("pedal", Qt::Key_Right, "494D4143 B90B 0804");
-    row("switch-headphone", Qt::Key_Space, "53574143 4850 0001");
-    row("switch-mixin", Qt::Key_Return, "53574143 4D49 0001");
-    row("tempo-number", Qt::Key_Return, "544D4143 0078 0000");
-    row("tempo-send", Qt::Key_Space, "544D4143 0078 0000");
-    row("program-send", Qt::Key_Return, "494D4143 C90C 0000");
+    row("pot-0", Qt::Key_Up, "CO AC 0000 0001");
+    row("pot-3", Qt::Key_Left, "CO AC 0003 0000");
+    row("pedal", Qt::Key_Right, "IM AC B90B 0804");
+    row("switch-headphone", Qt::Key_Space, "SW AC 4850 0001");
+    row("switch-mixin", Qt::Key_Return, "SW AC 4D49 0001");
+    row("tempo-number", Qt::Key_Return, "TM AC 0078 0000");
+    row("tempo-send", Qt::Key_Space, "TM AC 0078 0000");
+    row("program-send", Qt::Key_Return, "IM AC C90C 0000");
 }
 
 void KeyboardTest::controlsWorkByKey()
@@ -199,9 +199,9 @@ void KeyboardTest::buttonIsPressedAndReleased()
 {
     QVERIFY(focusOn(QStringLiteral("switch-foot1")));
     QTest::keyPress(m_open->window(), Qt::Key_Space);
-    QCOMPARE(m_open->sent(), QList<QByteArray>{hex("53574143 4631 0001")});
+    QCOMPARE(m_open->sent(), QList<QByteArray>{datagram("SW AC 4631 0001")});
     QTest::keyRelease(m_open->window(), Qt::Key_Space);
-    QCOMPARE(m_open->sent(), QList<QByteArray>{hex("53574143 4631 0000")});
+    QCOMPARE(m_open->sent(), QList<QByteArray>{datagram("SW AC 4631 0000")});
 }
 
 void KeyboardTest::pagesOpenByKey()

@@ -71,40 +71,40 @@ void MessagesTest::streamShowsBothDirections_data()
     QTest::addColumn<QByteArray>("datagram");
     QTest::addColumn<QString>("words");
     const auto in = [](const char *bytes, const char *words) {
-        QTest::newRow(words) << true << hex(bytes) << QString::fromLatin1(words);
+        QTest::newRow(words) << true << datagram(bytes) << QString::fromLatin1(words);
     };
     const auto out = [](const char *bytes, const char *words) {
-        QTest::newRow(words) << false << hex(bytes) << QString::fromLatin1(words);
+        QTest::newRow(words) << false << datagram(bytes) << QString::fromLatin1(words);
     };
-    in("494D0003 0BB96338 0BB96207 0BB90664", "mixer master out level 100");
-    in("544E0000", "query TN: trigger bank version");
-    out("494D4143 9909 7F26", "pad 1 snare zone 0 velocity 127");
-    out("494D4143 9909 0163", "note 99 velocity 1, no pad");
-    out("494D4143 A90A 7F31", "pad 8 crash1 pressure 127");
-    out("494D4143 B90B 4004", "controller 4 value 64");
-    out("494D4143 B90B 0107", "controller 7 value 1");
-    out("494D4143 C90C 0005", "program change 5");
-    out("494D4143 F705 0000", "sysex F7");
-    out("494D4143 800B 0001", "MIDI event 80 0B 00 01, which the module ignores");
-    out("42544143 0002 0000", "beat 2");
-    out("544D4143 0078 0000", "tempo 120");
-    out("53574143 4850 0001", "switch headphone 1");
-    out("53574143 5A5A 0001", "switch ZZ 1");
-    out("434F4143 0003 0001", "pot 3 +");
-    out("434F4143 0000 0000", "pot 0 -");
-    out("46524143 0200 0100", "flash size 33554432, total 67109376");
-    out("564E4143 0001 0005", "reply VN: sound engine version 1.5");
-    out("54564143 0002 0000", "reply TV: trigger board version 2.0");
-    out("534E4143 0001 0002", "reply SN: sound bank version 1.2");
-    out("544E4143 0003 0004", "reply TN: trigger bank version 3.4");
-    out("484C4143 0209 0000", "reply HL: hi-hat raw value 521");
-    out("49534143 0003 0001", "event IS 3 1");
-    out("49574143 0004 0000", "event IW 4 0");
-    out("44434143 0005 00BE", "transfer resend from packet 5");
-    out("44434143 0000 01BE", "transfer resend from packet 65536");
-    out("44434143 0005 00E1", "transfer refused, memory full, code 0xe1");
-    out("44454143 0000 0001", "transfer end acknowledged, status 0x0001");
-    out("41424143 0001 0002", "event AB 1 2");
+    in("IM 0003 0BB96338 0BB96207 0BB90664", "mixer master out level 100");
+    in("TN 0000", "query TN: trigger bank version");
+    out("IM AC 9909 7F26", "pad 1 snare zone 0 velocity 127");
+    out("IM AC 9909 0163", "note 99 velocity 1, no pad");
+    out("IM AC A90A 7F31", "pad 8 crash1 pressure 127");
+    out("IM AC B90B 4004", "controller 4 value 64");
+    out("IM AC B90B 0107", "controller 7 value 1");
+    out("IM AC C90C 0005", "program change 5");
+    out("IM AC F705 0000", "sysex F7");
+    out("IM AC 800B 0001", "MIDI event 80 0B 00 01, which the module ignores");
+    out("BT AC 0002 0000", "beat 2");
+    out("TM AC 0078 0000", "tempo 120");
+    out("SW AC 4850 0001", "switch headphone 1");
+    out("SW AC 5A5A 0001", "switch ZZ 1");
+    out("CO AC 0003 0001", "pot 3 +");
+    out("CO AC 0000 0000", "pot 0 -");
+    out("FR AC 0200 0100", "flash size 33554432, total 67109376");
+    out("VN AC 0001 0005", "reply VN: sound engine version 1.5");
+    out("TV AC 0002 0000", "reply TV: trigger board version 2.0");
+    out("SN AC 0001 0002", "reply SN: sound bank version 1.2");
+    out("TN AC 0003 0004", "reply TN: trigger bank version 3.4");
+    out("HL AC 0209 0000", "reply HL: hi-hat raw value 521");
+    out("IS AC 0003 0001", "event IS 3 1");
+    out("IW AC 0004 0000", "event IW 4 0");
+    out("DC AC 0005 00BE", "transfer resend from packet 5");
+    out("DC AC 0000 01BE", "transfer resend from packet 65536");
+    out("DC AC 0005 00E1", "transfer refused, memory full, code 0xe1");
+    out("DE AC 0000 0001", "transfer end acknowledged, status 0x0001");
+    out("AB AC 0001 0002", "event AB 1 2");
     out("0102", "unreadable datagram: 2 bytes of no known form");
 }
 
@@ -128,7 +128,7 @@ void MessagesTest::streamShowsBothDirections()
 void MessagesTest::streamIsFiltered()
 {
     m_open->panel.engine()->strike(38, 100);
-    QVERIFY(m_open->peer.send("494D0003 0BB96338 0BB96207 0BB90664"));
+    QVERIFY(m_open->peer.send("IM 0003 0BB96338 0BB96207 0BB90664"));
     QTRY_COMPARE_WITH_TIMEOUT(messages().size(), 2, patience);
     QVERIFY(m_open->click("tab-messages"));
     QVERIFY(m_open->click("messages-sent"));
@@ -177,7 +177,7 @@ void MessagesTest::metersAndFileDataAreHidden()
 {
     QVERIFY(m_open->click("tab-messages"));
     const QByteArray meters = "DR" + QByteArray(36, '\0');
-    const QByteArray data = hex("44435442 00000000 0001 0000");
+    const QByteArray data = datagram("DC TB 00000000 0001 0000");
     m_open->panel.engine()->sendRaw(meters);
     QVERIFY(m_open->peer.send(data));
     m_open->panel.engine()->sendTempo(99);
@@ -208,15 +208,15 @@ void MessagesTest::parametersShowTheLatestFirst()
     const QStringList tempo = {QStringLiteral("0x37/0x64"), QStringLiteral("metronome tempo"),
                                QStringLiteral("121")};
     const QStringList unknown = {QStringLiteral("0x7e/0x22"), QStringLiteral("unknown"), QStringLiteral("5")};
-    QVERIFY(m_open->peer.send("494D0003 0BB96338 0BB96207 0BB90664"));
+    QVERIFY(m_open->peer.send("IM 0003 0BB96338 0BB96207 0BB90664"));
     QTRY_COMPARE_WITH_TIMEOUT(row(0), level, patience);
-    QVERIFY(m_open->peer.send("494D0004 0BB96337 0BB96264 0BB92640 0BB90632"));
+    QVERIFY(m_open->peer.send("IM 0004 0BB96337 0BB96264 0BB92640 0BB90632"));
     QTRY_COMPARE_WITH_TIMEOUT(row(0), tempo, patience);
     QCOMPARE(row(1), level);
-    QVERIFY(m_open->peer.send("494D0003 0BB9637E 0BB96222 0BB90605"));
+    QVERIFY(m_open->peer.send("IM 0003 0BB9637E 0BB96222 0BB90605"));
     QTRY_COMPARE_WITH_TIMEOUT(row(0), unknown, patience);
     // A number that is set again moves to the top.
-    QVERIFY(m_open->peer.send("494D0003 0BB96338 0BB96207 0BB90601"));
+    QVERIFY(m_open->peer.send("IM 0003 0BB96338 0BB96207 0BB90601"));
     QTRY_COMPARE_WITH_TIMEOUT(row(0).constLast(), QStringLiteral("1"), patience);
     QCOMPARE(row(0).constFirst(), level.first());
     QCOMPARE(row(1), unknown);
@@ -226,7 +226,7 @@ void MessagesTest::parametersShowTheLatestFirst()
     const int before = m_open->panel.parameters()->rowCount();
     for (const int value : {1, 2}) {
         for (int note = 0; note < 100; ++note) {
-            QByteArray datagram = hex("494D0003 0BB96321 0BB96200 0BB90600");
+            QByteArray datagram = datagram("IM 0003 0BB96321 0BB96200 0BB90600");
             datagram[11] = char(note);
             datagram[15] = char(value);
             m_open->peer.send(datagram);
@@ -242,8 +242,8 @@ void MessagesTest::parametersShowTheLatestFirst()
 
 void MessagesTest::parametersAreSearched()
 {
-    QVERIFY(m_open->peer.send("494D0003 0BB96338 0BB96207 0BB90664"));
-    QVERIFY(m_open->peer.send("494D0003 0BB96303 0BB96200 0BB90611"));
+    QVERIFY(m_open->peer.send("IM 0003 0BB96338 0BB96207 0BB90664"));
+    QVERIFY(m_open->peer.send("IM 0003 0BB96303 0BB96200 0BB90611"));
     QVERIFY(m_open->click("tab-parameters"));
     QVERIFY(m_open->click("parameters-search"));
     const auto search = [this](const char *text) {
@@ -274,7 +274,7 @@ void MessagesTest::commandsAreTyped()
     for (const char letter : {'b', 'e', 'a', 't', ' ', '3'})
         QTest::keyClick(m_open->window(), letter);
     QTest::keyClick(m_open->window(), Qt::Key_Return);
-    QCOMPARE(m_open->sent(), QList<QByteArray>{hex("42544143 0003 0000")});
+    QCOMPARE(m_open->sent(), QList<QByteArray>{datagram("BT AC 0003 0000")});
     QCOMPARE(m_open->find("last-command")->property("text").toString(), QStringLiteral("beat 3"));
     QCOMPARE(m_open->find("command")->property("text").toString(), QString());
     // A command that shows something does so in the stream.

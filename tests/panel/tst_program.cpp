@@ -137,7 +137,7 @@ void ProgramTest::isTheEngineOfAModule()
                 });
             };
             // Version, tempo, a hit and meters.
-            return has("564E4143") && has("544D4143") && has("494D41439909") && has("4452");
+            return has("VN AC") && has("TM AC") && has("IM AC 9909") && has("DR");
         }(),
         patience);
 }

@@ -112,7 +112,7 @@ void RecordingTest::playedBackItGivesTheSameDatagrams()
     QVERIFY(lasted >= 350);
     QList<QByteArray> played = peer.take();
     // The first report to a new module is the tempo.
-    QCOMPARE(played.takeFirst(), hex("544D4143 0078 0000"));
+    QCOMPARE(played.takeFirst(), datagram("TM AC 0078 0000"));
     QCOMPARE(played, sent);
 }
 
@@ -167,13 +167,13 @@ void RecordingTest::stateIsPlayedBack()
     engine.setModule(QHostAddress(QHostAddress::LocalHost), peer.port());
     QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 1, 60000);
     QCOMPARE(notSent.count(), 0);
-    QCOMPARE(peer.take().constLast(), hex("42544143 0001 0000"));
+    QCOMPARE(peer.take().constLast(), datagram("BT AC 0001 0000"));
 
     m_open->sent();
     // Versions, the hi-hat's raw value, memory, output and compressor meters.
     for (const char *question :
-         {"564E0000", "54560000", "534E0000", "544E0000", "484C0000", "494D0003 0BB9633D 0BB9620F 0BB90600",
-          "494D0003 0BB9633B 0BB9621F 0BB90600", "494D0003 0BB96339 0BB9621F 0BB90600"}) {
+         {"VN 0000", "TV 0000", "SN 0000", "TN 0000", "HL 0000", "IM 0003 0BB9633D 0BB9620F 0BB90600",
+          "IM 0003 0BB9633B 0BB9621F 0BB90600", "IM 0003 0BB96339 0BB9621F 0BB90600"}) {
         QVERIFY2(m_open->peer.send(question), question);
         QVERIFY2(peer.send(question), question);
         const QList<QByteArray> answers = peer.take();
