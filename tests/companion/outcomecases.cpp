@@ -12,8 +12,9 @@ int packetsOf(const TransferKind &kind, const QString &mode)
 {
     static const QStringList modes = {QStringLiteral("lose-once"), QStringLiteral("delay-once"),
                                       QStringLiteral("vanish-and-return"), QStringLiteral("resend-past-end")};
-    return kind.packetsFor(mode.startsWith(QLatin1String("memory-full")) || modes.contains(mode) ? 3000
-                                                                                                 : 1000);
+    const bool isEndedByAnAnswer =
+        mode.startsWith(QLatin1String("memory-full")) || mode.startsWith(QLatin1String("refuse-"));
+    return kind.packetsFor(isEndedByAnAnswer || modes.contains(mode) ? 3000 : 1000);
 }
 
 // Every gap takes four seconds, so there are only one or two.
