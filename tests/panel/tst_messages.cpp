@@ -226,7 +226,7 @@ void MessagesTest::parametersShowTheLatestFirst()
     const int before = m_open->panel.parameters()->rowCount();
     for (const int value : {1, 2}) {
         for (int note = 0; note < 100; ++note) {
-            QByteArray datagram = datagram("IM 0003 0BB96321 0BB96200 0BB90600");
+            QByteArray datagram = testsupport::datagram("IM 0003 0BB96321 0BB96200 0BB90600");
             datagram[11] = char(note);
             datagram[15] = char(value);
             m_open->peer.send(datagram);
