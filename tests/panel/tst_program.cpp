@@ -1,5 +1,7 @@
 // The program zelta-panel: options, pictures, exit status.
 
+#include "support/datagram.h"
+
 #include <QGuiApplication>
 #include <QImage>
 #include <QProcess>
@@ -133,7 +135,7 @@ void ProgramTest::isTheEngineOfAModule()
             }
             const auto has = [&received](const char *start) {
                 return std::any_of(received.begin(), received.end(), [start](const QByteArray &datagram) {
-                    return datagram.startsWith(QByteArray::fromHex(start));
+                    return datagram.startsWith(testsupport::datagram(start));
                 });
             };
             // Version, tempo, a hit and meters.

@@ -161,7 +161,7 @@ void UploadTest::notBegun_data()
                             << QStringLiteral("Choose another file. %1 is not a file").arg(m_files.path());
     QTest::newRow("file too large")
         << soundBank << large << -1.0
-        << QStringLiteral("Choose another file. The file %1 is larger than 4 GiB.").arg(large);
+        << QStringLiteral("Choose another file. The file %1 is 4 GiB or larger.").arg(large);
 }
 
 void UploadTest::notBegun()

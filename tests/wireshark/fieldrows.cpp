@@ -1,5 +1,6 @@
 #include "wireshark/fieldrows.h"
 
+#include "support/datagram.h"
 #include "wireshark/dissection.h"
 
 #include <QTest>
@@ -19,7 +20,7 @@ void addFieldRows(const testsupport::Table<FieldRow> &rows, Capture::Direction d
         capture.setConversation(conversation++);
         const QList<QByteArray> datagrams = QByteArray(row.datagrams).split('|');
         for (const QByteArray &datagram : datagrams)
-            capture.append(direction, QByteArray::fromHex(datagram));
+            capture.append(direction, testsupport::datagram(datagram));
         frame += datagrams.size();
         frames.append(frame - 1);
         const QString field = QString::fromLatin1(row.field);

@@ -1,12 +1,15 @@
 // Information from several datagrams: requests and answers, packet numbers, checksums. Also the port of the
 // dissector.
 
+#include "support/datagram.h"
 #include "wireshark/capture.h"
 #include "wireshark/dissection.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+
+using testsupport::datagram;
 
 namespace {
 
@@ -77,7 +80,7 @@ void ConversationsTest::requestsAndAnswers_data()
     };
     QVector<Row> rows;
     const auto row = [&rows](const char *name, const char *request, const char *answer) {
-        rows.append({name, QByteArray::fromHex(request), QByteArray::fromHex(answer)});
+        rows.append({name, datagram(request), datagram(answer)});
     };
     row("sound engine version", "VN 0000", "VN AC 0001 0004");
     row("trigger board version", "TV 0000", "TV AC 0001 0004");
@@ -100,7 +103,7 @@ void ConversationsTest::requestsAndAnswers_data()
     for (int i = 0; i < rows.size(); ++i) {
         capture.setConversation(quint8(i));
         capture.append(toEngine, rows.at(i).request);
-        capture.append(fromEngine, QByteArray::fromHex("4254 4143 0001 0000"));
+        capture.append(fromEngine, datagram("BT AC 0001 0000"));
         capture.append(fromEngine, rows.at(i).answer);
         capture.append(fromEngine, rows.at(i).answer);
     }
@@ -129,8 +132,8 @@ void ConversationsTest::requestsAndAnswers()
 
 void ConversationsTest::answersOfOtherConversations()
 {
-    const QByteArray query = QByteArray::fromHex("564E0000");
-    const QByteArray reply = QByteArray::fromHex("564E 4143 0001 0004");
+    const QByteArray query = datagram("VN 0000");
+    const QByteArray reply = datagram("VN AC 0001 0004");
     Capture capture(path());
     capture.append(toEngine, query);
     capture.setConversation(2);
@@ -233,7 +236,7 @@ void ConversationsTest::resend()
     Capture capture(path());
     capture.append(toEngine, start("TB", 1024));
     capture.append(toEngine, data("TB", 0, first));
-    capture.append(fromEngine, QByteArray::fromHex("4443 4143 0000 00BE"));
+    capture.append(fromEngine, datagram("DC AC 0000 00BE"));
     capture.append(toEngine, data("TB", 1, second)); // sent before the resend request arrived
     capture.append(toEngine, data("TB", 0, first));
     capture.append(toEngine, data("TB", 1, second));
@@ -259,7 +262,7 @@ void ConversationsTest::refusal()
     Capture capture(path());
     capture.append(toEngine, start("TB", 1536));
     capture.append(toEngine, data("TB", 0, QByteArray(512, '\1')));
-    capture.append(fromEngine, QByteArray::fromHex("4443 4143 0000 00E0"));
+    capture.append(fromEngine, datagram("DC AC 0000 00E0"));
     capture.append(toEngine, end("TB", 0x10100));
     QVERIFY(capture.finish());
     const Dissection dissection(path());
@@ -338,8 +341,8 @@ void ConversationsTest::ports()
     Capture capture(path());
     capture.setEnginePort(quint16(enginePort));
     capture.setModulePort(quint16(modulePort));
-    capture.append(toEngine, QByteArray::fromHex("564E0000"));
-    capture.append(fromEngine, QByteArray::fromHex("564E 4143 0001 0004"));
+    capture.append(toEngine, datagram("VN 0000"));
+    capture.append(fromEngine, datagram("VN AC 0001 0004"));
     QVERIFY(capture.finish());
     const Dissection dissection(path(), {requestIn}, options);
     QCOMPARE(dissection.problem(), QString());
@@ -353,13 +356,13 @@ void ConversationsTest::ports()
 void ConversationsTest::secondPass()
 {
     Capture capture(path());
-    capture.append(toEngine, QByteArray::fromHex("564E0000"));
-    capture.append(fromEngine, QByteArray::fromHex("564E 4143 0001 0004"));
+    capture.append(toEngine, datagram("VN 0000"));
+    capture.append(fromEngine, datagram("VN AC 0001 0004"));
     capture.append(toEngine, start("TB", 512));
     capture.append(toEngine, data("TB", 0, QByteArray(512, '\1')));
     capture.append(toEngine, end("TB", 0x10100));
-    capture.append(fromEngine, QByteArray::fromHex("494D 4143 F004 4110"));
-    capture.append(fromEngine, QByteArray::fromHex("494D 4143 F705 0000"));
+    capture.append(fromEngine, datagram("IM AC F004 4110"));
+    capture.append(fromEngine, datagram("IM AC F705 0000"));
     QVERIFY(capture.finish());
     const QString endIn = QStringLiteral("zelta.transfer.end_in");
     const Dissection dissection(path(), {requestIn, answerIn, endIn}, {QStringLiteral("-2")});
@@ -388,8 +391,8 @@ void ConversationsTest::filtersOfTheGuide()
     }
     QVERIFY(filters.size() >= 10);
     Capture capture(path());
-    capture.append(toEngine, QByteArray::fromHex("494D0003 0BB96338 0BB96207 0BB90664"));
-    capture.append(fromEngine, QByteArray::fromHex("4254 4143 0001 0000"));
+    capture.append(toEngine, datagram("IM 0003 0BB96338 0BB96207 0BB90664"));
+    capture.append(fromEngine, datagram("BT AC 0001 0000"));
     QVERIFY(capture.finish());
     const Dissection dissection(path(), {}, {QStringLiteral("-Y"), filters.join(QLatin1String(" or "))});
     QCOMPARE(dissection.problem(), QString());

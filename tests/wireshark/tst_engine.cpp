@@ -2,6 +2,7 @@
 
 #include "simulator/enginetext.h"
 #include "support/connectedmodule.h"
+#include "support/datagram.h"
 #include "wireshark/capture.h"
 #include "wireshark/dissection.h"
 #include "wireshark/fieldrows.h"
@@ -202,7 +203,7 @@ void EngineTest::simulatorInTheSameWords()
     QString line;
     const QStringList each = datagrams.split(QLatin1Char('|'));
     for (const QString &datagram : each)
-        line = lines.take(QByteArray::fromHex(datagram.toLatin1()));
+        line = lines.take(testsupport::datagram(datagram.toLatin1()));
     QTEST(line, "value");
 }
 

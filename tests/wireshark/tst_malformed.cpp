@@ -2,6 +2,7 @@
 
 #include "fuzz/support/input.h"
 #include "simulator/message.h"
+#include "support/datagram.h"
 #include "wireshark/capture.h"
 #include "wireshark/dissection.h"
 
@@ -11,6 +12,8 @@
 #include <QTest>
 
 #include <algorithm>
+
+using testsupport::datagram;
 
 namespace {
 
@@ -67,9 +70,9 @@ QVector<Datagram> wholeForms()
 {
     QVector<Datagram> forms;
     for (const char *form : moduleForms)
-        forms.append({Direction::ToEngine, QByteArray::fromHex(form)});
+        forms.append({Direction::ToEngine, datagram(form)});
     for (const char *form : engineForms)
-        forms.append({Direction::FromEngine, QByteArray::fromHex(form)});
+        forms.append({Direction::FromEngine, datagram(form)});
     return forms;
 }
 
@@ -247,7 +250,7 @@ void MalformedTest::datagramsThatAreCutShort()
     }
 
     // The header of a data packet is sufficient to read it.
-    datagrams = {{Direction::ToEngine, QByteArray::fromHex("44435342 0000000C 0002 01020304"), 10}};
+    datagrams = {{Direction::ToEngine, datagram("DC SB 0000000C 0002 01020304"), 10}};
     QCOMPARE(dissect(&datagrams).frames().at(0).value(Dissection::text),
              QStringLiteral("transfer data SB, packet 12, 4 bytes"));
 }
@@ -275,11 +278,11 @@ void MalformedTest::datagramWithinAnErrorMessage()
 {
     const QString path = m_dir.filePath(QStringLiteral("unreachable.pcap"));
     Capture capture(path);
-    capture.append(Direction::ToEngine, QByteArray::fromHex("44535342 00000402"));
-    capture.append(Direction::ToEngine, QByteArray::fromHex("44435342 00000000 0001 0102"));
+    capture.append(Direction::ToEngine, datagram("DS SB 00000402"));
+    capture.append(Direction::ToEngine, datagram("DC SB 00000000 0001 0102"));
     // The engine is off. Its host quotes the datagram, which must not start the transfer again.
-    capture.appendUnreachable(QByteArray::fromHex("44535342 00000402"));
-    capture.append(Direction::ToEngine, QByteArray::fromHex("44435342 00000001 0001 0102"));
+    capture.appendUnreachable(datagram("DS SB 00000402"));
+    capture.append(Direction::ToEngine, datagram("DC SB 00000001 0001 0102"));
     QVERIFY(capture.finish());
     const QString start = QStringLiteral("zelta.transfer.start_in");
     const Dissection dissection(path, {start});

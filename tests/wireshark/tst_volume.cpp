@@ -1,10 +1,13 @@
 // tshark dissects a long capture without a Lua error.
 
+#include "support/datagram.h"
 #include "wireshark/capture.h"
 #include "wireshark/dissection.h"
 
 #include <QTemporaryDir>
 #include <QTest>
+
+using testsupport::datagram;
 
 namespace {
 
@@ -20,7 +23,7 @@ using Direction = Capture::Direction;
 
 QByteArray dataPacket(quint32 number)
 {
-    QByteArray packet = QByteArray::fromHex("44435442 00000000 0002 01020304");
+    QByteArray packet = datagram("DC TB 00000000 0002 01020304");
     for (int i = 0; i < 4; ++i)
         packet[4 + i] = char(number >> (24 - 8 * i) & 0xFF);
     return packet;
@@ -29,11 +32,11 @@ QByteArray dataPacket(quint32 number)
 // A mix of meters, strikes, parameters, SysEx and the packets of one long file.
 void append(Capture *capture, int index)
 {
-    static const QByteArray meters = QByteArray::fromHex("4452") + QByteArray(36, '\x20');
-    static const QByteArray strike = QByteArray::fromHex("494D 4143 9909 6426");
-    static const QByteArray parameter = QByteArray::fromHex("494D0003 0BB96338 0BB96207 0BB90664");
-    static const QByteArray sysExStart = QByteArray::fromHex("494D 4143 F004 4110");
-    static const QByteArray sysExEnd = QByteArray::fromHex("494D 4143 F705 0000");
+    static const QByteArray meters = datagram("DR") + QByteArray(36, '\x20');
+    static const QByteArray strike = datagram("IM AC 9909 6426");
+    static const QByteArray parameter = datagram("IM 0003 0BB96338 0BB96207 0BB90664");
+    static const QByteArray sysExStart = datagram("IM AC F004 4110");
+    static const QByteArray sysExEnd = datagram("IM AC F705 0000");
     switch (index % 10) {
     case 0: capture->append(Direction::ToEngine, parameter); break;
     case 1: capture->append(Direction::FromEngine, strike); break;
@@ -66,10 +69,10 @@ void VolumeTest::everyDatagramIsDissected()
     const QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("volume.pcap"));
     Capture capture(path);
-    capture.append(Direction::ToEngine, QByteArray::fromHex("44535442 7FFFFFFF"));
+    capture.append(Direction::ToEngine, datagram("DS TB 7FFFFFFF"));
     for (int i = 1; i < datagramCount - 1; ++i)
         append(&capture, i - 1);
-    capture.append(Direction::FromEngine, QByteArray::fromHex("4254 4143 0001 0000"));
+    capture.append(Direction::FromEngine, datagram("BT AC 0001 0000"));
     QVERIFY(capture.finish());
 
     // tshark prints the frames with errors, and the last frame, which shows that tshark has processed all.
@@ -87,14 +90,14 @@ void VolumeTest::everyDatagramIsDissected()
 void VolumeTest::longSysExIsDropped()
 {
     constexpr int most = 1024 * 1024;
-    const QByteArray event = QByteArray::fromHex("494D 4143 1004 4212");
+    const QByteArray event = datagram("IM AC 1004 4212");
     const QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("sysex.pcap"));
     Capture capture(path);
-    capture.append(Direction::FromEngine, QByteArray::fromHex("494D 4143 F004 4110"));
+    capture.append(Direction::FromEngine, datagram("IM AC F004 4110"));
     for (int i = 0; i < most; ++i)
         capture.append(Direction::FromEngine, event);
-    capture.append(Direction::FromEngine, QByteArray::fromHex("494D 4143 F705 0000"));
+    capture.append(Direction::FromEngine, datagram("IM AC F705 0000"));
     QVERIFY(capture.finish());
 
     const QString text = QStringLiteral("zelta.sysex.text");
