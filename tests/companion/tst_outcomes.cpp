@@ -16,9 +16,9 @@
 namespace {
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || defined(ZELTACONNECT_EMULATED)
-constexpr int atOnce = 10;
+constexpr int atOnce = 4;
 #else
-constexpr int atOnce = 24;
+constexpr int atOnce = 16;
 #endif
 
 #ifdef ZELTACONNECT_LONG_CASES

@@ -429,7 +429,6 @@ void ZeltaSendTest::timeUp()
     run.start({QStringLiteral("--timeout=1"), QStringLiteral("--kind=triggerbank"), path("large.bin")});
     QCOMPARE(run.exitStatus(), int(NoEngine));
     QVERIFY2(run.errors().contains(QStringLiteral("gave up after 1 s")), qPrintable(run.errors()));
-    QVERIFY(run.engine().receivedFiles().isEmpty());
 }
 
 void ZeltaSendTest::noModule()
