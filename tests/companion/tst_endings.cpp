@@ -129,7 +129,7 @@ void EndingsTest::fileChanges()
         QObject::connect(m_engine.get(), &SoundEngine::datagramReceived, m_engine.get(),
                          [path, size, factor, packets = 0](const QByteArray &datagram) mutable {
                              // During the module's pause after ten packets, so that it does not read.
-                             if (wordAt(datagram, 0) == Tag::TransferData && ++packets == 40)
+                             if (wordAt(datagram, 0) == simulated::Tag::TransferData && ++packets == 40)
                                  QFile::resize(path, qint64(size * factor));
                          });
     });
@@ -200,8 +200,8 @@ void EndingsTest::replyToAQueryWhileTheEndIsAwaited()
         m_engine->setFailure(QStringLiteral("no-end-ack"));
         QObject::connect(m_engine.get(), &SoundEngine::datagramReceived, m_engine.get(),
                          [this](const QByteArray &datagram) {
-                             if (wordAt(datagram, 0) == Tag::TransferEnd)
-                                 m_engine->sendEvent(Tag::SoundBankVersion, 1, 0);
+                             if (wordAt(datagram, 0) == simulated::Tag::TransferEnd)
+                                 m_engine->sendEvent(simulated::Tag::SoundBankVersion, 1, 0);
                          });
     });
     QSignalSpy completed(m_screen->property("zelta").value<QObject *>(), completion.constData());
@@ -211,7 +211,7 @@ void EndingsTest::replyToAQueryWhileTheEndIsAwaited()
     QTRY_COMPARE_WITH_TIMEOUT(completed.count(), 1, patienceMs);
     QVERIFY(!isOver());
     if (status >= 0)
-        m_thread.run([&] { m_engine->sendEvent(Tag::TransferEnd, 0, quint16(status)); });
+        m_thread.run([&] { m_engine->sendEvent(simulated::Tag::TransferEnd, 0, quint16(status)); });
     QTRY_VERIFY_WITH_TIMEOUT(isOver(), patienceMs);
     QCOMPARE(this->reason(), reason);
     QCOMPARE(state(),
